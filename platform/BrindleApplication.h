@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/InstanceGuard.h"
+#include "platform/Translators.h"
+
+#include <QApplication>
+
+#include <memory>
+
+// The platform's application class.
+class BrindleApplication : public QApplication, protected virtual Translators {
+    Q_OBJECT
+
+public:
+    // argc and argv are kept by reference and must outlive the application; the toolkit's own
+    // options are taken out of them. The three flags belong to the platform's own class; this one
+    // has no use for them.
+    BrindleApplication(int& argc, char** argv, bool flag1, bool flag2, bool flag3);
+    ~BrindleApplication() override;
+
+    // Ends the process with status 0 when another instance runs under this name on the same X
+    // display. Otherwise this process is that instance until it ends, however it ends.
+    void exitIfRunning(const QString& name);
+
+signals:
+    // The keyboard focus has left every window of the application.
+    void focusLost();
+
+public slots:
+    void gotFocusChange(QWidget* old, QWidget* now);
+
+private:
+    std::unique_ptr<InstanceGuard> guard;
+};

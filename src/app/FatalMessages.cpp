@@ -1,0 +1,60 @@
+#include "app/FatalMessages.h"
+
+#include <QList>
+#include <QString>
+#include <QtGlobal>
+
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace {
+
+QList<QString>& heldMessages()
+{
+    static QList<QString> held;
+    return held;
+}
+
+bool holding = true;
+
+[[noreturn]] void endProcess(const QString& message)
+{
+    const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
+    if (holding && platform.startsWith(QLatin1StringView("xcb"))) {
+        const char* display = std::getenv("DISPLAY");
+        std::fprintf(stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n",
+            display ? display : "");
+    } else {
+        std::fprintf(stderr, "orvix-kbd-display: %s\n",
+            message.simplified().toLocal8Bit().constData());
+    }
+    // The toolkit may be half built: its destructors must not run.
+    _exit(EXIT_FAILURE);
+}
+
+void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (type == QtFatalMsg)
+        endProcess(message);
+    const QString line = qFormatLogMessage(type, context, message);
+    if (holding)
+        heldMessages() << line;
+    else
+        std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData());
+}
+
+} // namespace
+
+void endOnFatalMessages()
+{
+    qInstallMessageHandler(handleMessage);
+}
+
+void releaseHeldMessages()
+{
+    holding = false;
+    for (const QString& line : std::as_const(heldMessages()))
+        std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData());
+    heldMessages().clear();
+}

@@ -1,0 +1,366 @@
+#include "app/KbdApp.h"
+
+#include "app/FatalMessages.h"
+#include "app/KbdSwitcher.h"
+#include "app/Registry.h"
+#include "app/SignalWatch.h"
+#include "app/ToFocusWindow.h"
+#include "app/XcbEventBridge.h"
+#include "app/description/ComponentNames.h"
+#include "app/description/ToolkitDisplay.h"
+#include "model/KbdGeometry.h"
+#include "ui/CKbdSpecSelector.h"
+#include "ui/MainWindow.h"
+#include "ui/TypingArea.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QTranslator>
+
+#include <array>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+
+namespace {
+
+constexpr char instanceName[] = "orvix-kbd-display-tofocus";
+constexpr char translationDirectory[] = "/usr/share/orvix-i18n/";
+constexpr char translationPrefix[] = "orvix-keyboard-layout_";
+
+struct FailureRow {
+    KbdApp::ExceptionType exception;
+    const char* message; // null: none
+};
+
+constexpr std::array<FailureRow, 6> failures {{
+    {KbdApp::UnknownError, "Unknown exception, aborting."},
+    {KbdApp::XkbInitError, "Exception: Cannot initialize xkb exception"},
+    {KbdApp::DescriptionError, "Error parsing given keyboard description"},
+    {KbdApp::BadParameter, nullptr},
+    {KbdApp::MissingValue, nullptr},
+    {KbdApp::RulesError, "Exception:  Could not use 'setxkbmap -print' to compile rules."},
+}};
+
+// The locales that have a translation, by the beginning of the locale's name.
+struct TranslationRow {
+    const char* localePrefix;
+    const char* translation;
+};
+
+constexpr std::array<TranslationRow, 5> translations {{
+    {"de", "de_DE"},
+    {"es", "es_ES"},
+    {"fr", "fr_FR"},
+    {"ja", "ja_JP"},
+    {"zh_CN", "zh_CN"},
+}};
+
+// Models whose geometry the platform draws itself. The order matters: a model may name several.
+constexpr std::array<const char*, 5> platformModels {"jp106", "abnt2", "kr106", "pc105", "pc104"};
+
+constexpr std::array<const char*, 6> optionLines {
+    "  -model m | --model=m",
+    "  -layout l | --layout=l",
+    "  -variant v | --variant=v",
+    "  -options o | --options=o",
+    "  --standalone",
+    "  --tofocus",
+};
+
+void assign(char*& target, const char* text)
+{
+    char* copy = strdup(text);
+    std::free(target);
+    target = copy;
+}
+
+bool startsWith(const char* text, const std::string& prefix)
+{
+    return std::strncmp(text, prefix.c_str(), prefix.size()) == 0;
+}
+
+KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
+{
+    switch (exception) {
+    case KbdGeometry::NoXkb:
+        return KbdApp::XkbInitError;
+    case KbdGeometry::NoDescription:
+        return KbdApp::DescriptionError;
+    }
+    return KbdApp::UnknownError;
+}
+
+} // namespace
+
+KbdApp::KbdApp(int argc, char** argv, bool flag)
+    : ArgumentCount(argc)
+    , BrindleApplication(argumentCount, argv, flag, true, true)
+{
+    releaseHeldMessages();
+    installTranslation();
+    setApplicationName(tr("Arvane Virtual Keyboard"));
+    readRegistry();
+    std::setlocale(LC_ALL, "");
+    parseArguments(argumentCount, argv);
+    if (!toolkitDisplay())
+        throw XkbInitError;
+    if (toFocus)
+        exitIfRunning(QString::fromLatin1(instanceName));
+    componentNames = getComponentNames();
+    selectKeyboardEvents();
+    createMainWindow();
+    connectMainWindow();
+    launchSwitcher();
+    mainWindow->show();
+}
+
+KbdApp::~KbdApp()
+{
+    disconnect(this, SIGNAL(focusChanged(QWidget*,QWidget*)), this,
+        SLOT(gotFocusChange(QWidget*,QWidget*)));
+    std::free(xkbModel);
+    std::free(xkbLayout);
+    std::free(xkbVariant);
+    std::free(xkbOptions);
+    if (componentNames)
+        freeComponentNames(componentNames);
+    delete componentNames;
+    delete mainWindow;
+}
+
+void KbdApp::endWith(ExceptionType exception)
+{
+    for (const FailureRow& row : failures) {
+        if (row.exception != exception)
+            continue;
+        if (row.message)
+            std::cerr << row.message << std::endl;
+        std::exit(EXIT_FAILURE);
+    }
+}
+
+bool KbdApp::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return BrindleApplication::notify(receiver, event);
+    } catch (ExceptionType exception) {
+        endWith(exception);
+    } catch (KbdGeometry::ExceptionType exception) {
+        endWith(translated(exception));
+    }
+    return true;
+}
+
+void KbdApp::installTranslation()
+{
+    const QString locale = QLocale::system().name();
+    for (const TranslationRow& row : translations) {
+        if (locale.startsWith(QLatin1StringView(row.localePrefix)))
+            return loadTranslator(QString::fromLatin1(row.translation));
+    }
+}
+
+void KbdApp::loadTranslator(const QString& locale)
+{
+    auto* translator = new QTranslator(this);
+    const QString file = QLatin1StringView(translationPrefix) + locale;
+    // The second place serves a program that runs from where it was built or unpacked.
+    if (translator->load(file, QLatin1StringView(translationDirectory) + locale)
+        || translator->load(file,
+            applicationDirPath() + QStringLiteral("/../share/orvix-i18n/") + locale))
+        installTranslator(translator);
+}
+
+void KbdApp::readRegistry()
+{
+    struct RegistryRow {
+        char* KbdApp::*setting;
+        const char* key;
+    };
+    constexpr std::array<RegistryRow, 4> rows {{
+        {&KbdApp::xkbModel, "/keyboard/XkbModel"},
+        {&KbdApp::xkbLayout, "/keyboard/XkbLayout"},
+        {&KbdApp::xkbVariant, "/keyboard/XkbVariant"},
+        {&KbdApp::xkbOptions, "/keyboard/XkbOptions"},
+    }};
+    for (const RegistryRow& row : rows) {
+        const QString value
+            = readRegistryValue(QStringLiteral("root") + QLatin1StringView(row.key));
+        if (!value.isEmpty())
+            assign(this->*row.setting, value.toUtf8().constData());
+    }
+}
+
+void KbdApp::parseArguments(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (takeValue(argc, argv, i) || takeFlag(argv[i]))
+            continue;
+        std::cerr << "Bad parameter: " << argv[i] << std::endl;
+        usage(argv[0], BadParameter);
+    }
+    normaliseModel();
+}
+
+// Takes an option with a value, in either form, and moves index on to the value where that is an
+// argument of its own.
+bool KbdApp::takeValue(int argc, char** argv, int& index)
+{
+    struct OptionRow {
+        char* KbdApp::*setting;
+        const char* name;
+    };
+    constexpr std::array<OptionRow, 4> rows {{
+        {&KbdApp::xkbModel, "model"},
+        {&KbdApp::xkbLayout, "layout"},
+        {&KbdApp::xkbVariant, "variant"},
+        {&KbdApp::xkbOptions, "options"},
+    }};
+    const char* argument = argv[index];
+    for (const OptionRow& row : rows) {
+        const std::string single = std::string("-") + row.name;
+        const std::string joined = "-" + single + "=";
+        if (argument == single || argument == "-" + single) {
+            if (index + 1 == argc)
+                usage(argv[0], MissingValue);
+            assign(this->*row.setting, argv[++index]);
+            return true;
+        }
+        if (startsWith(argument, joined)) {
+            assign(this->*row.setting, argument + joined.size());
+            return true;
+        }
+    }
+    return false;
+}
+
+bool KbdApp::takeFlag(const char* argument)
+{
+    if (std::strcmp(argument, "--standalone") == 0)
+        return standalone = true;
+    if (std::strcmp(argument, "--tofocus") == 0)
+        return toFocus = true;
+    return false;
+}
+
+void KbdApp::normaliseModel()
+{
+    if (!xkbModel)
+        return;
+    for (const char* model : platformModels) {
+        if (std::strstr(xkbModel, model))
+            return assign(xkbModel, model);
+    }
+    const std::string first(xkbModel, std::strcspn(xkbModel, ","));
+    assign(xkbModel, first.c_str());
+}
+
+void KbdApp::usage(const char* program, int code)
+{
+    std::cerr << "Usage:  " << program << " [options]" << std::endl;
+    for (const char* line : optionLines)
+        std::cerr << line << std::endl;
+    if (code != 0)
+        throw static_cast<ExceptionType>(code);
+}
+
+XkbComponentNamesRec* KbdApp::getComponentNames()
+{
+    auto names = std::make_unique<XkbComponentNamesRec>();
+    if (!queryComponentNames(names.get(), toolkitDisplay(), QString::fromUtf8(xkbModel),
+            QString::fromUtf8(xkbLayout), QString::fromUtf8(xkbVariant),
+            QString::fromUtf8(xkbOptions))) {
+        freeComponentNames(names.get());
+        throw RulesError;
+    }
+    return names.release();
+}
+
+// Only adds to what the toolkit selects on the same connection: the server keeps one selection for
+// both.
+void KbdApp::selectKeyboardEvents()
+{
+    Display* display = toolkitDisplay();
+    int opcode = 0;
+    int error = 0;
+    int major = XkbMajorVersion;
+    int minor = XkbMinorVersion;
+    if (!XkbQueryExtension(display, &opcode, &xkbEventBase, &error, &major, &minor))
+        throw XkbInitError;
+    XkbSelectEvents(display, x11::coreKeyboard, XkbMapNotifyMask, XkbMapNotifyMask);
+    if (toFocus)
+        XkbSelectEventDetails(display, x11::coreKeyboard, XkbStateNotify, XkbModifierLockMask,
+            XkbModifierLockMask);
+
+    eventBridge = std::make_unique<XcbEventBridge>(
+        display, [this](XEvent* event) { return x11EventFilter(event); });
+    installNativeEventFilter(eventBridge.get());
+}
+
+void KbdApp::createMainWindow()
+{
+    try {
+        mainWindow = new MainWindow(QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
+            QString::fromUtf8(xkbVariant), QString::fromUtf8(xkbOptions), componentNames, toFocus,
+            nullptr, {});
+    } catch (KbdGeometry::ExceptionType exception) {
+        throw translated(exception);
+    } catch (...) {
+        std::cerr << "Unexpected exception occurred in KbdApp!" << std::endl;
+        throw UnknownError;
+    }
+
+    mainWindow->showLayoutSelector(standalone);
+    mainWindow->setWindowTitle(
+        toFocus ? tr("Arvane Virtual Keyboard") : tr("Arvane Trial Keyboard"));
+    if (toFocus) {
+        neverTakeFocus(mainWindow, toolkitDisplay());
+        mainWindow->hideTypingArea();
+    }
+    mainWindow->placeOnScreen(toFocus);
+}
+
+void KbdApp::connectMainWindow()
+{
+    connect(this, SIGNAL(x11KeyPressEventOut(XKeyEvent*)), mainWindow,
+        SLOT(x11KeyPressEventIn(XKeyEvent*)));
+    connect(this, SIGNAL(x11KeyReleaseEventOut(XKeyEvent*)), mainWindow,
+        SLOT(x11KeyReleaseEventIn(XKeyEvent*)));
+    connect(this, SIGNAL(x11NewKbdEventOut()), mainWindow, SLOT(x11NewKbdEventIn()));
+    connect(this, SIGNAL(x11LockStateChangedOut()), mainWindow, SLOT(x11LockStateChangedIn()));
+    connect(this, &BrindleApplication::focusLost, mainWindow, &MainWindow::releasePhysicalKeys);
+    connect(new SignalWatch(this), &SignalWatch::askedToEnd, this, &QCoreApplication::quit);
+}
+
+void KbdApp::launchSwitcher()
+{
+    switcher = new KbdSwitcher(toolkitDisplay(), mainWindow->winId(), componentNames, toFocus);
+    switcher->launch();
+    connect(mainWindow, SIGNAL(newKeyboard(XkbComponentNamesRec&)), this,
+        SLOT(newKeyboard(XkbComponentNamesRec&)));
+}
+
+void KbdApp::newKeyboard(XkbComponentNamesRec& names)
+{
+    copyComponentNames(componentNames, names);
+    switcher->setComponentNames(componentNames);
+    switcher->launch();
+}
+
+bool KbdApp::x11EventFilter(XEvent* event)
+{
+    if (event->type == x11::keyPress) {
+        emit x11KeyPressEventOut(&event->xkey);
+    } else if (event->type == x11::keyRelease) {
+        emit x11KeyReleaseEventOut(&event->xkey);
+    } else if (event->type == xkbEventBase) {
+        const int kind = reinterpret_cast<XkbEvent*>(event)->any.xkb_type;
+        if (kind == XkbNewKeyboardNotify && focusWidget())
+            emit x11NewKbdEventOut();
+        else if (kind == XkbStateNotify)
+            emit x11LockStateChangedOut();
+    }
+    return false;
+}

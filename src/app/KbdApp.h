@@ -1,0 +1,88 @@
+#pragma once
+
+#include "platform/BrindleApplication.h"
+#include "x11/X11.h"
+
+#include <memory>
+
+class KbdSwitcher;
+class MainWindow;
+class XcbEventBridge;
+
+// Holds the argument count that the application refers to. A virtual base, because it must be
+// there before the application is and as long as it is.
+struct ArgumentCount {
+    explicit ArgumentCount(int count)
+        : argumentCount(count)
+    {
+    }
+    int argumentCount;
+};
+
+// The application: reads the settings and the command line, opens the keyboard extension, shows
+// the main window, and feeds it the X events that concern the keyboard.
+class KbdApp : public BrindleApplication, private virtual ArgumentCount {
+    Q_OBJECT
+
+public:
+    enum ExceptionType {
+        UnknownError = 1,
+        XkbInitError = 2,
+        DescriptionError = 3,
+        BadParameter = 4, // the usage text has been printed
+        MissingValue = 5, // the usage text has been printed
+        RulesError = 6,
+    };
+
+    // Does all of the start-up, the main window shown included. argv is borrowed and outlives the
+    // application. Throws ExceptionType.
+    KbdApp(int argc, char** argv, bool flag = false);
+    ~KbdApp() override;
+
+    // Prints the exception's message, if it has one, and ends the process with status 1. Returns
+    // only from a value that is none of ExceptionType's.
+    static void endWith(ExceptionType exception);
+
+    // A keyboard chosen at run time that cannot be had ends the program as it would at start-up.
+    bool notify(QObject* receiver, QEvent* event) override;
+
+signals:
+    void x11KeyPressEventOut(XKeyEvent* event);
+    void x11KeyReleaseEventOut(XKeyEvent* event);
+    void x11NewKbdEventOut();
+    void x11LockStateChangedOut();
+
+private slots:
+    // Takes over the components of a keyboard chosen in the window: names is copied.
+    void newKeyboard(XkbComponentNamesRec& names);
+
+    // Looks at an X event before the toolkit does. Always false: no event ends here.
+    bool x11EventFilter(XEvent* event);
+
+private:
+    void installTranslation();
+    void loadTranslator(const QString& locale);
+    void readRegistry();
+    void parseArguments(int argc, char** argv);
+    bool takeValue(int argc, char** argv, int& index);
+    bool takeFlag(const char* argument);
+    void normaliseModel();
+    static void usage(const char* program, int code);
+    XkbComponentNamesRec* getComponentNames();
+    void selectKeyboardEvents();
+    void createMainWindow();
+    void connectMainWindow();
+    void launchSwitcher();
+
+    char* xkbModel = nullptr;
+    char* xkbLayout = nullptr;
+    char* xkbVariant = nullptr;
+    char* xkbOptions = nullptr;
+    bool standalone = false;
+    bool toFocus = false;
+    XkbComponentNamesRec* componentNames = nullptr;
+    MainWindow* mainWindow = nullptr;
+    int xkbEventBase = 0;
+    KbdSwitcher* switcher = nullptr;
+    std::unique_ptr<XcbEventBridge> eventBridge;
+};

@@ -1,0 +1,63 @@
+#include "app/KbdSwitcher.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr char switcherProgram[] = "/usr/bin/orvix-kbd-switcher";
+
+void appendOption(QStringList& arguments, const char* option, const QString& value)
+{
+    if (!value.isEmpty())
+        arguments << QString::fromLatin1(option) << value;
+}
+
+} // namespace
+
+KbdSwitcher::KbdSwitcher(
+    Display* xDisplay, Window mainWindow, XkbComponentNamesRec* names, bool isStatic)
+    : display(xDisplay)
+    , window(mainWindow)
+    , staticFlag(isStatic)
+{
+    if (names)
+        setComponentNames(names);
+}
+
+void KbdSwitcher::setComponentNames(XkbComponentNamesRec* names)
+{
+    keycodes = QString::fromUtf8(names->keycodes);
+    types = QString::fromUtf8(names->types);
+    compat = QString::fromUtf8(names->compat);
+    symbols = QString::fromUtf8(names->symbols);
+    geometry = QString::fromUtf8(names->geometry);
+}
+
+QStringList KbdSwitcher::arguments() const
+{
+    QStringList list {QStringLiteral("--parent"), QString::number(getpid()),
+        QStringLiteral("--window"), QString::number(static_cast<quint32>(window)),
+        QStringLiteral("--display"), QString::fromLocal8Bit(XDisplayString(display))};
+    appendOption(list, "--keycodes", keycodes);
+    appendOption(list, "--types", types);
+    appendOption(list, "--compat", compat);
+    appendOption(list, "--symbols", symbols);
+    appendOption(list, "--geometry", geometry);
+    if (staticFlag)
+        list << QStringLiteral("--static");
+    return list;
+}
+
+int KbdSwitcher::launch()
+{
+    if (access(switcherProgram, X_OK) != 0)
+        return -1;
+    qint64 started = -1;
+    QProcess::startDetached(
+        QString::fromLatin1(switcherProgram), arguments(), QStringLiteral("/"), &started);
+    processId = static_cast<int>(started);
+    return processId;
+}

@@ -1,0 +1,26 @@
+#include "app/FatalMessages.h"
+#include "app/KbdApp.h"
+
+namespace {
+
+// The program speaks X11: in a session that offers another system too, it goes through the X
+// server of that session, unless the user has chosen.
+void preferX11()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    preferX11();
+    endOnFatalMessages();
+    try {
+        new KbdApp(argc, argv); // lives until the process ends
+    } catch (KbdApp::ExceptionType exception) {
+        KbdApp::endWith(exception);
+    }
+    return QApplication::exec();
+}

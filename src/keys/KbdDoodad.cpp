@@ -1,0 +1,211 @@
+#include "keys/KbdDoodad.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+QSize truncated(double width, double height)
+{
+    return {static_cast<int>(width), static_cast<int>(height)};
+}
+
+// A text that names a character by its code point, so that a geometry needs no font of its own.
+QString symbolText(const QString& text)
+{
+    if (!text.startsWith(QLatin1StringView("U+")))
+        return text;
+    return QChar(static_cast<char16_t>(text.mid(2).toUInt(nullptr, 16)));
+}
+
+} // namespace
+
+KbdDoodad::KbdDoodad(const XkbDoodadRec& xkbDoodad, const XkbGeometryRec& xkbGeometry,
+    const GeometryColours& geometryColours, QObject* parent)
+    : QObject(parent)
+    , doodad(xkbDoodad)
+    , geometry(xkbGeometry)
+    , colours(geometryColours)
+{
+    readShape();
+}
+
+void KbdDoodad::readShape()
+{
+    switch (doodad.any.type) {
+    case XkbOutlineDoodad:
+    case XkbSolidDoodad:
+        takeShape(doodad.shape.shape_ndx);
+        break;
+    case XkbTextDoodad:
+        readText();
+        break;
+    case XkbIndicatorDoodad:
+        takeShape(doodad.indicator.shape_ndx);
+        break;
+    case XkbLogoDoodad:
+        takeShape(doodad.logo.shape_ndx);
+        readLogo();
+        break;
+    default:
+        break;
+    }
+}
+
+// False when the geometry has no such shape: the item keeps its unit size.
+bool KbdDoodad::takeShape(int index)
+{
+    if (index < 0 || index >= geometry.num_shapes)
+        return false;
+    shapeData = KeyShape(geometry.shapes[index]);
+    return true;
+}
+
+void KbdDoodad::readText()
+{
+    shapeData.width = doodad.text.width;
+    shapeData.height = doodad.text.height;
+    text = symbolText(QString::fromUtf8(doodad.text.text));
+}
+
+void KbdDoodad::readLogo()
+{
+    const QString logoName = QString::fromUtf8(doodad.logo.logo_name);
+    if (logoName.endsWith(QLatin1Char('/')))
+        flagDirectory = logoName;
+    else
+        loadPixmap(logoName);
+}
+
+void KbdDoodad::loadPixmap(const QString& path)
+{
+    scaledFlag = {};
+    flagPixmap = QPixmap(path);
+    if (flagPixmap.isNull())
+        std::fprintf(stderr, "Doodad: cannot load '%s'\n", path.toUtf8().constData());
+}
+
+bool KbdDoodad::isIndicator() const
+{
+    return doodad.any.type == XkbIndicatorDoodad;
+}
+
+void KbdDoodad::setActive(bool isActive)
+{
+    if (!isIndicator())
+        return;
+    active = isActive;
+    update();
+}
+
+void KbdDoodad::setFlagFilename(QString name)
+{
+    filename = name;
+    if (name.isEmpty())
+        scaledFlag = flagPixmap = {};
+    else
+        loadPixmap(flagDirectory + name);
+    update();
+}
+
+void KbdDoodad::setScale(qreal newScale)
+{
+    scale = newScale;
+    update();
+}
+
+QRectF KbdDoodad::boundingRect() const
+{
+    return {0, 0, shapeData.width, shapeData.height};
+}
+
+void KbdDoodad::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+{
+    const QBrush brush = painter->brush();
+    const QPen pen = painter->pen();
+    const QFont font = painter->font();
+
+    switch (doodad.any.type) {
+    case XkbOutlineDoodad:
+    case XkbSolidDoodad:
+        paintArea(painter, doodad.shape.color_ndx);
+        break;
+    case XkbTextDoodad:
+        paintText(painter);
+        break;
+    case XkbIndicatorDoodad:
+        paintIndicator(painter);
+        break;
+    case XkbLogoDoodad:
+        paintLogo(painter);
+        break;
+    default:
+        break;
+    }
+
+    painter->setBrush(brush);
+    painter->setPen(pen);
+    painter->setFont(font);
+}
+
+// Outlines are filled like solid areas: an unfilled case would let the background through.
+void KbdDoodad::paintArea(QPainter* painter, int colour) const
+{
+    if (white)
+        painter->setBrush(QColor(Qt::white));
+    else
+        painter->setBrush(colours.has(colour) ? colours.at(colour) : QColor(Qt::black));
+    paintShape(painter);
+}
+
+void KbdDoodad::paintShape(QPainter* painter) const
+{
+    if (!shapeData.outline.isEmpty()) {
+        painter->drawPolygon(shapeData.outline);
+        return;
+    }
+    painter->drawRoundedRect(
+        QRectF(0, 0, std::trunc(shapeData.width), std::trunc(shapeData.height)),
+        shapeData.cornerRadius, shapeData.cornerRadius);
+}
+
+void KbdDoodad::paintText(QPainter* painter) const
+{
+    QFont font = painter->font();
+    font.setPixelSize(std::max<int>(1, doodad.text.height));
+    painter->setFont(font);
+    if (colours.has(doodad.text.color_ndx))
+        painter->setPen(colours.at(doodad.text.color_ndx));
+    painter->drawText(QRectF(0, 0, doodad.text.width - 1, doodad.text.height - 1),
+        Qt::AlignLeft | Qt::AlignBottom, text);
+}
+
+void KbdDoodad::paintIndicator(QPainter* painter) const
+{
+    const int colour = active ? doodad.indicator.on_color_ndx : doodad.indicator.off_color_ndx;
+    painter->setPen(Qt::black);
+    painter->setBrush(colours.has(colour) ? colours.at(colour) : QColor(Qt::white));
+    paintShape(painter);
+}
+
+// The flag is scaled to the pixels that it covers on the device, from the full image, so that it
+// is sharp on screen and on paper.
+void KbdDoodad::paintLogo(QPainter* painter)
+{
+    if (flagPixmap.isNull())
+        return;
+    const QSize onScreen = flagPixmap.size().scaled(
+        truncated(scale * shapeData.width, scale * shapeData.height), Qt::KeepAspectRatio);
+    const QSize size = (onScreen.isEmpty() ? flagPixmap.size() : onScreen)
+                           .scaled(truncated(shapeData.width, shapeData.height),
+                               Qt::KeepAspectRatio);
+    const QRectF target(QPointF(0, 0), size);
+    const QSize pixels = painter->deviceTransform().mapRect(target).size().toSize();
+    if (scaledFlag.size() != pixels)
+        scaledFlag
+            = flagPixmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    painter->drawPixmap(target, scaledFlag, scaledFlag.rect());
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "keys/GeometryColours.h"
+#include "keys/KeyShape.h"
+#include "x11/X11.h"
+
+#include <QGraphicsItem>
+#include <QObject>
+#include <QPixmap>
+
+// One decoration of the picture, drawn from an XKB geometry doodad: an outline, a solid area, a
+// text, an indicator lamp or a logo. A logo whose name ends with "/" holds the layout's flag.
+class KbdDoodad : public QObject, public QGraphicsItem {
+    Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
+    Q_PROPERTY(bool active READ isActive WRITE setActive)
+    Q_PROPERTY(QString filename READ flagFilename WRITE setFlagFilename)
+    Q_PROPERTY(qreal scale READ scaleFactor WRITE setScale)
+
+public:
+    // The doodad, its geometry and its colours are borrowed and outlive this item. A logo image
+    // that cannot be loaded is reported on standard error and left out.
+    KbdDoodad(const XkbDoodadRec& xkbDoodad, const XkbGeometryRec& xkbGeometry,
+        const GeometryColours& geometryColours, QObject* parent);
+
+    bool isIndicator() const;
+    bool isActive() const { return active; }
+    qreal scaleFactor() const { return scale; }
+    QString flagFilename() const { return filename; }
+
+    // For printing: outlines and solid areas become white.
+    void setWhite(bool isWhite) { white = isWhite; }
+
+    QRectF boundingRect() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+
+public slots:
+    // Lights an indicator's lamp or puts it out; ignored by every other doodad.
+    void setActive(bool isActive);
+
+    // The name is relative to the flag directory, which is the logo's name. An empty name takes
+    // the flag away; one that cannot be loaded does too and is reported on standard error.
+    void setFlagFilename(QString name);
+
+    // How many pixels of the screen one unit of the picture has.
+    void setScale(qreal newScale);
+
+private:
+    void readShape();
+    void readText();
+    void readLogo();
+    bool takeShape(int index);
+    void loadPixmap(const QString& path);
+
+    void paintShape(QPainter* painter) const;
+    void paintArea(QPainter* painter, int colour) const;
+    void paintText(QPainter* painter) const;
+    void paintIndicator(QPainter* painter) const;
+    void paintLogo(QPainter* painter);
+
+    const XkbDoodadRec& doodad;
+    const XkbGeometryRec& geometry;
+    const GeometryColours& colours;
+    double scale = 1.0;
+    KeyShape shapeData;
+    bool active = false;
+    QString text;
+    QPixmap flagPixmap;
+    QPixmap scaledFlag; // flagPixmap in the size that it was last drawn in
+    bool white = false;
+    QString flagDirectory;
+    QString filename;
+};

@@ -1,0 +1,141 @@
+#pragma once
+
+#include "keys/KbdTypes.h"
+#include "keys/KeyCapPainter.h"
+#include "keys/KeyLevels.h"
+#include "keys/KeyShape.h"
+#include "x11/X11.h"
+
+#include <QGraphicsItem>
+#include <QObject>
+#include <QStringList>
+
+class KbdLabelTable;
+class XDisplayClass;
+
+// What all keys of a picture share. Everything is borrowed and outlives the keys.
+struct KeyContext {
+    XDisplayClass* display;
+    XkbDescPtr xkb;
+    const KbdLabelTable* labels;
+    QStringList layoutNames; // one for each group, empty names for unknown ones
+    QStringList variantNames; // parallel to layoutNames, may be shorter
+    ShiftMask_t momentaryMask; // modifiers whose keys report both going down and going up
+};
+
+// One key of the picture: draws its cap, turns clicks into key and modifier requests, and shows
+// the physical key going down and up.
+class KbdKey : public QObject, public QGraphicsItem {
+    Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
+
+public:
+    // keyName is the key's XKB name, four characters at the most. A name that the keymap does not
+    // have makes a key without key code, which draws nothing and reports nothing.
+    KbdKey(const KeyContext& keyContext, const QByteArray& keyName, const KeyShape& keyShape,
+        QObject* parent);
+
+    KeyCode x11Keycode() const { return keycode; }
+    QString name() const { return xkbName; }
+    int groupCount() const;
+
+    // What the key does to the modifiers, and to which.
+    KeyType_t keyType() const { return modifierType; }
+    ShiftMask_t keyModifiers() const { return modifierMask; }
+
+    // The modifier that the key's first keysym stands for ("Shift", "CapsLock", "LevelThree", …);
+    // empty for an ordinary key.
+    QString modifierName() const;
+
+    // The keysym and label that the key shows now; none and empty where it has no symbols.
+    KeySym activeKeysym() const;
+    QString activeLabel() const;
+
+    bool isPressed() const { return pressed; }
+
+    void setTwinKeycode(KeyCode twin) { twinKeycode = twin; }
+    void setColourScheme(ColourScheme scheme) { colourScheme = scheme; }
+
+    // These repaint the key.
+    void setCurrentModifiers(ShiftMask_t modifiers);
+    void setMultipleCharacters(bool multiple);
+
+    // layoutIndex chooses the names for the labels; the group itself stays where the key has no
+    // such group.
+    void setSelectedGroup(KeyGroup_t selected);
+
+    QRectF boundingRect() const override;
+    QPainterPath shape() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+
+public slots:
+    // The physical key went down or up; modifiers is the state of the key event.
+    void keyPressEventIn(ShiftMask_t modifiers);
+    void keyPressEventIn() { keyPressEventIn(0); }
+    void keyReleaseEventIn(ShiftMask_t modifiers);
+    void keyReleaseEventIn() { keyReleaseEventIn(0); }
+
+signals:
+    void modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
+    void modifierReleased(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
+    void virtualKeyPress(QString& symbol, QString& desc);
+    void virtualKeyRelease(QString& symbol, QString& desc);
+    void mouseKeyPressOut(KeyCode x11Keycode);
+    void mouseKeyReleaseOut(KeyCode x11Keycode);
+
+protected:
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
+
+private:
+    void readKeycode();
+    void readAction();
+    void readSymbols();
+    void readSymbol(int layout, int wrappedGroup, int level);
+
+    bool isModifier() const { return modifierType != 0; }
+    bool isMomentary() const { return modifierMask & context.momentaryMask; }
+    std::optional<int> shownGroup() const { return wrapped(group); }
+    std::optional<int> wrapped(int wanted) const;
+    const XkbKeyTypeRec& typeOf(int wrappedGroup) const { return *keyTypes.at(wrappedGroup); }
+    int slotOf(int wrappedGroup, int level) const;
+    int activeSlot(int wrappedGroup, ShiftMask_t modifiers) const;
+
+    void reportPress(ShiftMask_t modifiers);
+    void reportRelease(ShiftMask_t modifiers);
+    void toggleModifier();
+
+    CapLook look(int slot) const;
+    double labelSize() const;
+    QRectF labelArea() const;
+    QString labelOf(int slot) const;
+    KeyColour labelColour(int slot, bool offPosition) const;
+    void paintLabels(KeyCapPainter& cap, int wrappedGroup, int slot) const;
+    void paintSingleLabel(KeyCapPainter& cap, int slot, bool offPosition) const;
+    void paintAllLabels(KeyCapPainter& cap, int wrappedGroup, const CapLevels& shown) const;
+    bool showsOneSymbol(int wrappedGroup, const CapLevels& shown) const;
+
+    KeyContext context;
+    KeyCode keycode = 0;
+    KeyCode twinKeycode = 0; // reported with every toggle of this one; 0: none
+    unsigned char levelsPerGroup = 0;
+    KeyGroup_t group = 0;
+    ShiftMask_t level3Mask = x11::mod5Mask;
+    int layoutIndex = 0;
+    QString xkbName;
+    KeyShape keyShape;
+
+    // One element for each slot, which is levelsPerGroup × group + level.
+    QList<KeySym> keysyms;
+    QStringList symbolNames;
+    QStringList symbolLabels;
+    QList<bool> deadKey;
+
+    QList<const XkbKeyTypeRec*> keyTypes; // one for each group
+    bool multipleCharacters = false;
+    bool pressed = false;
+    KeyType_t modifierType = 0;
+    ShiftMask_t modifierMask = 0;
+    ShiftMask_t currentModifiers = 0;
+    ColourScheme colourScheme = ColourScheme::OnScreen;
+};

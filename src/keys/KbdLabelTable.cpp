@@ -1,0 +1,181 @@
+#include "keys/KbdLabelTable.h"
+
+#include "x11/Keysyms.h"
+
+#include <iterator>
+#include <string_view>
+
+namespace {
+
+// The bits by which rows and layouts name a language.
+enum Language : quint32 {
+    FrenchCanadian = 64,
+    Brazilian = 128,
+    Spanish = 256,
+    Italian = 512,
+    German = 1024,
+    Finnish = 2048,
+    French = 4096,
+};
+
+struct LanguageRow {
+    std::u16string_view layout;
+    Language language;
+};
+
+struct GlyphRow {
+    quint32 keysym;
+    char16_t glyph;
+};
+
+struct TextRow {
+    quint32 keysym;
+    std::u16string_view text;
+};
+
+struct NationalRow {
+    quint32 keysym;
+    Language language;
+    std::u16string_view text;
+};
+
+// The keysym of a key that is known by its Linux key code (XF86keysym.h names these with a macro
+// that it takes back).
+constexpr quint32 evdevKeysym(quint32 code)
+{
+    return 0x10081000 + code;
+}
+
+constexpr LanguageRow languageRows[] = {
+#include "keys/labels/languages.inc"
+};
+
+// Ascending by keysym over all files.
+constexpr GlyphRow glyphRows[] = {
+#include "keys/labels/latin.inc"
+
+#include "keys/labels/kana.inc"
+
+#include "keys/labels/arabic.inc"
+
+#include "keys/labels/cyrillic.inc"
+
+#include "keys/labels/greek.inc"
+
+#include "keys/labels/technical.inc"
+
+#include "keys/labels/special.inc"
+
+#include "keys/labels/publishing.inc"
+
+#include "keys/labels/apl.inc"
+
+#include "keys/labels/hebrew.inc"
+
+#include "keys/labels/thai.inc"
+
+#include "keys/labels/korean.inc"
+
+#include "keys/labels/latin9.inc"
+
+#include "keys/labels/keypad.inc"
+
+#include "keys/labels/braille.inc"
+
+#include "keys/labels/unicode.inc"
+};
+
+// Where a keysym has two rows, the later one wins.
+constexpr TextRow textRows[] = {
+#include "keys/labels/words.inc"
+
+#include "keys/labels/inputmethods.inc"
+
+#include "keys/labels/deadkeys.inc"
+
+#include "keys/labels/iso.inc"
+
+#include "keys/labels/desktop.inc"
+
+#include "keys/labels/terminal3270.inc"
+
+#include "keys/labels/xf86.inc"
+
+#include "keys/labels/vendor.inc"
+};
+
+constexpr NationalRow nationalRows[] = {
+#include "keys/labels/national.inc"
+};
+
+constexpr bool glyphRowsAscend()
+{
+    for (std::size_t i = 1; i < std::size(glyphRows); ++i) {
+        if (glyphRows[i - 1].keysym >= glyphRows[i].keysym)
+            return false;
+    }
+    return true;
+}
+static_assert(glyphRowsAscend(), "a keysym has two glyphs, or stands in the wrong place");
+
+// The rows live as long as the program, so their texts are used in place.
+QString textOf(std::u16string_view text)
+{
+    return QString::fromRawData(
+        reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+QString character(quint32 keysym)
+{
+    return QString(QChar(static_cast<char16_t>(keysym & 0xffff)));
+}
+
+// Simple on purpose: legacy sets above 0xff are taken as if they were Unicode, and characters
+// beyond the basic plane lose their upper bits.
+QString labelWithoutRow(quint32 keysym)
+{
+    if (keysym >= 0x20 && keysym <= 0x20ff)
+        return character(keysym);
+    if (keysym >= 0x1000100 && keysym <= 0x110ffff)
+        return character(keysym);
+    return QStringLiteral("Key%1").arg(keysym);
+}
+
+} // namespace
+
+KbdLabelTable::KbdLabelTable()
+{
+    fillLanguages();
+    fillLabels();
+}
+
+QString KbdLabelTable::label(
+    quint32 keysym, const QString& layoutName, const QString& variantName) const
+{
+    const Key plain{keysym, 0};
+    const Key ofLayout = plain | languages.value(layoutName);
+    const Key ofVariant = ofLayout | languages.value(variantName);
+    for (const Key& key : {ofVariant, ofLayout, plain}) {
+        const auto row = labels.constFind(key);
+        if (row != labels.cend())
+            return *row;
+    }
+    return labelWithoutRow(keysym);
+}
+
+void KbdLabelTable::fillLanguages()
+{
+    for (const LanguageRow& row : languageRows)
+        languages.insert(textOf(row.layout), {0, row.language});
+}
+
+void KbdLabelTable::fillLabels()
+{
+    labels.reserve(std::size(glyphRows) + std::size(textRows) + std::size(nationalRows));
+    for (const GlyphRow& row : glyphRows)
+        labels.insert({row.keysym, 0}, textOf({&row.glyph, 1}));
+    for (const TextRow& row : textRows)
+        labels.insert({row.keysym, 0}, textOf(row.text));
+    for (const NationalRow& row : nationalRows)
+        labels.insert({row.keysym, row.language}, textOf(row.text));
+}

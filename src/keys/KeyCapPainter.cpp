@@ -1,0 +1,113 @@
+#include "keys/KeyCapPainter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double smallestSize = 4; // pixels
+constexpr double fitMargin = 0.05;
+
+struct CapColours {
+    KeyColour body;
+    KeyColour top;
+};
+
+CapColours capColours(CapLook look)
+{
+    switch (look) {
+    case CapLook::Pressed:
+        return {KeyColour::BodyPressed, KeyColour::TopPressed};
+    case CapLook::Dead:
+        return {KeyColour::BodyDead, KeyColour::TopDead};
+    case CapLook::Modifier:
+        return {KeyColour::BodyModifier, KeyColour::TopModifier};
+    case CapLook::Normal:
+        break;
+    }
+    return {KeyColour::BodyNormal, KeyColour::TopNormal};
+}
+
+QString withCaseOf(const QString& text, ShiftMask_t modifiers)
+{
+    if (!(modifiers & x11::lockMask) || text.size() != 1)
+        return text;
+    const QString changed = (modifiers & x11::shiftMask) ? text.toLower() : text.toUpper();
+    // A sharp s has no capital of one character: the key goes on typing what it shows.
+    return changed.size() == 1 ? changed : text;
+}
+
+QRectF textRectangle(const QRectF& cell)
+{
+    return {cell.x() + 10, cell.y() + 5, cell.width() - 15, cell.height() - 10};
+}
+
+int alignment(const QString& text)
+{
+    return text.size() == 1 ? Qt::AlignHCenter | Qt::AlignBottom : Qt::AlignLeft | Qt::AlignBottom;
+}
+
+double fittingSize(double size, const QSizeF& text, const QSizeF& room)
+{
+    const double ratio
+        = std::max(text.width() / room.width(), text.height() / room.height()) + fitMargin;
+    const double fitting = size / ratio;
+    return fitting >= smallestSize ? std::trunc(fitting) : smallestSize;
+}
+
+} // namespace
+
+double KeyCapPainter::border(const KeyShape& shape)
+{
+    return std::min(shape.width, shape.height) / 10;
+}
+
+void KeyCapPainter::drawCap(CapLook look)
+{
+    const double d = border(shape);
+    const auto [body, top] = capColours(look);
+    painter->setPen(Qt::black);
+    painter->setBrush(keyColour(body, scheme));
+    drawFace(shape.outline, {0, 0, std::trunc(shape.width), std::trunc(shape.height)});
+    painter->setBrush(keyColour(top, scheme));
+    drawFace(shape.topOutline,
+        {std::trunc(d), std::trunc(d / 2), std::trunc(shape.width - 2 * d),
+            std::trunc(shape.height - 2 * d)});
+}
+
+void KeyCapPainter::drawFace(const QPolygon& polygon, const QRectF& rectangle)
+{
+    if (polygon.isEmpty())
+        painter->drawRoundedRect(rectangle, shape.cornerRadius, shape.cornerRadius);
+    else
+        painter->drawPolygon(polygon);
+}
+
+void KeyCapPainter::drawDeadCell(const QRectF& cell)
+{
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(keyColour(KeyColour::TopDead, scheme));
+    painter->drawRect(QRectF(QPointF(cell.x() + 1, cell.y() + 1),
+        QPointF(cell.x() + std::trunc(cell.width() - 2), cell.y() + std::trunc(cell.height() - 2))));
+}
+
+void KeyCapPainter::drawLabel(const CapLabel& label)
+{
+    if (label.text == QLatin1StringView("Void") || label.text == QLatin1StringView("None"))
+        return;
+
+    const QString text = withCaseOf(label.text, label.modifiers);
+    const QRectF room = textRectangle(label.cell);
+    QFont font = painter->font();
+    font.setPixelSize(std::max(1, static_cast<int>(label.size)));
+    font.setWeight(QFont::Normal);
+    painter->setFont(font);
+    painter->setPen(keyColour(label.colour, scheme));
+
+    const QSizeF needed = painter->boundingRect(room, alignment(text), text).size();
+    if (needed.width() > room.width() || needed.height() > room.height()) {
+        font.setPixelSize(static_cast<int>(fittingSize(label.size, needed, room.size())));
+        painter->setFont(font);
+    }
+    painter->drawText(room, alignment(text), text);
+}

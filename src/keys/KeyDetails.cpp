@@ -1,0 +1,29 @@
+#include "keys/KeyDetails.h"
+
+KeyDetails::KeyDetails(const QString& keyName, KeyCode keycode)
+    : details(tr("Details about this key:"))
+{
+    details += QLatin1Char('\n')
+        + tr("X11 Identity:  Name='%1', Code=0x%2")
+              .arg(keyName)
+              .arg(static_cast<uint>(keycode), 2, 16, QLatin1Char('0'))
+        + QLatin1Char('\n') + tr("Key symbol table:");
+}
+
+void KeyDetails::addSymbol(const SymbolDetails& symbol)
+{
+    // Label and names may hold a "%1" of their own, so all texts go in at once.
+    const QString group = QString::number(symbol.group);
+    const QString keysym = QStringLiteral("%1").arg(static_cast<uint>(symbol.keysym), 2, 16);
+    details += tr("\n   symbol[%1,%2]=0x%3=%4=%5")
+                   .arg(group, symbol.levelName, keysym, symbol.keysymName, symbol.label);
+}
+
+void KeyDetails::addModifier(KeyType_t type, ShiftMask_t mask)
+{
+    const uint modifiers = mask;
+    if (type == XkbSA_SetMods)
+        details += tr("\nModifier %1=0x%2").arg(modifiers).arg(modifiers, 2, 16);
+    else if (type == XkbSA_LockMods)
+        details += tr("\nLock Modifier %1=0x%2").arg(modifiers).arg(modifiers, 2, 16);
+}

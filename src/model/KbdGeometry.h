@@ -1,0 +1,159 @@
+#pragma once
+
+#include "app/description/XDisplayClass.h"
+#include "keys/KbdTypes.h"
+#include "keys/KeyColours.h"
+#include "model/GroupLayouts.h"
+#include "model/KeyPlacement.h"
+#include "model/XkbDescription.h"
+
+#include <QGraphicsView>
+#include <QHash>
+#include <QList>
+#include <QMap>
+#include <QStringList>
+
+#include <memory>
+
+class GeometryColours;
+class KbdDoodad;
+class KbdKey;
+class KbdLabelTable;
+class KeySender;
+class QGraphicsRectItem;
+class QGraphicsTextItem;
+struct KeyContext;
+
+// The keyboard model and its picture: loads a keyboard from the X server, draws it, follows the
+// modifiers, locks and group of the real one, and types the keys that are clicked.
+// Scene units are tenths of a millimetre.
+class KbdGeometry : public QGraphicsView {
+    Q_OBJECT
+
+public:
+    enum ExceptionType {
+        NoXkb = 1, // the server has no X Keyboard Extension
+        NoDescription = 2, // it gives no keyboard, or none with a geometry, for these names
+    };
+
+    // The settings are shown as captions; layout and variant, comma separated, also choose the
+    // language of the labels. names is only read. wantXTest: clicked keys go through XTest where
+    // the server has it, else as events sent to the focused window.
+    // Throws ExceptionType.
+    KbdGeometry(QString model, QString layout, QString variant, QString options,
+        XkbComponentNamesRec* names, bool wantXTest, QWidget* parent);
+    ~KbdGeometry() override;
+
+    // The keymap's descriptions of its groups, untranslated, one for each group.
+    QStringList groupNames() const;
+
+    // The layout names in the keymap's symbols name.
+    QStringList groupLayouts() const { return layoutsOfGroups; }
+
+    // Every key, in the order of their XKB names; owned by this view.
+    QList<KbdKey*> keyItems() const { return keys; }
+    QList<KbdDoodad*> doodadItems() const { return doodads; }
+
+    ShiftMask_t modifiers() const { return modifierState; }
+    KeyGroup_t group() const { return groupNum; }
+
+    // 1 takes the colours for paper, 0 those for the screen. Does not repaint.
+    void setPrintMode(quint8 print);
+
+    // The physical keyboard is out of sight from now on: keys shown as pressed are let go.
+    void releasePhysicalKeys();
+
+    // Width by height, in units of the scene.
+    QSizeF pictureSize() const { return sceneRect().size(); }
+
+signals:
+    void virtualKeyPress(QString& symbol, QString& desc);
+    void virtualKeyRelease(QString& symbol, QString& desc);
+    void newFlagFilename(QString filename);
+    void newScale(qreal scale);
+
+public slots:
+    void setMultishiftDisplay(bool isMulti);
+    void setGroupNum(KeyGroup_t groupNum);
+    void synthesizeKeyPress(KeyCode x11Keycode);
+    void synthesizeKeyRelease(KeyCode x11Keycode);
+    void x11KeyPressEventIn(XKeyEvent* event);
+    void x11KeyReleaseEventIn(XKeyEvent* event);
+    void x11NewKbdEventIn();
+    void x11LockStateChangedIn();
+    void setFlagFilename(QString filename);
+    void adjustModifierState(KeyType_t type, ShiftMask_t mask);
+    void modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
+    void modifierReleased(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
+    void gotVirtualKeyPress(QString& symbol, QString& desc);
+    void gotVirtualKeyRelease(QString& symbol, QString& desc);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    void loadKeyboard(const QStringList& captions, const XkbComponentNamesRec& names);
+    void openDisplay();
+    void learnAtomNames();
+    void readModifiers();
+    void readKeyAliases();
+    void readGroupLayouts(const QString& layout, const QString& variant);
+    void addDoodads();
+    void addDoodad(const XkbDoodadRec& record);
+    void connectDoodad(KbdDoodad* doodad, const QString& name);
+    void addKeys();
+    void addKey(const KeyContext& context, const QByteArray& name, const KeyPlacement& place);
+    void connectKey(KbdKey* key);
+    void pairModifierKeys();
+    void addBackground();
+    void addCaptions(const QStringList& captions);
+    QGraphicsTextItem* addCaption(const QString& html, int x, int y);
+    void lightIndicators();
+
+    QByteArray keymapNameOf(const QByteArray& geometryName) const;
+    int keymapGroupCount() const;
+    QString symbolsName() const;
+    void fitPicture();
+    ShiftMask_t maskOf(const QString& modifier);
+    ShiftMask_t serverLocks() const;
+    ShiftMask_t heldModifiers() const;
+    QList<KeyCode> heldModifierKeys() const;
+    void switchIndicator(ShiftMask_t mask);
+    void sendEvent(int type, KeyCode keycode);
+
+    std::unique_ptr<XDisplayClass> xDisplay;
+    int screen = 0;
+    Window rootWindow = 0;
+    XkbDescription xkb;
+    std::unique_ptr<GeometryColours> colours;
+    QGraphicsScene* keyboardScene;
+    KeyGroup_t groupNum = 0;
+    std::unique_ptr<KbdLabelTable> labelTable;
+    QHash<QByteArray, QByteArray> keyAliases; // real key name by alias
+    QList<KbdKey*> keys; // owned; in the order of their names
+    QList<KbdDoodad*> doodads; // owned; in the order of the geometry
+    QGraphicsTextItem* modelText = nullptr;
+    QGraphicsTextItem* layoutText = nullptr;
+    QGraphicsTextItem* variantText = nullptr;
+    QGraphicsTextItem* optionsText = nullptr;
+    QGraphicsRectItem* background = nullptr;
+    QHash<KeyCode, KbdKey*> keysByKeycode;
+    ShiftMask_t modifierState = 0;
+    ShiftMask_t lockModifiers = 0;
+    QMap<QString, ShiftMask_t> modifierMasks; // real modifiers by modifier name
+    QMap<QString, KeyCode> modifierKeycodes; // by modifier name; 0 where the picture has no key
+    QHash<KeyCode, ShiftMask_t> pressedModifiers; // by the modifier key of the picture
+    KbdDoodad* numLockIndicator = nullptr;
+    KbdDoodad* capsLockIndicator = nullptr;
+    KbdDoodad* scrollLockIndicator = nullptr;
+    QStringList layoutsOfGroups;
+    GroupNames labelNames; // layout and variant whose labels each group wears
+    KeyPlacements placements;
+    bool useXTest = false;
+    std::unique_ptr<KeySender> sender;
+    Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
+};

@@ -1,0 +1,39 @@
+#include "model/XkbDescription.h"
+
+namespace {
+
+constexpr unsigned int everything = 0x7f; // XkbGBN_AllComponentsMask
+
+bool keyTypesExist(const XkbDescRec& xkb)
+{
+    const XkbClientMapRec& map = *xkb.map;
+    for (int code = xkb.min_key_code; code <= xkb.max_key_code; ++code) {
+        const XkbSymMapRec& symbols = map.key_sym_map[code];
+        const int groups = XkbNumGroups(symbols.group_info);
+        if (groups > XkbNumKbdGroups)
+            return false;
+        for (int group = 0; group < groups; ++group) {
+            if (symbols.kt_index[group] >= map.num_types)
+                return false;
+        }
+    }
+    return true;
+}
+
+bool isComplete(const XkbDescRec& xkb)
+{
+    return xkb.geom && xkb.names && xkb.names->keys && xkb.map && xkb.map->types
+        && xkb.map->key_sym_map && xkb.server && keyTypesExist(xkb);
+}
+
+} // namespace
+
+XkbDescription compileKeyboard(Display* display, const XkbComponentNamesRec& names)
+{
+    XkbComponentNamesRec wanted = names; // Xlib takes it by a pointer to what it does not change
+    XkbDescription xkb(XkbGetKeyboardByName(
+        display, x11::coreKeyboard, &wanted, everything, everything, x11::xFalse));
+    if (!xkb || !isComplete(*xkb))
+        return nullptr;
+    return xkb;
+}

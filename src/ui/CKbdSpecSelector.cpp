@@ -1,0 +1,204 @@
+#include "ui/CKbdSpecSelector.h"
+
+#include "ui/KbdConstants.h"
+#include "ui/PackageTest.h"
+#include "ui/SpecTable.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+#include <algorithm>
+
+namespace {
+
+const QLatin1StringView customName("<Custom>");
+
+// Whether a font that can draw the native script of the country's name is installed.
+bool canDrawNativeName(const QString& country, PackageTest& packages)
+{
+    if (country == QLatin1StringView("Korea"))
+        return packages.isPackageInstalled(QStringLiteral("ttf-baekmuk"));
+    if (country == QLatin1StringView("Japan"))
+        return packages.isPackageInstalled(QStringLiteral("ttf-kochi-gothic"))
+            || packages.isPackageInstalled(QStringLiteral("ttf-sazanami-gothic"));
+    return true;
+}
+
+// Whether one of the entry's keyboards has this description.
+bool describes(
+    const kbdSpec_t& spec, const QString& model, const QString& layout, const QString& variantList)
+{
+    for (qsizetype i = 0; i < spec.models.size(); ++i)
+        if (spec.models.at(i) == model && spec.layouts.at(i) == layout
+            && spec.variants.at(i) == variantList)
+            return true;
+    return false;
+}
+
+} // namespace
+
+CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent)
+    : QComboBox(parent)
+{
+    setFocusPolicy(Qt::NoFocus);
+    setIconSize(KbdConstants::controlIconSize);
+    readSpecTable(withCustom);
+    connect(this, SIGNAL(currentIndexChanged(int)), this, SLOT(selectionChanged(int)));
+    connect(this, SIGNAL(activated(int)), this, SLOT(userSelectionChanged(int)));
+}
+
+CKbdSpecSelector::~CKbdSpecSelector()
+{
+    qDeleteAll(specs);
+}
+
+void CKbdSpecSelector::readSpecTable(bool withCustom)
+{
+    const QString path = SpecTable::firstReadable({KbdConstants::specTablePath,
+        QStringLiteral("./kbdSpecs.tab"), QStringLiteral("../src/kbdSpecs.tab")});
+    if (path.isEmpty())
+        throw TableNotFound;
+
+    readEntries(path);
+    sortEntries();
+    addEntryItems();
+    addCustomEntry();
+    if (withCustom)
+        addItem(specs.last()->displayName);
+}
+
+void CKbdSpecSelector::readEntries(const QString& path)
+{
+    const std::optional<QList<SpecRow>> rows = SpecTable::rowsOf(path);
+    if (!rows)
+        throw TableNotOpened;
+
+    PackageTest packages;
+    for (const SpecRow& row : *rows)
+        if (!row.name.isEmpty())
+            specs.append(new kbdSpec_t{row.name, makeDisplayName(row.name, packages), row.icon,
+                {row.model}, {row.layout}, {row.variant}});
+}
+
+void CKbdSpecSelector::sortEntries()
+{
+    // Strictly less: an order in which equal names come before each other is none, and sorting by
+    // it may run out of the list.
+    std::stable_sort(specs.begin(), specs.end(), [](const kbdSpec_t* a, const kbdSpec_t* b) {
+        return QString::localeAwareCompare(a->displayName, b->displayName) < 0;
+    });
+}
+
+void CKbdSpecSelector::addEntryItems()
+{
+    QHash<QString, QIcon> icons; // many entries share a flag
+    for (const kbdSpec_t* spec : std::as_const(specs)) {
+        auto icon = icons.constFind(spec->icon);
+        if (icon == icons.cend())
+            icon = icons.insert(spec->icon, KbdConstants::icon(spec->icon));
+        addItem(*icon, spec->displayName);
+    }
+}
+
+void CKbdSpecSelector::addCustomEntry()
+{
+    const QStringList noChange{QStringLiteral("<NoChange>")};
+    specs.append(
+        new kbdSpec_t{customName, tr("<Custom>"), QString(), noChange, noChange, noChange});
+}
+
+// The native name after the opening bracket stays as it is; what stands before it is translated.
+QString CKbdSpecSelector::makeDisplayName(const QString& name, PackageTest& packages) const
+{
+    const qsizetype bracket = name.indexOf(QLatin1Char('['));
+    QString base = name.left(bracket);
+    while (base.endsWith(QLatin1Char(' ')))
+        base.chop(1);
+    const QString suffix = bracket < 0 ? QString() : name.mid(bracket + 1);
+
+    const QString display =
+        QCoreApplication::translate("CKbdSpecSelector", base.toUtf8().constData());
+    if (suffix.isEmpty() || !canDrawNativeName(base, packages))
+        return display;
+    return display + QLatin1StringView(" [") + suffix;
+}
+
+const kbdSpec_t* CKbdSpecSelector::currentEntry() const
+{
+    return specs.value(currentIndex());
+}
+
+bool CKbdSpecSelector::isCustom(int index) const
+{
+    const kbdSpec_t* spec = specs.value(index);
+    return spec && spec->name == customName;
+}
+
+QString CKbdSpecSelector::currentIconFile() const
+{
+    const kbdSpec_t* spec = currentEntry();
+    return spec ? spec->icon : QString();
+}
+
+QString CKbdSpecSelector::currentModel() const
+{
+    const kbdSpec_t* spec = currentEntry();
+    return spec && spec != specs.last() ? spec->models.first() : QStringLiteral("pc104");
+}
+
+QString CKbdSpecSelector::currentLayout() const
+{
+    const kbdSpec_t* spec = currentEntry();
+    return spec && spec != specs.last() ? spec->layouts.first() : QStringLiteral("us");
+}
+
+QString CKbdSpecSelector::currentVariant() const
+{
+    const kbdSpec_t* spec = currentEntry();
+    return spec && spec != specs.last() ? spec->variants.first() : QStringLiteral("wincompat");
+}
+
+void CKbdSpecSelector::setCurrent(const QString& specName)
+{
+    for (int i = 0; i < specs.size(); ++i)
+        if (specs.at(i)->name == specName)
+            setCurrentIndex(i);
+    setCurrentIndex(int(specs.size()) - 1);
+}
+
+void CKbdSpecSelector::setCurrent(
+    const QString& model, const QString& layout, const QString& variantList)
+{
+    const auto match = std::find_if(specs.cbegin(), specs.cend(),
+        [&](const kbdSpec_t* spec) { return describes(*spec, model, layout, variantList); });
+    const auto entry = match == specs.cend() ? specs.cend() - 1 : match;
+    setCurrentIndex(int(entry - specs.cbegin()));
+}
+
+void CKbdSpecSelector::selectionChanged(int newSelection)
+{
+    if (kbdSpec_t* spec = specs.value(newSelection))
+        emit currentChanged(spec);
+}
+
+void CKbdSpecSelector::userSelectionChanged(int newSelection)
+{
+    kbdSpec_t* spec = specs.value(newSelection);
+    if (!spec)
+        return;
+    emit activated(spec);
+    if (spec->name == customName)
+        return;
+
+    emit primaryModelChanged(spec->models.at(0));
+    emit primaryLayoutChanged(spec->layouts.at(0));
+    if (!spec->variants.at(0).isEmpty())
+        emit primaryVariantChanged(spec->variants.at(0));
+    if (spec->models.size() < 2)
+        return;
+
+    emit secondaryModelChanged(spec->models.at(1));
+    emit secondaryLayoutChanged(spec->layouts.at(1));
+    if (!spec->variants.at(1).isEmpty())
+        emit secondaryVariantChanged(spec->variants.at(1));
+}

@@ -1,0 +1,130 @@
+#include "ui/GroupCombo.h"
+
+#include "ui/KbdConstants.h"
+#include "ui/SpecTable.h"
+
+#include <QComboBox>
+#include <QIcon>
+#include <QLabel>
+
+namespace {
+
+void cutFrom(QString& text, QChar mark)
+{
+    const qsizetype position = text.indexOf(mark);
+    if (position > 0)
+        text.truncate(position);
+}
+
+// The name of the first layout in a spec table's layout field.
+QString firstLayout(QString field)
+{
+    cutFrom(field, QLatin1Char('['));
+    cutFrom(field, QLatin1Char(','));
+    return field.simplified();
+}
+
+} // namespace
+
+GroupCombo::GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent)
+    // The toolkit complains of a second layout for one widget.
+    : QBoxLayout(LeftToRight, parent && !parent->layout() ? parent : nullptr)
+    , iconOnly(onlyIcons)
+    , label(new QLabel(tr("Group: ")))
+    , combo(new QComboBox)
+{
+    label->setFocusPolicy(Qt::NoFocus);
+    addWidget(label);
+    if (iconOnly)
+        label->hide();
+
+    combo->setFocusPolicy(Qt::NoFocus);
+    combo->setIconSize(KbdConstants::controlIconSize);
+    addWidget(combo);
+    connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));
+    connect(combo, SIGNAL(currentIndexChanged(int)), this, SLOT(internalCurrentIndexChanged(int)));
+
+    readFlagMap();
+    if (!items.isEmpty())
+        setItems(items);
+}
+
+GroupCombo::~GroupCombo()
+{
+    delete label;
+    delete combo;
+}
+
+void GroupCombo::setItems(const QStringList& items)
+{
+    const int remembered = combo->currentIndex();
+    for (int i = combo->count() - 1; i >= 0; --i)
+        combo->removeItem(i);
+    combo->insertItems(combo->count(), items);
+
+    if (remembered < 0)
+        combo->setCurrentIndex(0);
+    else if (remembered < combo->count())
+        combo->setCurrentIndex(remembered);
+}
+
+void GroupCombo::setGroupLayouts(const QStringList& layouts)
+{
+    for (int i = 0; i < layouts.size(); ++i) {
+        const QString path = flagPath(layouts.at(i));
+        ensureItem(i);
+        combo->setItemIcon(i, path.isEmpty() ? QIcon() : QIcon(path));
+        if (iconOnly)
+            combo->setItemText(i, path.isEmpty() ? QString::number(i + 1) : QString());
+    }
+}
+
+void GroupCombo::setData(const QStringList& data)
+{
+    dataList = std::make_unique<QStringList>(data);
+    while (iconOnly && combo->count() < data.size())
+        combo->addItem(QString::number(combo->count() + 1));
+}
+
+void GroupCombo::setVisible(bool visible)
+{
+    label->setVisible(visible && !iconOnly);
+    combo->setVisible(visible);
+}
+
+void GroupCombo::internalActivated(int index)
+{
+    emit activated(index);
+    if (dataList && index >= 0 && index < dataList->size())
+        emit activatedData(dataList->at(index));
+}
+
+void GroupCombo::internalCurrentIndexChanged(int index)
+{
+    emit currentIndexChanged(index);
+    if (dataList && index >= 0 && index < dataList->size())
+        emit currentDataChanged(dataList->at(index));
+}
+
+void GroupCombo::readFlagMap()
+{
+    const QString path =
+        SpecTable::firstReadable({KbdConstants::specTablePath, QStringLiteral("./kbdSpecs.tab")});
+    const QList<SpecRow> rows = SpecTable::rowsOf(path).value_or(QList<SpecRow>());
+    for (const SpecRow& row : rows)
+        if (!row.icon.isEmpty() && !row.layout.isEmpty())
+            flagMap.insert(firstLayout(row.layout), row.icon);
+}
+
+// Empty when the layout has no flag or its file cannot be read.
+QString GroupCombo::flagPath(const QString& layout) const
+{
+    const QString fileName = flagMap.value(layout.section(QLatin1Char(':'), 0, 0));
+    return fileName.isEmpty() ? QString() : KbdConstants::iconPath(QLatin1Char('/') + fileName);
+}
+
+void GroupCombo::ensureItem(int index)
+{
+    while (combo->count() <= index)
+        combo->addItem(QString());
+}

@@ -1,0 +1,58 @@
+#include "ui/KeycapCombo.h"
+
+#include "ui/KbdConstants.h"
+
+#include <QComboBox>
+#include <QIcon>
+#include <QLabel>
+
+KeycapCombo::KeycapCombo(bool onlyIcons, QWidget* parent)
+    // The toolkit complains of a second layout for one widget.
+    : QBoxLayout(LeftToRight, parent && !parent->layout() ? parent : nullptr)
+    , iconOnly(onlyIcons)
+    , label(new QLabel(tr("Keycap Display: ")))
+    , combo(new QComboBox)
+{
+    label->setFocusPolicy(Qt::NoFocus);
+    addWidget(label);
+    if (iconOnly)
+        label->hide();
+
+    combo->setFocusPolicy(Qt::NoFocus);
+    combo->setIconSize(KbdConstants::controlIconSize);
+    combo->addItem(KbdConstants::icon(QStringLiteral("/singlekey.png")),
+        iconOnly ? QString() : tr("Active Character Only"));
+    combo->addItem(KbdConstants::icon(QStringLiteral("/fullkey.png")),
+        iconOnly ? QString() : tr("Multiple Characters"));
+    addWidget(combo);
+    combo->setToolTip(tr("Keycap display mode"));
+    connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));
+    connect(combo, SIGNAL(currentIndexChanged(int)), this, SLOT(internalCurrentIndexChanged(int)));
+}
+
+KeycapCombo::~KeycapCombo()
+{
+    delete label;
+    delete combo;
+}
+
+int KeycapCombo::currentIndex() const
+{
+    return combo->currentIndex();
+}
+
+void KeycapCombo::setVisible(bool visible)
+{
+    label->setVisible(visible && !iconOnly);
+    combo->setVisible(visible);
+}
+
+void KeycapCombo::internalActivated(int index)
+{
+    emit activated(index);
+}
+
+void KeycapCombo::internalCurrentIndexChanged(int index)
+{
+    emit currentIndexChanged(index);
+}

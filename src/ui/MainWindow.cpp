@@ -1,0 +1,272 @@
+#include "ui/MainWindow.h"
+
+#include "app/description/ComponentNames.h"
+#include "app/description/ToolkitDisplay.h"
+#include "app/description/XkbTexts.h"
+#include "model/KbdGeometry.h"
+#include "ui/CKbdSpecSelector.h"
+#include "ui/GroupCombo.h"
+#include "ui/KeycapCombo.h"
+#include "ui/PicturePrinter.h"
+#include "ui/TypingArea.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr char windowIconFile[] = "/usr/share/icons/Rodent/48x48/apps/keyboard.png";
+constexpr int viewIndex = 1; // of the picture in the window's layout
+constexpr int textLineStretch = 1000;
+
+constexpr double screenShare = 0.75; // of the screen's width
+constexpr int screenMargin = 8; // pixels left for the window manager's frame
+
+} // namespace
+
+MainWindow::MainWindow(QString model, QString layout, QString variant, QString options,
+    XkbComponentNamesRec* names, bool wantXTest, QWidget* parent, Qt::WindowFlags flags)
+    : QMainWindow(parent, flags)
+{
+    setWindowIcon(QIcon(QPixmap(QString::fromLatin1(windowIconFile))));
+    // The text line composes dead keys itself: an input method must not take them away.
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+
+    mainWidget = new QWidget(this);
+    mainLayout = new QVBoxLayout(mainWidget);
+    topRow = new QHBoxLayout;
+    mainLayout->addLayout(topRow);
+    view = new KbdGeometry(model, layout, variant, options, names, wantXTest, this);
+    mainLayout->addWidget(view);
+
+    controlRow = new QHBoxLayout;
+    mainLayout->addLayout(controlRow);
+    addGroupCombo();
+    addLayoutSelector(model, layout, variant);
+    addKeycapCombo();
+    addPrintButton();
+    addBottomRow();
+    setCentralWidget(mainWidget);
+
+    connectView();
+    connect(
+        this, SIGNAL(qKeyPressEventOut(QKeyEvent*)), typingArea, SLOT(keyPressEvent(QKeyEvent*)));
+    connect(this, SIGNAL(qKeyReleaseEventOut(QKeyEvent*)), typingArea,
+        SLOT(keyReleaseEvent(QKeyEvent*)));
+    setFocus(Qt::OtherFocusReason);
+}
+
+// The picture goes first: it releases what it holds down in the server. The rest belongs to the
+// central widget.
+MainWindow::~MainWindow()
+{
+    delete view;
+}
+
+QStringList MainWindow::translatedGroupNames() const
+{
+    QStringList names = view->groupNames();
+    for (QString& name : names)
+        name = translateXkbName(name);
+    return names;
+}
+
+void MainWindow::addGroupCombo()
+{
+    const QStringList names = translatedGroupNames();
+    groupCombo = new GroupCombo(names, false, this);
+    // What options add to the keymap's symbols stands behind the layouts and is no group.
+    groupCombo->setGroupLayouts(view->groupLayouts().mid(0, names.size()));
+    controlRow->addLayout(groupCombo);
+    connect(groupCombo, SIGNAL(currentIndexChanged(int)), this, SLOT(levelChanged(int)));
+    if (names.size() <= 1)
+        groupCombo->hide();
+    else
+        controlRow->addStretch(1);
+}
+
+void MainWindow::addLayoutSelector(
+    const QString& model, const QString& layout, const QString& variant)
+{
+    layoutLabel = new QLabel(tr("Layout: "));
+    controlRow->addWidget(layoutLabel);
+    try {
+        specSelector = new CKbdSpecSelector(true, this);
+    } catch (...) {
+        layoutLabel->setText(QString());
+        return;
+    }
+    specSelector->setFocusPolicy(Qt::NoFocus);
+    specSelector->setCurrent(model, layout, variant);
+    if (!specSelector->isCustom(specSelector->currentIndex()))
+        dropCustomEntry();
+    connect(
+        specSelector, SIGNAL(currentChanged(kbdSpec_t*)), this, SLOT(newKbdSelected(kbdSpec_t*)));
+    controlRow->addWidget(specSelector);
+    controlRow->addStretch(1);
+    view->setFlagFilename(specSelector->currentIconFile());
+}
+
+// It is offered only while the keyboard shown is none of the table's.
+void MainWindow::dropCustomEntry()
+{
+    const int last = specSelector->count() - 1;
+    if (specSelector->isCustom(last))
+        specSelector->removeItem(last);
+}
+
+void MainWindow::addKeycapCombo()
+{
+    keycapCombo = new KeycapCombo(false, this);
+    controlRow->addLayout(keycapCombo);
+    controlRow->addStretch(1);
+    connect(keycapCombo, SIGNAL(currentIndexChanged(int)), this, SLOT(modeChanged(int)));
+}
+
+void MainWindow::addPrintButton()
+{
+    printButton = new QPushButton(tr("Print"));
+    printButton->setFocusPolicy(Qt::NoFocus);
+    controlRow->addWidget(printButton);
+    connect(printButton, SIGNAL(clicked(bool)), this, SLOT(printButtonClicked(bool)));
+}
+
+void MainWindow::addBottomRow()
+{
+    bottomRow = new QHBoxLayout;
+    mainLayout->addLayout(bottomRow);
+    typingArea = new TypingArea(nullptr);
+    bottomRow->addWidget(typingArea, textLineStretch);
+    bottomRow->addStretch(1);
+    closeButton = new QPushButton(tr("Close"));
+    closeButton->setFocusPolicy(Qt::NoFocus);
+    bottomRow->addWidget(closeButton);
+    connect(closeButton, SIGNAL(clicked()), qApp, SLOT(quit()));
+}
+
+void MainWindow::connectView()
+{
+    connect(
+        this, SIGNAL(x11KeyPressEventOut(XKeyEvent*)), view, SLOT(x11KeyPressEventIn(XKeyEvent*)));
+    connect(this, SIGNAL(x11KeyReleaseEventOut(XKeyEvent*)), view,
+        SLOT(x11KeyReleaseEventIn(XKeyEvent*)));
+    connect(this, SIGNAL(x11LockStateChangedOut()), view, SLOT(x11LockStateChangedIn()));
+    connect(this, SIGNAL(x11NewKbdEventOut()), view, SLOT(x11NewKbdEventIn()));
+}
+
+void MainWindow::showLayoutSelector(bool visible)
+{
+    layoutLabel->setVisible(visible);
+    if (specSelector)
+        specSelector->setVisible(visible);
+}
+
+void MainWindow::hideTypingArea()
+{
+    typingArea->hide();
+}
+
+void MainWindow::placeOnScreen(bool toBottom)
+{
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    ensurePolished();
+    mainLayout->activate();
+    const QSize least = minimumSizeHint();
+    const int viewLeast = std::max(view->minimumSizeHint().height(), view->minimumHeight());
+    const int controls = least.height() - viewLeast;
+
+    const QSizeF picture = view->pictureSize();
+    double width = std::max<double>(available.width() * screenShare, least.width());
+    width = std::min<double>(width, available.width() - 2 * screenMargin);
+    const double highest = available.height() - 2 * screenMargin - controls;
+    const double height = std::min(width * picture.height() / picture.width(), highest);
+    resize(static_cast<int>(width), static_cast<int>(height) + controls);
+    if (!toBottom)
+        return;
+    setGeometry(QRect(available.center().x() - size().width() / 2,
+        available.bottom() + 1 - size().height() - screenMargin, size().width(), size().height()));
+}
+
+void MainWindow::releasePhysicalKeys()
+{
+    view->releasePhysicalKeys();
+}
+
+void MainWindow::modeChanged(int which)
+{
+    view->setMultishiftDisplay(which > 0);
+}
+
+void MainWindow::levelChanged(int which)
+{
+    view->setGroupNum(static_cast<KeyGroup_t>(which));
+}
+
+void MainWindow::printButtonClicked(bool)
+{
+    printPicture(view, this);
+}
+
+void MainWindow::newKbdSelected(kbdSpec_t* spec)
+{
+    const QString comma(QLatin1Char(','));
+    const QString model = spec->models.join(comma);
+    const QString layout = spec->layouts.join(comma);
+    const QString variant = spec->variants.join(comma);
+    XkbComponentNamesRec names{};
+    const ComponentNamesGuard guard(&names);
+    if (!queryComponentNames(&names, toolkitDisplay(), model, layout, variant, QString()))
+        return;
+
+    dropCustomEntry();
+    view->hide();
+    delete view;
+    view = nullptr;
+    view = new KbdGeometry(model, layout, variant, QString(), &names, true, nullptr);
+    view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
+    mainLayout->insertWidget(viewIndex, view);
+    connectView();
+
+    const QStringList groups = translatedGroupNames();
+    groupCombo->setItems(groups);
+    groupCombo->setVisible(groups.size() >= 2);
+    emit newKeyboard(names);
+    view->setFlagFilename(spec->icon);
+}
+
+void MainWindow::x11KeyPressEventIn(XKeyEvent* event)
+{
+    emit x11KeyPressEventOut(event);
+}
+
+void MainWindow::x11KeyReleaseEventIn(XKeyEvent* event)
+{
+    emit x11KeyReleaseEventOut(event);
+}
+
+void MainWindow::x11NewKbdEventIn()
+{
+    emit x11NewKbdEventOut();
+}
+
+void MainWindow::x11LockStateChangedIn()
+{
+    emit x11LockStateChangedOut();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    emit qKeyPressEventOut(event);
+}
+
+void MainWindow::keyReleaseEvent(QKeyEvent* event)
+{
+    emit qKeyReleaseEventOut(event);
+}

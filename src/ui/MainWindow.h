@@ -1,0 +1,96 @@
+#pragma once
+
+#include "x11/X11.h"
+
+#include <QMainWindow>
+#include <QStringList>
+
+class CKbdSpecSelector;
+class GroupCombo;
+class KbdGeometry;
+class KeycapCombo;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+class TypingArea;
+struct kbdSpec_t;
+
+// The only window: the keyboard picture, a row of controls, and a row with the sample text line.
+// It hands what happens on from one of its parts to the next, and replaces the picture when the
+// user chooses another keyboard.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // The settings are those of the keyboard shown at first, names its components (only read).
+    // wantXTest: clicked keys go to other programs' windows.
+    // Throws KbdGeometry::ExceptionType.
+    MainWindow(QString model, QString layout, QString variant, QString options,
+        XkbComponentNamesRec* names, bool wantXTest, QWidget* parent, Qt::WindowFlags flags);
+    ~MainWindow() override;
+
+    // The layout selector with its label; nothing but the label where there is no table.
+    void showLayoutSelector(bool visible);
+    void hideTypingArea();
+
+    // Gives the window its first size, the picture's proportions at three quarters of the screen's
+    // width or as much as fits, and, if toBottom, its place at the bottom centre of the screen.
+    void placeOnScreen(bool toBottom);
+
+    // The physical keyboard goes to another program from now on.
+    void releasePhysicalKeys();
+
+    // The picture shown now; replaced with every choice of a keyboard.
+    KbdGeometry* picture() const { return view; }
+
+signals:
+    void x11KeyPressEventOut(XKeyEvent* event);
+    void x11KeyReleaseEventOut(XKeyEvent* event);
+    void x11NewKbdEventOut();
+    void x11LockStateChangedOut();
+    void qKeyPressEventOut(QKeyEvent* event);
+    void qKeyReleaseEventOut(QKeyEvent* event);
+    void newKeyboard(XkbComponentNamesRec& names);
+
+public slots:
+    void modeChanged(int which);
+    void levelChanged(int which);
+    void printButtonClicked(bool checked);
+
+    // Replaces the keyboard by the one that the entry describes. Changes nothing when its
+    // components cannot be had. Throws KbdGeometry::ExceptionType when they make no keyboard.
+    void newKbdSelected(kbdSpec_t* spec);
+
+    void x11KeyPressEventIn(XKeyEvent* event);
+    void x11KeyReleaseEventIn(XKeyEvent* event);
+    void x11NewKbdEventIn();
+    void x11LockStateChangedIn();
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    void addGroupCombo();
+    void addLayoutSelector(const QString& model, const QString& layout, const QString& variant);
+    void addKeycapCombo();
+    void addPrintButton();
+    void addBottomRow();
+    void connectView();
+    void dropCustomEntry();
+    void replaceView(KbdGeometry* newView);
+    QStringList translatedGroupNames() const;
+
+    QWidget* mainWidget = nullptr;
+    KbdGeometry* view = nullptr;
+    QPushButton* printButton = nullptr;
+    QPushButton* closeButton = nullptr;
+    QLabel* layoutLabel = nullptr;
+    TypingArea* typingArea = nullptr;
+    CKbdSpecSelector* specSelector = nullptr; // null when the table could not be read
+    QVBoxLayout* mainLayout = nullptr;
+    QHBoxLayout* topRow = nullptr; // empty; keeps the picture at index 1
+    QHBoxLayout* controlRow = nullptr;
+    QHBoxLayout* bottomRow = nullptr;
+    GroupCombo* groupCombo = nullptr;
+    KeycapCombo* keycapCombo = nullptr;
+};

@@ -1,0 +1,41 @@
+#include "ui/PicturePrinter.h"
+
+#include "model/KbdGeometry.h"
+
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace {
+
+// The picture has the colours for paper while this lives.
+class PaperColours {
+public:
+    explicit PaperColours(KbdGeometry* view)
+        : picture(view)
+    {
+        picture->setPrintMode(1);
+    }
+    ~PaperColours() { picture->setPrintMode(0); }
+    PaperColours(const PaperColours&) = delete;
+    PaperColours& operator=(const PaperColours&) = delete;
+
+private:
+    KbdGeometry* picture;
+};
+
+} // namespace
+
+void printPicture(KbdGeometry* view, QWidget* parent)
+{
+    QPrinter printer(QPrinter::ScreenResolution);
+    QPrintDialog dialog(&printer, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    QPainter painter(&printer);
+    if (!painter.isActive())
+        return;
+    const PaperColours colours(view);
+    painter.begin(&printer); // refused and harmless: the painter is active already
+    view->render(&painter);
+}

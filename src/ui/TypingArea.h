@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+struct DeadKeyRow;
+
+// The line that shows what the keys type. It never has the keyboard focus: the window hands it the
+// key events that it gets. Dead keys are composed here, at the release of the key after them.
+class TypingArea : public QLineEdit {
+    Q_OBJECT
+
+public:
+    // A read-only line with a placeholder text, which goes at the first key.
+    explicit TypingArea(QWidget* parent = nullptr);
+
+    // An ordinary line edit with these contents that composes dead keys.
+    explicit TypingArea(const QString& contents, QWidget* parent = nullptr);
+
+public slots:
+    // Types the key, unless a dead key waits for its base key: then its press is ignored.
+    void keyPressEvent(QKeyEvent* event) override;
+
+    // Composes a pending dead key with this one; Left and Right move the cursor.
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    static QString sampleText() { return tr("Sample Text Area"); }
+
+    void deadKeyReleased(QKeyEvent* event);
+    void composeDeadKey(QKeyEvent* event);
+    void sendComposedKey(const DeadKeyRow& row, Qt::KeyboardModifiers modifiers);
+    void typeKey(QKeyEvent* event);
+    void passRelease(QKeyEvent* event);
+
+    int pendingDeadKey = 0; // the key code of a dead key that was released and waits; 0 when none
+    QString deadKeyText; // what that dead key's event held
+};

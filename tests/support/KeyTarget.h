@@ -1,0 +1,48 @@
+#pragma once
+
+#include "x11/X11.h"
+
+#include <memory>
+#include <string>
+
+// A plain X client that takes the input focus and prints what reaches it, one flushed line each:
+//
+//   ready <window id>                                   once, when it has the focus
+//   press <keycode> <state> <keysym> <text>             and release, with the same fields
+//   focusin <mode> <detail>                             and focusout
+//
+// Numbers are decimal. The keysym is a name, or 0x and its value when it has none. The text is
+// UTF-8, with control characters and the backslash written as \xNN. Held keys repeat as presses
+// alone (detectable auto repeat).
+class KeyTarget {
+public:
+    // `geometry` is a standard X geometry, such as "300x200+700+60". The target has no display
+    // when isOpen() is false, and is of no use then.
+    KeyTarget(const char* displayName, const char* geometry);
+
+    bool isOpen() const { return m_display != nullptr; }
+
+    // Prints events until the standard input ends or the server goes away.
+    void run();
+
+private:
+    struct CloseDisplay {
+        void operator()(Display* display) const { XCloseDisplay(display); }
+    };
+
+    void createWindow(const char* geometry);
+    void setHints(int x, int y, unsigned int width, unsigned int height);
+    void handlePending();
+    void handle(XEvent& event);
+    void handleXkb(XEvent& event);
+    void takeFocus();
+    bool isManaged();
+    void askManagerForFocus();
+    void announceFocus();
+    void printKey(const char* word, XKeyEvent& key);
+
+    std::unique_ptr<Display, CloseDisplay> m_display;
+    Window m_window = x11::none;
+    int m_xkbEvent = -1;
+    bool m_isReady = false;
+};

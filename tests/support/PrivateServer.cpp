@@ -1,0 +1,71 @@
+#include "PrivateServer.h"
+
+#include <QDeadlineTimer>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace {
+
+constexpr int startLimitMs = 10000;
+constexpr char socketFolder[] = "/tmp/.X11-unix/X";
+
+QByteArrayList serverCommand(const QStringList& extraArguments, int displayDescriptor)
+{
+    QByteArrayList command{"Xvfb", "-displayfd", QByteArray::number(displayDescriptor), "-nolisten",
+        "tcp", "-noreset", "-screen", "0", "1280x1024x24"};
+    if (const QByteArray xkbDirectory = KBD_TEST_XKB_DIR; !xkbDirectory.isEmpty())
+        command << "-xkbdir" << xkbDirectory;
+    for (const QString& argument : extraArguments)
+        command.append(argument.toLocal8Bit());
+    return command;
+}
+
+// The line that the server writes once it listens; empty when it ended or the time is over.
+QByteArray readDisplayNumber(int descriptor)
+{
+    const QDeadlineTimer deadline(startLimitMs);
+    QByteArray line;
+    while (!line.endsWith('\n')) {
+        pollfd readable{descriptor, POLLIN, 0};
+        char byte = 0;
+        if (poll(&readable, 1, static_cast<int>(deadline.remainingTime())) != 1
+            || read(descriptor, &byte, 1) != 1)
+            return {};
+        line.append(byte);
+    }
+    return line.trimmed();
+}
+
+} // namespace
+
+PrivateServer::PrivateServer(const QStringList& extraArguments)
+{
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0)
+        throw std::runtime_error("no pipe for the display number");
+    m_server = std::make_unique<ChildProcess>(
+        serverCommand(extraArguments, ends[1]), currentEnvironment(), ends[1]);
+    close(ends[1]);
+    const QByteArray number = readDisplayNumber(ends[0]);
+    close(ends[0]);
+    if (number.isEmpty())
+        throw std::runtime_error("Xvfb gave no display: " + m_server->output().toStdString());
+    m_display = ':' + number;
+}
+
+PrivateServer::~PrivateServer()
+{
+    if (!m_server->stop())
+        unlink((socketFolder + m_display.mid(1)).constData());
+}
+
+void PrivateServer::useForThisProcess() const
+{
+    qputenv("DISPLAY", m_display);
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    for (const char* variable : {"WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER"})
+        qunsetenv(variable);
+}
