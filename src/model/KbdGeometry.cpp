@@ -147,7 +147,7 @@ void KbdGeometry::readModifiers()
     lockModifiers = lockModifiersOf(modifierMasks);
     for (auto mask = modifierMasks.keyBegin(); mask != modifierMasks.keyEnd(); ++mask)
         modifierKeycodes.insert(*mask, 0);
-    modifierState = lockModifiers & serverLocks();
+    modifierState = lockModifiers & serverState().locked_mods;
 }
 
 void KbdGeometry::readKeyAliases()
@@ -450,9 +450,14 @@ void KbdGeometry::setMultishiftDisplay(bool isMulti)
 
 void KbdGeometry::setGroupNum(KeyGroup_t group)
 {
-    groupNum = group;
     XkbLockGroup(xDisplay->xDisplay(), x11::coreKeyboard, group);
     XFlush(xDisplay->xDisplay());
+    showGroup(group);
+}
+
+void KbdGeometry::showGroup(KeyGroup_t group)
+{
+    groupNum = group;
     for (KbdKey* key : std::as_const(keys))
         key->setSelectedGroup(group);
 }
@@ -463,11 +468,27 @@ ShiftMask_t KbdGeometry::maskOf(const QString& modifier)
     return modifierMasks[modifier];
 }
 
-ShiftMask_t KbdGeometry::serverLocks() const
+XkbStateRec KbdGeometry::serverState() const
 {
     XkbStateRec state {};
     XkbGetState(xDisplay->xDisplay(), x11::coreKeyboard, &state);
-    return state.locked_mods;
+    return state;
+}
+
+KeyGroup_t KbdGeometry::serverGroup() const
+{
+    const KeyGroup_t locked = serverState().locked_group;
+    return locked != 0 && serverHasThisManyGroups() ? locked : groupNum;
+}
+
+// Otherwise the keyboard in the server is another than the one shown, and its groups mean nothing
+// here.
+bool KbdGeometry::serverHasThisManyGroups() const
+{
+    const XkbDescription server(XkbAllocKeyboard());
+    server->device_spec = x11::coreKeyboard;
+    return XkbGetControls(xDisplay->xDisplay(), XkbGroupsWrapMask, server.get()) == 0
+        && server->ctrls->num_groups == keymapGroupCount();
 }
 
 void KbdGeometry::modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask)
@@ -516,13 +537,28 @@ void KbdGeometry::switchIndicator(ShiftMask_t mask)
 
 void KbdGeometry::x11LockStateChangedIn()
 {
-    const ShiftMask_t locked = serverLocks();
+    const XkbStateRec state = serverState();
+    followLocks(state.locked_mods);
+    followGroup(state.locked_group);
+}
+
+void KbdGeometry::followLocks(ShiftMask_t locked)
+{
     for (const auto& lock : {QStringLiteral("CapsLock"), QStringLiteral("NumLock"),
              QStringLiteral("ScrollLock")}) {
         const ShiftMask_t mask = maskOf(lock);
         if (mask & (locked ^ modifierState))
             modifierPressed(modifierKeycodes[lock], XkbSA_LockMods, mask);
     }
+}
+
+void KbdGeometry::followGroup(KeyGroup_t locked)
+{
+    if (locked == groupNum || !serverHasThisManyGroups())
+        return;
+    showGroup(locked);
+    if (groupObserver)
+        groupObserver(locked);
 }
 
 ShiftMask_t KbdGeometry::heldModifiers() const

@@ -13,6 +13,7 @@
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 class GeometryColours;
@@ -59,6 +60,15 @@ public:
 
     // 1 takes the colours for paper, 0 those for the screen. Does not repaint.
     void setPrintMode(quint8 print);
+
+    // Tells when another program, or a key, has locked another group of this keyboard in the server
+    // and the picture has followed. The receiver is called on the main thread.
+    using GroupObserver = std::function<void(KeyGroup_t)>;
+    void observeGroup(GroupObserver observer) { groupObserver = std::move(observer); }
+
+    // The group that is locked in the server now; the group shown when the server has another
+    // keyboard than this one.
+    KeyGroup_t serverGroup() const;
 
     // The physical keyboard is out of sight from now on: keys shown as pressed are let go.
     void releasePhysicalKeys();
@@ -119,7 +129,11 @@ private:
     QString symbolsName() const;
     void fitPicture();
     ShiftMask_t maskOf(const QString& modifier);
-    ShiftMask_t serverLocks() const;
+    XkbStateRec serverState() const;
+    bool serverHasThisManyGroups() const;
+    void followLocks(ShiftMask_t locked);
+    void followGroup(KeyGroup_t locked);
+    void showGroup(KeyGroup_t group);
     ShiftMask_t heldModifiers() const;
     QList<KeyCode> heldModifierKeys() const;
     void switchIndicator(ShiftMask_t mask);
@@ -155,5 +169,6 @@ private:
     KeyPlacements placements;
     bool useXTest = false;
     std::unique_ptr<KeySender> sender;
+    GroupObserver groupObserver;
     Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
 };

@@ -1,12 +1,14 @@
 #pragma once
 
-// The one door to Xlib, XKB and XTest. Everything else includes this header and never <X11/…>
+// The one door to Xlib, XKB, XTest and the X input extension. Everything else includes this header and never <X11/…>
 // itself: Xlib's macros carry names that Qt and moc use as identifiers, so they end here, and the
 // few constants that the program needs come back with a type.
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/XI2.h>
+#include <X11/extensions/XInput2.h>
 #include <X11/extensions/XKBgeom.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>

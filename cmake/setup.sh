@@ -1,0 +1,53 @@
+# Sourced by the commands at the root: installs the Debian packages that are missing.
+# Needs apt, and root or sudo, only when something is missing.
+
+packages_build=(
+  build-essential cmake ninja-build pkg-config
+  qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+  libx11-dev libx11-xcb-dev libxtst-dev libxi-dev libxcb1-dev
+)
+packages_run=(
+  libqt6svg6 qt6-translations-l10n iso-codes xkb-data x11-xkb-utils
+)
+packages_headless=(xvfb openbox xterm)
+packages_check=(
+  xvfb openbox xfwm4 metacity xterm x11-utils libxkbcommon-dev clang-format
+)
+packages_bench=(xvfb openbox libxdamage-dev)
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  else
+    sudo "$@"
+  fi
+}
+
+# ensure_packages PACKAGE… — says nothing when all are there.
+ensure_packages() {
+  local installed missing=() package
+  installed=$(dpkg-query -W -f '${Package} ${db:Status-Abbrev}\n' "$@" 2>/dev/null | sed -n 's/ ii.*//p' || true)
+  for package in "$@"; do
+    grep -qx "$package" <<<"$installed" || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing: ${missing[*]}" >&2
+  as_root apt-get update -q >&2
+  as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -q --no-install-recommends "${missing[@]}" >&2
+}
+
+# build_preset PRESET [CMAKE-OPTION…] — configures at the first call and builds what has changed.
+build_preset() {
+  local preset=$1 log
+  shift
+  log=$(mktemp)
+  if { [ -e "build/$preset/build.ninja" ] && [ $# -eq 0 ] || cmake --preset "$preset" "$@"; } >"$log" 2>&1 \
+    && cmake --build --preset "$preset" >>"$log" 2>&1; then
+    rm -f "$log"
+  else
+    cat "$log" >&2
+    rm -f "$log"
+    return 1
+  fi
+}

@@ -1,0 +1,217 @@
+#include "PictureLocator.h"
+
+#include "XErrors.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <functional>
+#include <vector>
+
+namespace {
+
+constexpr double captionRoom = 80; // below the ground, tenths of a millimetre
+constexpr double shapeTolerance = 0.03; // of the ratio of width to height
+constexpr int smallestSide = 20; // pixels
+
+std::vector<Window> childrenOf(Display* display, Window window)
+{
+    Window root = x11::none;
+    Window parent = x11::none;
+    Window* children = nullptr;
+    unsigned int count = 0;
+    if (!XQueryTree(display, window, &root, &parent, &children, &count))
+        return {};
+    const x11::Owned<Window> owned(children);
+    return {children, children + count};
+}
+
+bool belongsTo(Display* display, Window window, qint64 processId)
+{
+    const Atom property = XInternAtom(display, "_NET_WM_PID", x11::xFalse);
+    Atom type = x11::none;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* bytes = nullptr;
+    XGetWindowProperty(display, window, property, 0, 1, x11::xFalse, AnyPropertyType, &type,
+        &format, &count, &rest, &bytes);
+    const x11::Owned<unsigned char> owned(bytes);
+    return format == 32 && count == 1
+        && *reinterpret_cast<const unsigned long*>(bytes) == static_cast<unsigned long>(processId);
+}
+
+// Zero for a window that is no main window.
+int visibleArea(Display* display, Window window)
+{
+    XWindowAttributes attributes{};
+    if (!XGetWindowAttributes(display, window, &attributes) || attributes.override_redirect
+        || attributes.map_state != IsViewable)
+        return 0;
+    return attributes.width * attributes.height;
+}
+
+// A line of pixels: where it begins and how many there are.
+struct Run {
+    int begin = 0;
+    int length = 0;
+};
+
+Run longestRun(int count, const std::function<bool(int)>& isInside)
+{
+    Run longest;
+    Run current;
+    for (int i = 0; i < count; ++i) {
+        if (!isInside(i)) {
+            current.length = 0;
+            continue;
+        }
+        if (current.length++ == 0)
+            current.begin = i;
+        if (current.length > longest.length)
+            longest = current;
+    }
+    return longest;
+}
+
+Run longestRowRun(const QImage& image, QRgb colour)
+{
+    Run longest;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        const Run run = longestRun(
+            image.width(), [&](int x) { return (row[x] & RGB_MASK) == (colour & RGB_MASK); });
+        if (run.length > longest.length)
+            longest = run;
+    }
+    return longest;
+}
+
+Run longestColumnRun(const QImage& image, int x, QRgb colour)
+{
+    return longestRun(image.height(),
+        [&](int y) { return (image.pixel(x, y) & RGB_MASK) == (colour & RGB_MASK); });
+}
+
+} // namespace
+
+Window mainWindowOf(Display* display, qint64 processId)
+{
+    // Windows may go while we look at them.
+    const ExpectedXErrors errors;
+    std::vector<Window> toVisit{XDefaultRootWindow(display)};
+    Window largest = x11::none;
+    int largestArea = 0;
+    while (!toVisit.empty()) {
+        const Window window = toVisit.back();
+        toVisit.pop_back();
+        const std::vector<Window> children = childrenOf(display, window);
+        toVisit.insert(toVisit.end(), children.begin(), children.end());
+        if (!belongsTo(display, window, processId))
+            continue;
+        const int area = visibleArea(display, window);
+        if (area > largestArea) {
+            largestArea = area;
+            largest = window;
+        }
+    }
+    return largest;
+}
+
+std::optional<WindowImage> grabWindow(Display* display, Window window)
+{
+    const ExpectedXErrors errors;
+    XWindowAttributes attributes{};
+    if (!XGetWindowAttributes(display, window, &attributes) || attributes.map_state != IsViewable)
+        return std::nullopt;
+    int x = 0;
+    int y = 0;
+    Window child = x11::none;
+    XTranslateCoordinates(display, window, attributes.root, 0, 0, &x, &y, &child);
+    const QRect screen(0, 0, XWidthOfScreen(attributes.screen), XHeightOfScreen(attributes.screen));
+    const QRect shown = QRect(x, y, attributes.width, attributes.height).intersected(screen);
+    if (shown.isEmpty())
+        return std::nullopt;
+    XImage* const image = XGetImage(display, attributes.root, shown.x(), shown.y(),
+        static_cast<unsigned int>(shown.width()), static_cast<unsigned int>(shown.height()),
+        AllPlanes, ZPixmap);
+    if (!image)
+        return std::nullopt;
+    WindowImage result{{}, shown.topLeft()};
+    if (image->bits_per_pixel == 32) {
+        result.image = QImage(reinterpret_cast<const uchar*>(image->data), image->width,
+            image->height, image->bytes_per_line, QImage::Format_RGB32)
+                           .copy();
+    }
+    XDestroyImage(image);
+    return result.image.isNull() ? std::nullopt : std::make_optional(result);
+}
+
+PictureLocator::PictureLocator(Display* display, Window window, const QRectF& ground, QRgb colour)
+    : m_display(display)
+    , m_window(window)
+    , m_ground(ground)
+    , m_colour(colour)
+{
+}
+
+QRectF PictureLocator::groundOf(const QRectF& scene)
+{
+    return scene.adjusted(0, 0, 0, -captionRoom);
+}
+
+bool PictureLocator::waitForPicture(int milliseconds)
+{
+    std::optional<QRectF> before;
+    const auto standsStill = [&] {
+        const std::optional<QRectF> now = look();
+        const bool isSame = now && now == before;
+        before = now;
+        return isSame;
+    };
+    if (!QTest::qWaitFor(standsStill, milliseconds))
+        return false;
+    m_area = *before;
+    return true;
+}
+
+// The ground shows unbroken along its edges: its longest row is as wide as it is, and its leftmost
+// column as high.
+std::optional<QRectF> PictureLocator::look() const
+{
+    const std::optional<WindowImage> seen = grabWindow(m_display, m_window);
+    if (!seen)
+        return std::nullopt;
+    const Run row = longestRowRun(seen->image, m_colour);
+    if (row.length < smallestSide)
+        return std::nullopt;
+    const Run column = longestColumnRun(seen->image, row.begin, m_colour);
+    // The line around the ground is thinner than a pixel and is drawn into the pixels next to it.
+    const QRectF area = QRectF(row.begin, column.begin, row.length, column.length)
+                            .adjusted(-0.5, -0.5, 0.5, 0.5)
+                            .translated(seen->topLeft);
+    return hasGroundShape(area) ? std::make_optional(area) : std::nullopt;
+}
+
+bool PictureLocator::hasGroundShape(const QRectF& area) const
+{
+    const double wanted = m_ground.width() / m_ground.height();
+    return std::abs(area.width() / area.height() / wanted - 1) < shapeTolerance;
+}
+
+QPoint PictureLocator::fromScene(const QPointF& point) const
+{
+    const QPointF share((point.x() - m_ground.x()) / m_ground.width(),
+        (point.y() - m_ground.y()) / m_ground.height());
+    return {static_cast<int>(m_area.x() + share.x() * m_area.width()),
+        static_cast<int>(m_area.y() + share.y() * m_area.height())};
+}
+
+QRectF PictureLocator::fromScene(const QRectF& rectangle) const
+{
+    const double horizontal = m_area.width() / m_ground.width();
+    const double vertical = m_area.height() / m_ground.height();
+    return {m_area.x() + (rectangle.x() - m_ground.x()) * horizontal,
+        m_area.y() + (rectangle.y() - m_ground.y()) * vertical, rectangle.width() * horizontal,
+        rectangle.height() * vertical};
+}

@@ -1,0 +1,181 @@
+#include "LineTyper.h"
+
+#include "keys/KbdKey.h"
+#include "keys/KbdLabelTable.h"
+#include "model/KbdGeometry.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTest>
+
+#include <array>
+#include <stdexcept>
+
+namespace {
+
+// Levels of a key with four symbols: the third needs AltGr, the fourth Shift as well.
+constexpr int thirdLevel = 2;
+constexpr int levels = 4;
+
+constexpr char words[] = "Hello Keyboard ";
+constexpr char thirdLevelCandidates[] = "@{[|~\\";
+
+constexpr KeySym firstDeadKeysym = 0xfe50;
+constexpr KeySym lastDeadKeysym = 0xfeff;
+
+bool needsShift(int level) { return level % 2 == 1; }
+
+QImage grab(const QRect& area)
+{
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+        .toImage();
+}
+
+// Releases of every key, XTest's too, whatever window has the focus.
+void selectKeyReleases(Display* display)
+{
+    std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits {};
+    XISetMask(bits.data(), XI_RawKeyRelease);
+    XIEventMask mask {XIAllMasterDevices, static_cast<int>(bits.size()), bits.data()};
+    XISelectEvents(display, DefaultRootWindow(display), &mask, 1);
+}
+
+} // namespace
+
+LineTyper::LineTyper(
+    Display* xDisplay, const KbdGeometry& samePicture, const PictureLocator& place)
+    : display(xDisplay)
+    , picture(samePicture)
+    , locator(place)
+{
+    int major = 2;
+    int minor = 2;
+    XIQueryVersion(display, &major, &minor);
+    selectKeyReleases(display);
+}
+
+QString LineTyper::characterAt(const KbdKey& key, int level) const
+{
+    static const KbdLabelTable table;
+    const KeySym keysym = XkbKeycodeToKeysym(display, key.x11Keycode(), 0, level);
+    if (keysym == x11::none || key.keyType() != 0
+        || (keysym >= firstDeadKeysym && keysym <= lastDeadKeysym))
+        return {};
+    if (keysym == XK_space)
+        return QStringLiteral(" ");
+    const QString label = table.label(static_cast<quint32>(keysym), QString(), QString());
+    return label.size() == 1 && (keysym < 0xff00 || keysym > 0xffff) ? label : QString();
+}
+
+LineTyper::Stroke LineTyper::strokeFor(QChar character) const
+{
+    for (int level = 0; level < levels; ++level) {
+        if (level >= thirdLevel && !thirdLevelKey())
+            break;
+        for (const KbdKey* key : picture.keyItems()) {
+            if (characterAt(*key, level) == character)
+                return {key, level};
+        }
+    }
+    return {};
+}
+
+const KbdKey* LineTyper::keyNamed(const char* name) const
+{
+    for (const KbdKey* key : picture.keyItems()) {
+        if (key->name() == QLatin1StringView(name))
+            return key;
+    }
+    return nullptr;
+}
+
+const KbdKey* LineTyper::thirdLevelKey() const
+{
+    for (const KbdKey* key : picture.keyItems()) {
+        if (key->modifierName() == QLatin1StringView("LevelThree"))
+            return key;
+    }
+    return nullptr;
+}
+
+// The letters of a keyboard that has no Latin ones, with a capital at the beginning.
+QString LineTyper::lettersOfThirdRow() const
+{
+    QString letters;
+    for (const char* name : {"AC01", "AC02", "AC03", "AC04", "AC05", "AC06"}) {
+        if (const KbdKey* key = keyNamed(name))
+            letters += characterAt(*key, letters.isEmpty() ? 1 : 0);
+    }
+    return letters + QLatin1Char(' ');
+}
+
+QString LineTyper::suggestLine() const
+{
+    QString line = strokeFor(QLatin1Char('H')).key ? QString::fromLatin1(words)
+                                                   : lettersOfThirdRow();
+    for (const char candidate : thirdLevelCandidates) {
+        const Stroke stroke = strokeFor(QLatin1Char(candidate));
+        if (candidate != '\0' && stroke.key && stroke.level == thirdLevel)
+            return line + QLatin1Char(candidate);
+    }
+    return line.trimmed();
+}
+
+void LineTyper::typeLine(const QString& line)
+{
+    for (const QChar character : line)
+        typeStroke(strokeFor(character));
+    click(keyNamed("RTRN"));
+}
+
+void LineTyper::typeStroke(const Stroke& stroke)
+{
+    const KbdKey* shift = needsShift(stroke.level) ? keyNamed("LFSH") : nullptr;
+    const KbdKey* third = stroke.level >= thirdLevel ? thirdLevelKey() : nullptr;
+    for (const KbdKey* key : {shift, third, stroke.key, third, shift})
+        click(key);
+}
+
+QRect LineTyper::capOnScreen(const KbdKey* key) const
+{
+    return locator.fromScene(key->mapRectToScene(key->boundingRect())).toRect();
+}
+
+// A window manager holds the pointer at each click until it has seen it: what comes before that is
+// over would go astray. So each click waits for its effect.
+void LineTyper::click(const KbdKey* key)
+{
+    if (!key)
+        return;
+    const QRect cap = capOnScreen(key);
+    const QImage before = grab(cap);
+    // To the right of the middle: that is cap on an L-shaped Return, too.
+    XTestFakeMotionEvent(display, -1, cap.x() + cap.width() * 7 / 10,
+        cap.y() + cap.height() * 6 / 10, CurrentTime);
+    XTestFakeButtonEvent(display, Button1, x11::xTrue, CurrentTime);
+    XTestFakeButtonEvent(display, Button1, x11::xFalse, CurrentTime);
+    XFlush(display);
+
+    const bool done = QTest::qWaitFor([&] {
+        return key->keyType() == 0 ? keyWasReleased(key->x11Keycode()) : grab(cap) != before;
+    });
+    if (!done)
+        throw std::runtime_error("a click on " + key->name().toStdString() + " has no effect");
+}
+
+bool LineTyper::keyWasReleased(KeyCode keycode)
+{
+    while (XPending(display) > 0) {
+        XEvent event {};
+        XNextEvent(display, &event);
+        XGenericEventCookie& cookie = event.xcookie;
+        if (cookie.type != GenericEvent || !XGetEventData(display, &cookie))
+            continue;
+        const int released = static_cast<const XIRawEvent*>(cookie.data)->detail;
+        XFreeEventData(display, &cookie);
+        if (released == keycode)
+            return true;
+    }
+    return false;
+}

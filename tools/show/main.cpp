@@ -1,0 +1,199 @@
+// Shows the program at work where there is no display: on a private X server with a window manager
+// and a terminal it types a line into the terminal by clicking keys, prints the line that arrived,
+// and leaves a screenshot. Ends with 0 only if the right line has arrived.
+//
+//   kbd-show --program FILE --directory DIR --screenshot FILE [-- program's arguments]
+
+#include "LineTyper.h"
+#include "Terminal.h"
+
+#include "app/description/ComponentNames.h"
+#include "model/KbdGeometry.h"
+#include "support/PictureLocator.h"
+#include "support/PrivateServer.h"
+#include "support/WindowManager.h"
+#include "support/XTools.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QScreen>
+#include <QTest>
+
+#include <cstdio>
+#include <optional>
+#include <stdexcept>
+
+namespace {
+
+constexpr int startDeadline = 20000; // milliseconds
+constexpr QRgb pictureGround = qRgb(169, 169, 169); // the base colour of our geometries
+
+// The private server's keyboard: the one that the program is asked to show, else one that has a
+// third level.
+struct Settings {
+    QString model = QStringLiteral("pc105");
+    QString layout = QStringLiteral("de");
+    QString variant;
+};
+
+Settings settingsIn(const QStringList& arguments)
+{
+    Settings settings;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const auto take = [&](const char* name, QString& value) {
+            const QString option = QLatin1StringView(name);
+            if (arguments.at(i).startsWith(option + QLatin1Char('=')))
+                value = arguments.at(i).mid(option.size() + 1);
+            else if (i + 1 < arguments.size()
+                && (arguments.at(i) == option || arguments.at(i) == option.mid(1)))
+                value = arguments.at(i + 1);
+        };
+        take("--model", settings.model);
+        take("--layout", settings.layout);
+        take("--variant", settings.variant);
+    }
+    return settings;
+}
+
+QStringList setxkbmapArguments(const Settings& settings)
+{
+    QStringList arguments {QStringLiteral("-model"), settings.model, QStringLiteral("-layout"),
+        settings.layout};
+    if (!settings.variant.isEmpty())
+        arguments << QStringLiteral("-variant") << settings.variant;
+    return arguments;
+}
+
+// The keyboard that the program shows, for the places of its keys; never shown itself.
+std::unique_ptr<KbdGeometry> samePicture(Display* display, const Settings& settings)
+{
+    XkbComponentNamesRec names {};
+    const ComponentNamesGuard guard(&names);
+    if (!queryComponentNames(
+            &names, display, settings.model, settings.layout, settings.variant, QString()))
+        throw std::runtime_error("setxkbmap names no keyboard");
+    return std::make_unique<KbdGeometry>(
+        settings.model, settings.layout, settings.variant, QString(), &names, false, nullptr);
+}
+
+bool hasFocus(Display* display, Window window)
+{
+    Window focus = x11::none;
+    int revertTo = 0;
+    XGetInputFocus(display, &focus, &revertTo);
+    return focus == window;
+}
+
+Window waitForWindow(Display* display, qint64 processId)
+{
+    Window window = x11::none;
+    if (!QTest::qWaitFor(
+            [&] { return (window = mainWindowOf(display, processId)) != x11::none; },
+            startDeadline))
+        throw std::runtime_error("a program shows no window");
+    return window;
+}
+
+bool leaveScreenshot(const QString& file)
+{
+    if (!QGuiApplication::primaryScreen()->grabWindow(0).save(file)) {
+        std::fprintf(stderr, "kbd-show: cannot write %s\n", qPrintable(file));
+        return false;
+    }
+    std::printf("Screenshot: %s\n", qPrintable(file));
+    return true;
+}
+
+// What the user asked to be shown.
+struct Show {
+    QString program;
+    QString directory;
+    QString screenshot;
+    QStringList arguments;
+
+    bool typesIntoTerminal() const { return arguments.contains(QStringLiteral("--tofocus")); }
+};
+
+void start(QProcess& process, const Show& show)
+{
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.setWorkingDirectory(show.directory);
+    process.start(show.program, show.arguments);
+    if (!process.waitForStarted())
+        throw std::runtime_error("the program cannot be started");
+}
+
+int run(const Show& show, const QByteArray& displayName)
+{
+    const XConnection display = openDisplay(displayName);
+    const Settings settings = settingsIn(show.arguments);
+    if (!setKeyboard(displayName, setxkbmapArguments(settings)))
+        throw std::runtime_error("setxkbmap does not know this keyboard");
+    const WindowManager windowManager("openbox", displayName);
+
+    std::optional<Terminal> terminal;
+    if (show.typesIntoTerminal()) {
+        terminal.emplace(displayName);
+        const Window window = waitForWindow(display.get(), terminal->processId());
+        if (!QTest::qWaitFor([&] { return hasFocus(display.get(), window); }, startDeadline))
+            throw std::runtime_error("the terminal does not get the focus");
+    }
+
+    QProcess program;
+    start(program, show);
+    const Window window = waitForWindow(display.get(), program.processId());
+    const std::unique_ptr<KbdGeometry> picture = samePicture(display.get(), settings);
+    PictureLocator locator(
+        display.get(), window, PictureLocator::groundOf(picture->sceneRect()), pictureGround);
+    if (!locator.waitForPicture(startDeadline))
+        throw std::runtime_error("the program shows no keyboard");
+
+    bool right = true;
+    if (terminal) {
+        LineTyper typer(display.get(), *picture, locator);
+        const QString line = typer.suggestLine();
+        typer.typeLine(line);
+        const QString arrived = terminal->waitForLine();
+        std::printf("Typed:      %s\nArrived:    %s\n", qPrintable(line), qPrintable(arrived));
+        right = arrived == line;
+    }
+    right = leaveScreenshot(show.screenshot) && right;
+    program.terminate();
+    if (!program.waitForFinished())
+        program.kill();
+    program.waitForFinished();
+    return right ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+Show readArguments(const QCoreApplication& application)
+{
+    const QCommandLineOption program(QStringLiteral("program"), QString(), QStringLiteral("file"));
+    const QCommandLineOption directory(
+        QStringLiteral("directory"), QString(), QStringLiteral("directory"));
+    const QCommandLineOption screenshot(
+        QStringLiteral("screenshot"), QString(), QStringLiteral("file"));
+    QCommandLineParser parser;
+    parser.addOptions({program, directory, screenshot});
+    parser.process(application);
+    QStringList arguments = parser.positionalArguments();
+    if (arguments.isEmpty())
+        arguments << QStringLiteral("--tofocus");
+    return {parser.value(program), parser.value(directory), parser.value(screenshot), arguments};
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        const PrivateServer server;
+        server.useForThisProcess();
+        const QApplication application(argc, argv);
+        return run(readArguments(application), server.display());
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "kbd-show: %s\n", failure.what());
+    } catch (KbdGeometry::ExceptionType) {
+        std::fprintf(stderr, "kbd-show: the server gives no keyboard\n");
+    }
+    return EXIT_FAILURE;
+}
