@@ -2,6 +2,7 @@
 
 #include "app/FatalMessages.h"
 #include "app/KbdSwitcher.h"
+#include "app/PhysicalKeys.h"
 #include "app/Registry.h"
 #include "app/SignalWatch.h"
 #include "app/ToFocusWindow.h"
@@ -297,6 +298,11 @@ void KbdApp::selectKeyboardEvents()
     eventBridge = std::make_unique<XcbEventBridge>(
         display, [this](XEvent* event) { return x11EventFilter(event); });
     installNativeEventFilter(eventBridge.get());
+    if (!toFocus)
+        return;
+    physicalKeys = std::make_unique<PhysicalKeys>(
+        display, [this](XEvent* event) { x11EventFilter(event); });
+    installNativeEventFilter(physicalKeys.get());
 }
 
 void KbdApp::createMainWindow()

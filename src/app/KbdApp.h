@@ -7,6 +7,7 @@
 
 class KbdSwitcher;
 class MainWindow;
+class PhysicalKeys;
 class XcbEventBridge;
 
 // Holds the argument count that the application refers to. A virtual base, because it must be
@@ -85,4 +86,5 @@ private:
     int xkbEventBase = 0;
     KbdSwitcher* switcher = nullptr;
     std::unique_ptr<XcbEventBridge> eventBridge;
+    std::unique_ptr<PhysicalKeys> physicalKeys; // only with toFocus
 };

@@ -1,0 +1,100 @@
+#include "app/PhysicalKeys.h"
+
+#include "app/description/ToolkitDisplay.h"
+
+#include <QApplication>
+#include <QByteArray>
+
+#include <xcb/xinput.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+// The server marks XTest's devices with this property (xserver-properties.h).
+constexpr char xTestProperty[] = "XTEST Device";
+
+constexpr uint32_t repeatFlag = XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT;
+
+struct RawKeySelection {
+    xcb_input_event_mask_t head {XCB_INPUT_DEVICE_ALL_MASTER, 1};
+    uint32_t mask
+        = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+};
+
+struct CFree {
+    void operator()(void* data) const { std::free(data); }
+};
+
+} // namespace
+
+PhysicalKeys::PhysicalKeys(Display* xDisplay, Receiver keyReceiver)
+    : display(xDisplay)
+    , receiver(std::move(keyReceiver))
+{
+    xcb_connection_t* connection = toolkitConnection();
+    const xcb_query_extension_reply_t* extension
+        = xcb_get_extension_data(connection, &xcb_input_id);
+    if (!extension || !extension->present)
+        return;
+    opcode = extension->major_opcode;
+    const RawKeySelection selection;
+    xcb_input_xi_select_events(connection,
+        static_cast<xcb_window_t>(DefaultRootWindow(display)), 1, &selection.head);
+}
+
+bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
+{
+    const auto* generic = static_cast<const xcb_ge_generic_event_t*>(message);
+    if (generic->response_type != XCB_GE_GENERIC || generic->extension != opcode)
+        return false;
+    if (generic->event_type != XCB_INPUT_RAW_KEY_PRESS
+        && generic->event_type != XCB_INPUT_RAW_KEY_RELEASE)
+        return false;
+
+    const auto* key = static_cast<const xcb_input_raw_key_press_event_t*>(message);
+    // A dialog of ours that has the focus gets the ordinary event as well.
+    if ((key->flags & repeatFlag) || QApplication::focusWidget() || isXTestDevice(key->sourceid))
+        return false;
+    XEvent event = keyEvent(
+        generic->event_type == XCB_INPUT_RAW_KEY_PRESS ? x11::keyPress : x11::keyRelease,
+        key->detail, key->time);
+    receiver(&event);
+    return false;
+}
+
+bool PhysicalKeys::isXTestDevice(int device)
+{
+    const auto known = xTestDevices.constFind(device);
+    if (known != xTestDevices.constEnd())
+        return *known;
+
+    xcb_connection_t* connection = toolkitConnection();
+    const auto property = static_cast<xcb_atom_t>(XInternAtom(display, xTestProperty, x11::xTrue));
+    const std::unique_ptr<xcb_input_xi_get_property_reply_t, CFree> reply(
+        xcb_input_xi_get_property_reply(connection,
+            xcb_input_xi_get_property(connection, static_cast<xcb_input_device_id_t>(device), 0,
+                property, XCB_GET_PROPERTY_TYPE_ANY, 0, 1),
+            nullptr));
+    const bool isXTest = property != x11::none && reply && reply->num_items > 0;
+    xTestDevices.insert(device, isXTest);
+    return isXTest;
+}
+
+XEvent PhysicalKeys::keyEvent(int type, unsigned int keycode, Time time) const
+{
+    XkbStateRec state {};
+    XkbGetState(display, x11::coreKeyboard, &state);
+
+    XEvent event {};
+    XKeyEvent& key = event.xkey;
+    key.type = type;
+    key.display = display;
+    key.root = key.window = DefaultRootWindow(display);
+    key.time = time;
+    key.state = XkbBuildCoreState(state.mods, state.group);
+    key.keycode = keycode;
+    key.same_screen = x11::xTrue;
+    return event;
+}
