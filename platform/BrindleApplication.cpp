@@ -7,8 +7,8 @@ BrindleApplication::BrindleApplication(int& argc, char** argv, bool, bool, bool)
     : QApplication(argc, argv)
 {
     installToolkitTranslation();
-    connect(this, SIGNAL(focusChanged(QWidget*,QWidget*)), this,
-        SLOT(gotFocusChange(QWidget*,QWidget*)));
+    connect(this, SIGNAL(focusChanged(QWidget*, QWidget*)), this,
+        SLOT(gotFocusChange(QWidget*, QWidget*)));
 }
 
 BrindleApplication::~BrindleApplication() = default;

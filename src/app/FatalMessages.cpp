@@ -26,8 +26,8 @@ bool holding = true;
         std::fprintf(stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n",
             display ? display : "");
     } else {
-        std::fprintf(stderr, "orvix-kbd-display: %s\n",
-            message.simplified().toLocal8Bit().constData());
+        std::fprintf(
+            stderr, "orvix-kbd-display: %s\n", message.simplified().toLocal8Bit().constData());
     }
     // The toolkit may be half built: its destructors must not run.
     _exit(EXIT_FAILURE);

@@ -35,7 +35,7 @@ struct FailureRow {
     const char* message; // null: none
 };
 
-constexpr std::array<FailureRow, 6> failures {{
+constexpr std::array<FailureRow, 6> failures{{
     {KbdApp::UnknownError, "Unknown exception, aborting."},
     {KbdApp::XkbInitError, "Exception: Cannot initialize xkb exception"},
     {KbdApp::DescriptionError, "Error parsing given keyboard description"},
@@ -50,7 +50,7 @@ struct TranslationRow {
     const char* translation;
 };
 
-constexpr std::array<TranslationRow, 5> translations {{
+constexpr std::array<TranslationRow, 5> translations{{
     {"de", "de_DE"},
     {"es", "es_ES"},
     {"fr", "fr_FR"},
@@ -59,9 +59,9 @@ constexpr std::array<TranslationRow, 5> translations {{
 }};
 
 // Models whose geometry the platform draws itself. The order matters: a model may name several.
-constexpr std::array<const char*, 5> platformModels {"jp106", "abnt2", "kr106", "pc105", "pc104"};
+constexpr std::array<const char*, 5> platformModels{"jp106", "abnt2", "kr106", "pc105", "pc104"};
 
-constexpr std::array<const char*, 6> optionLines {
+constexpr std::array<const char*, 6> optionLines{
     "  -model m | --model=m",
     "  -layout l | --layout=l",
     "  -variant v | --variant=v",
@@ -119,8 +119,8 @@ KbdApp::KbdApp(int argc, char** argv, bool flag)
 
 KbdApp::~KbdApp()
 {
-    disconnect(this, SIGNAL(focusChanged(QWidget*,QWidget*)), this,
-        SLOT(gotFocusChange(QWidget*,QWidget*)));
+    disconnect(this, SIGNAL(focusChanged(QWidget*, QWidget*)), this,
+        SLOT(gotFocusChange(QWidget*, QWidget*)));
     std::free(xkbModel);
     std::free(xkbLayout);
     std::free(xkbVariant);
@@ -169,8 +169,8 @@ void KbdApp::loadTranslator(const QString& locale)
     const QString file = QLatin1StringView(translationPrefix) + locale;
     // The second place serves a program that runs from where it was built or unpacked.
     if (translator->load(file, QLatin1StringView(translationDirectory) + locale)
-        || translator->load(file,
-            applicationDirPath() + QStringLiteral("/../share/orvix-i18n/") + locale))
+        || translator->load(
+            file, applicationDirPath() + QStringLiteral("/../share/orvix-i18n/") + locale))
         installTranslator(translator);
 }
 
@@ -180,15 +180,15 @@ void KbdApp::readRegistry()
         char* KbdApp::*setting;
         const char* key;
     };
-    constexpr std::array<RegistryRow, 4> rows {{
+    constexpr std::array<RegistryRow, 4> rows{{
         {&KbdApp::xkbModel, "/keyboard/XkbModel"},
         {&KbdApp::xkbLayout, "/keyboard/XkbLayout"},
         {&KbdApp::xkbVariant, "/keyboard/XkbVariant"},
         {&KbdApp::xkbOptions, "/keyboard/XkbOptions"},
     }};
     for (const RegistryRow& row : rows) {
-        const QString value
-            = readRegistryValue(QStringLiteral("root") + QLatin1StringView(row.key));
+        const QString value =
+            readRegistryValue(QStringLiteral("root") + QLatin1StringView(row.key));
         if (!value.isEmpty())
             assign(this->*row.setting, value.toUtf8().constData());
     }
@@ -213,7 +213,7 @@ bool KbdApp::takeValue(int argc, char** argv, int& index)
         char* KbdApp::*setting;
         const char* name;
     };
-    constexpr std::array<OptionRow, 4> rows {{
+    constexpr std::array<OptionRow, 4> rows{{
         {&KbdApp::xkbModel, "model"},
         {&KbdApp::xkbLayout, "layout"},
         {&KbdApp::xkbVariant, "variant"},
@@ -292,16 +292,16 @@ void KbdApp::selectKeyboardEvents()
         throw XkbInitError;
     XkbSelectEvents(display, x11::coreKeyboard, XkbMapNotifyMask, XkbMapNotifyMask);
     if (toFocus)
-        XkbSelectEventDetails(display, x11::coreKeyboard, XkbStateNotify, XkbModifierLockMask,
-            XkbModifierLockMask);
+        XkbSelectEventDetails(
+            display, x11::coreKeyboard, XkbStateNotify, XkbModifierLockMask, XkbModifierLockMask);
 
     eventBridge = std::make_unique<XcbEventBridge>(
         display, [this](XEvent* event) { return x11EventFilter(event); });
     installNativeEventFilter(eventBridge.get());
     if (!toFocus)
         return;
-    physicalKeys = std::make_unique<PhysicalKeys>(
-        display, [this](XEvent* event) { x11EventFilter(event); });
+    physicalKeys =
+        std::make_unique<PhysicalKeys>(display, [this](XEvent* event) { x11EventFilter(event); });
     installNativeEventFilter(physicalKeys.get());
 }
 

@@ -38,7 +38,7 @@ void KbdSwitcher::setComponentNames(XkbComponentNamesRec* names)
 
 QStringList KbdSwitcher::arguments() const
 {
-    QStringList list {QStringLiteral("--parent"), QString::number(getpid()),
+    QStringList list{QStringLiteral("--parent"), QString::number(getpid()),
         QStringLiteral("--window"), QString::number(static_cast<quint32>(window)),
         QStringLiteral("--display"), QString::fromLocal8Bit(XDisplayString(display))};
     appendOption(list, "--keycodes", keycodes);

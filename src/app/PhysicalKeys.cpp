@@ -18,9 +18,8 @@ constexpr char xTestProperty[] = "XTEST Device";
 constexpr uint32_t repeatFlag = XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT;
 
 struct RawKeySelection {
-    xcb_input_event_mask_t head {XCB_INPUT_DEVICE_ALL_MASTER, 1};
-    uint32_t mask
-        = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+    xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL_MASTER, 1};
+    uint32_t mask = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
 };
 
 struct CFree {
@@ -34,14 +33,14 @@ PhysicalKeys::PhysicalKeys(Display* xDisplay, Receiver keyReceiver)
     , receiver(std::move(keyReceiver))
 {
     xcb_connection_t* connection = toolkitConnection();
-    const xcb_query_extension_reply_t* extension
-        = xcb_get_extension_data(connection, &xcb_input_id);
+    const xcb_query_extension_reply_t* extension =
+        xcb_get_extension_data(connection, &xcb_input_id);
     if (!extension || !extension->present)
         return;
     opcode = extension->major_opcode;
     const RawKeySelection selection;
-    xcb_input_xi_select_events(connection,
-        static_cast<xcb_window_t>(DefaultRootWindow(display)), 1, &selection.head);
+    xcb_input_xi_select_events(
+        connection, static_cast<xcb_window_t>(DefaultRootWindow(display)), 1, &selection.head);
 }
 
 bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
@@ -57,9 +56,9 @@ bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
     // A dialog of ours that has the focus gets the ordinary event as well.
     if ((key->flags & repeatFlag) || QApplication::focusWidget() || isXTestDevice(key->sourceid))
         return false;
-    XEvent event = keyEvent(
-        generic->event_type == XCB_INPUT_RAW_KEY_PRESS ? x11::keyPress : x11::keyRelease,
-        key->detail, key->time);
+    XEvent event =
+        keyEvent(generic->event_type == XCB_INPUT_RAW_KEY_PRESS ? x11::keyPress : x11::keyRelease,
+            key->detail, key->time);
     receiver(&event);
     return false;
 }
@@ -84,10 +83,10 @@ bool PhysicalKeys::isXTestDevice(int device)
 
 XEvent PhysicalKeys::keyEvent(int type, unsigned int keycode, Time time) const
 {
-    XkbStateRec state {};
+    XkbStateRec state{};
     XkbGetState(display, x11::coreKeyboard, &state);
 
-    XEvent event {};
+    XEvent event{};
     XKeyEvent& key = event.xkey;
     key.type = type;
     key.display = display;

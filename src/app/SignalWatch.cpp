@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr std::array<int, 3> endingSignals {SIGTERM, SIGINT, SIGHUP};
+constexpr std::array<int, 3> endingSignals{SIGTERM, SIGINT, SIGHUP};
 
 // Reading and writing end. Lives as long as the process: a signal may come at any time.
-std::array<int, 2> wakeUpPipe {-1, -1};
+std::array<int, 2> wakeUpPipe{-1, -1};
 
 void wakeUp(int)
 {
@@ -39,7 +39,7 @@ SignalWatch::SignalWatch(QObject* parent)
             emit askedToEnd();
     });
 
-    struct sigaction action {};
+    struct sigaction action { };
     action.sa_handler = wakeUp;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (const int number : endingSignals)

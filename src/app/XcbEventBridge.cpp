@@ -11,7 +11,7 @@ constexpr int firstExtensionEvent = 64; // X protocol, "Event encoding"
 
 XEvent keyEvent(Display* display, const xcb_key_press_event_t& source, int type)
 {
-    XEvent event {};
+    XEvent event{};
     XKeyEvent& key = event.xkey;
     key.type = type;
     key.serial = source.sequence;
@@ -50,7 +50,7 @@ bool XcbEventBridge::nativeEventFilter(const QByteArray&, void* message, qintptr
     if (type < firstExtensionEvent)
         return false;
 
-    XkbEvent event {};
+    XkbEvent event{};
     event.type = type;
     event.any.display = display;
     event.any.xkb_type = generic->pad0;

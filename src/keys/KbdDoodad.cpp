@@ -199,13 +199,12 @@ void KbdDoodad::paintLogo(QPainter* painter)
         return;
     const QSize onScreen = flagPixmap.size().scaled(
         truncated(scale * shapeData.width, scale * shapeData.height), Qt::KeepAspectRatio);
-    const QSize size = (onScreen.isEmpty() ? flagPixmap.size() : onScreen)
-                           .scaled(truncated(shapeData.width, shapeData.height),
-                               Qt::KeepAspectRatio);
+    const QSize size =
+        (onScreen.isEmpty() ? flagPixmap.size() : onScreen)
+            .scaled(truncated(shapeData.width, shapeData.height), Qt::KeepAspectRatio);
     const QRectF target(QPointF(0, 0), size);
     const QSize pixels = painter->deviceTransform().mapRect(target).size().toSize();
     if (scaledFlag.size() != pixels)
-        scaledFlag
-            = flagPixmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        scaledFlag = flagPixmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     painter->drawPixmap(target, scaledFlag, scaledFlag.rect());
 }

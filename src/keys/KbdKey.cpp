@@ -25,7 +25,7 @@ struct ModifierNameRow {
     const char* name;
 };
 
-constexpr std::array<ModifierNameRow, 18> modifierNames {{
+constexpr std::array<ModifierNameRow, 18> modifierNames{{
     {XK_Caps_Lock, "CapsLock"},
     {XK_Num_Lock, "NumLock"},
     {XK_Scroll_Lock, "ScrollLock"},
@@ -116,8 +116,8 @@ void KbdKey::readSymbols()
                 if (slot < 0)
                     continue;
                 readSymbol(layout, *wrappedGroup, level);
-                const Atom levelName
-                    = keyType.level_names ? keyType.level_names[level] : Atom(x11::none);
+                const Atom levelName =
+                    keyType.level_names ? keyType.level_names[level] : Atom(x11::none);
                 details.addSymbol({layout, context.display->atomName(levelName), keysyms.at(slot),
                     symbolNames.at(slot), symbolLabels.at(slot)});
             }
@@ -393,11 +393,10 @@ void KbdKey::paintAllLabels(KeyCapPainter& cap, int wrappedGroup, const CapLevel
     const double right = std::trunc(area.x() + area.width() / 2);
     const double upper = std::trunc(area.y());
     const double lower = std::trunc(area.height() / 2 + area.y());
-    const QSizeF cell(
-        shown.hasThirdLevel() ? area.width() / 2 : area.width(), area.height() / 2);
+    const QSizeF cell(shown.hasThirdLevel() ? area.width() / 2 : area.width(), area.height() / 2);
 
     // In the order of CapLevels::Position.
-    const std::array<QPointF, 4> corners {
+    const std::array<QPointF, 4> corners{
         {{left, lower}, {left, upper}, {right, lower}, {right, upper}}};
     for (std::size_t position = 0; position < corners.size(); ++position) {
         if (!shown.levels[position])

@@ -49,8 +49,8 @@ int alignment(const QString& text)
 
 double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 {
-    const double ratio
-        = std::max(text.width() / room.width(), text.height() / room.height()) + fitMargin;
+    const double ratio =
+        std::max(text.width() / room.width(), text.height() / room.height()) + fitMargin;
     const double fitting = size / ratio;
     return fitting >= smallestSize ? std::trunc(fitting) : smallestSize;
 }
@@ -88,7 +88,8 @@ void KeyCapPainter::drawDeadCell(const QRectF& cell)
     painter->setPen(Qt::NoPen);
     painter->setBrush(keyColour(KeyColour::TopDead, scheme));
     painter->drawRect(QRectF(QPointF(cell.x() + 1, cell.y() + 1),
-        QPointF(cell.x() + std::trunc(cell.width() - 2), cell.y() + std::trunc(cell.height() - 2))));
+        QPointF(
+            cell.x() + std::trunc(cell.width() - 2), cell.y() + std::trunc(cell.height() - 2))));
 }
 
 void KeyCapPainter::drawLabel(const CapLabel& label)

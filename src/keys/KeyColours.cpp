@@ -10,7 +10,7 @@ struct ColourRow {
     QRgb print;
 };
 
-constexpr std::array<ColourRow, 12> colours {{
+constexpr std::array<ColourRow, 12> colours{{
     {KeyColour::BodyNormal, qRgb(34, 34, 34), qRgb(255, 255, 255)},
     {KeyColour::TopNormal, qRgb(68, 68, 68), qRgb(255, 255, 255)},
     {KeyColour::BodyDead, qRgb(34, 68, 68), qRgb(153, 255, 255)},

@@ -9,7 +9,10 @@ constexpr int groupCountBits = 0x0f;
 constexpr int clampBit = 0x40;
 constexpr int redirectBit = 0x80;
 
-constexpr int redirectGroup(unsigned char groupInfo) { return (groupInfo >> 4) & 3; }
+constexpr int redirectGroup(unsigned char groupInfo)
+{
+    return (groupInfo >> 4) & 3;
+}
 
 void takeFirst(std::optional<int>& position, int level)
 {

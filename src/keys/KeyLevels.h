@@ -24,7 +24,7 @@ struct CapLevels {
     enum Position { Base, Shift, Third, ShiftThird };
 
     // Indexed by Position; nothing where the key type has no such level.
-    std::array<std::optional<int>, 4> levels {0};
+    std::array<std::optional<int>, 4> levels{0};
 
     int count() const;
     bool hasThirdLevel() const { return levels[Third] || levels[ShiftThird]; }

@@ -34,7 +34,7 @@ GroupNames groupNamesOf(const QString& symbolsName, int groupCount)
     static const QRegularExpression part(
         QStringLiteral("^([^(:]+)(?:\\(([^)]*)\\))?(?::([1-4]))?$"));
 
-    GroupNames names {QStringList(groupCount), QStringList(groupCount)};
+    GroupNames names{QStringList(groupCount), QStringList(groupCount)};
     const QStringList parts = symbolsName.split(QLatin1Char('+'));
     for (const QString& text : parts) {
         // The rules put the layouts between these two, and what options add behind them.

@@ -54,8 +54,8 @@ KbdGeometry::KbdGeometry(QString model, QString layout, QString variant, QString
     int error = 0;
     int major = 0;
     int minor = 0;
-    useXTest
-        = wantXTest && XTestQueryExtension(xDisplay->xDisplay(), &event, &error, &major, &minor);
+    useXTest =
+        wantXTest && XTestQueryExtension(xDisplay->xDisplay(), &event, &error, &major, &minor);
     loadKeyboard({model, layout, variant, options}, *names);
 
     setScene(keyboardScene);
@@ -126,7 +126,7 @@ void KbdGeometry::loadKeyboard(const QStringList& captions, const XkbComponentNa
 // Every atom whose name the picture needs, so that none is asked for alone.
 void KbdGeometry::learnAtomNames()
 {
-    QList<Atom> atoms {xkb->names->symbols};
+    QList<Atom> atoms{xkb->names->symbols};
     for (const Atom name : xkb->names->vmods)
         atoms << name;
     for (const Atom name : xkb->names->groups)
@@ -240,7 +240,7 @@ void KbdGeometry::connectDoodad(KbdDoodad* doodad, const QString& name)
 
 void KbdGeometry::addKeys()
 {
-    const KeyContext context {xDisplay.get(), xkb.get(), labelTable.get(), labelNames.layouts,
+    const KeyContext context{xDisplay.get(), xkb.get(), labelTable.get(), labelNames.layouts,
         labelNames.variants, lockModifiers};
     for (auto place = placements.keys.cbegin(); place != placements.keys.cend(); ++place)
         addKey(context, place.key(), place.value());
@@ -272,14 +272,14 @@ void KbdGeometry::addKey(
 
 void KbdGeometry::connectKey(KbdKey* key)
 {
-    connect(key, SIGNAL(modifierPressed(KeyCode,KeyType_t,ShiftMask_t)), this,
-        SLOT(modifierPressed(KeyCode,KeyType_t,ShiftMask_t)));
-    connect(key, SIGNAL(modifierReleased(KeyCode,KeyType_t,ShiftMask_t)), this,
-        SLOT(modifierReleased(KeyCode,KeyType_t,ShiftMask_t)));
-    connect(key, SIGNAL(virtualKeyPress(QString&,QString&)), this,
-        SLOT(gotVirtualKeyPress(QString&,QString&)));
-    connect(key, SIGNAL(virtualKeyRelease(QString&,QString&)), this,
-        SLOT(gotVirtualKeyRelease(QString&,QString&)));
+    connect(key, SIGNAL(modifierPressed(KeyCode, KeyType_t, ShiftMask_t)), this,
+        SLOT(modifierPressed(KeyCode, KeyType_t, ShiftMask_t)));
+    connect(key, SIGNAL(modifierReleased(KeyCode, KeyType_t, ShiftMask_t)), this,
+        SLOT(modifierReleased(KeyCode, KeyType_t, ShiftMask_t)));
+    connect(key, SIGNAL(virtualKeyPress(QString&, QString&)), this,
+        SLOT(gotVirtualKeyPress(QString&, QString&)));
+    connect(key, SIGNAL(virtualKeyRelease(QString&, QString&)), this,
+        SLOT(gotVirtualKeyRelease(QString&, QString&)));
     connect(key, SIGNAL(mouseKeyPressOut(KeyCode)), this, SLOT(synthesizeKeyPress(KeyCode)));
     connect(key, SIGNAL(mouseKeyReleaseOut(KeyCode)), this, SLOT(synthesizeKeyRelease(KeyCode)));
 }
@@ -303,9 +303,9 @@ void KbdGeometry::pairModifierKeys()
 void KbdGeometry::lightIndicators()
 {
     for (const auto& [modifier, indicator] :
-        {std::pair {QStringLiteral("CapsLock"), capsLockIndicator},
-            std::pair {QStringLiteral("NumLock"), numLockIndicator},
-            std::pair {QStringLiteral("ScrollLock"), scrollLockIndicator}}) {
+        {std::pair{QStringLiteral("CapsLock"), capsLockIndicator},
+            std::pair{QStringLiteral("NumLock"), numLockIndicator},
+            std::pair{QStringLiteral("ScrollLock"), scrollLockIndicator}}) {
         if (indicator)
             indicator->setActive(modifierState & maskOf(modifier));
     }
@@ -317,8 +317,8 @@ void KbdGeometry::addBackground()
     if (bounds.isEmpty())
         bounds.widen(0, 0, xkb->geom->width_mm, xkb->geom->height_mm);
 
-    const QRectF area(bounds.minX, bounds.minY, bounds.maxX - bounds.minX,
-        bounds.maxY - bounds.minY);
+    const QRectF area(
+        bounds.minX, bounds.minY, bounds.maxX - bounds.minX, bounds.maxY - bounds.minY);
     const bool hasBaseColour = xkb->geom->base_color;
     background = keyboardScene->addRect(
         area.adjusted(-backgroundMargin, -backgroundMargin, backgroundMargin, backgroundMargin),
@@ -334,8 +334,8 @@ void KbdGeometry::addCaptions(const QStringList& captions)
     modelText = addCaption(tr("Model:  %1").arg(captions.at(0)), bounds.minX, y);
     layoutText = addCaption(tr("Layout:  %1").arg(captions.at(1)), bounds.minX + width / 4, y);
     variantText = addCaption(tr("Variant:  %1").arg(captions.at(2)), bounds.minX + width / 2, y);
-    optionsText
-        = addCaption(tr("Options:  %1").arg(captions.at(3)), bounds.minX + (3 * width) / 4, y);
+    optionsText =
+        addCaption(tr("Options:  %1").arg(captions.at(3)), bounds.minX + (3 * width) / 4, y);
 }
 
 // A caption has a quarter of the picture's width; what is longer is cut, so that it does not run
@@ -470,7 +470,7 @@ ShiftMask_t KbdGeometry::maskOf(const QString& modifier)
 
 XkbStateRec KbdGeometry::serverState() const
 {
-    XkbStateRec state {};
+    XkbStateRec state{};
     XkbGetState(xDisplay->xDisplay(), x11::coreKeyboard, &state);
     return state;
 }
@@ -544,8 +544,8 @@ void KbdGeometry::x11LockStateChangedIn()
 
 void KbdGeometry::followLocks(ShiftMask_t locked)
 {
-    for (const auto& lock : {QStringLiteral("CapsLock"), QStringLiteral("NumLock"),
-             QStringLiteral("ScrollLock")}) {
+    for (const auto& lock :
+        {QStringLiteral("CapsLock"), QStringLiteral("NumLock"), QStringLiteral("ScrollLock")}) {
         const ShiftMask_t mask = maskOf(lock);
         if (mask & (locked ^ modifierState))
             modifierPressed(modifierKeycodes[lock], XkbSA_LockMods, mask);

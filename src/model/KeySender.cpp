@@ -55,7 +55,7 @@ Window KeySender::focusWindow() const
 
 void KeySender::sendEvent(int type, const SyntheticKey& key)
 {
-    XEvent event {};
+    XEvent event{};
     XKeyEvent& keyEvent = event.xkey;
     keyEvent.type = type;
     keyEvent.display = display;
@@ -66,7 +66,7 @@ void KeySender::sendEvent(int type, const SyntheticKey& key)
     keyEvent.keycode = key.keycode;
     keyEvent.same_screen = x11::xTrue;
 
-    XWindowAttributes attributes {};
+    XWindowAttributes attributes{};
     if (XGetWindowAttributes(display, keyEvent.window, &attributes)) {
         keyEvent.x = attributes.width / 2;
         keyEvent.y = attributes.height / 2;

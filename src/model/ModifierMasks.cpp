@@ -2,7 +2,7 @@
 
 QMap<QString, ShiftMask_t> modifierMasksOf(const XkbDescRec& xkb, XDisplayClass& display)
 {
-    QMap<QString, ShiftMask_t> masks {
+    QMap<QString, ShiftMask_t> masks{
         {QStringLiteral("Shift"), x11::shiftMask},
         {QStringLiteral("CapsLock"), x11::lockMask},
         {QStringLiteral("Control"), x11::controlMask},

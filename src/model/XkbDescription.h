@@ -5,7 +5,10 @@
 #include <memory>
 
 struct FreeXkbDescription {
-    void operator()(XkbDescRec* xkb) const { XkbFreeKeyboard(xkb, XkbAllComponentsMask, x11::xTrue); }
+    void operator()(XkbDescRec* xkb) const
+    {
+        XkbFreeKeyboard(xkb, XkbAllComponentsMask, x11::xTrue);
+    }
 };
 
 // A complete keyboard description: names, client and server map and a geometry are all there, and

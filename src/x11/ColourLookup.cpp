@@ -19,7 +19,7 @@ std::optional<Colour> answer(xcb_connection_t* connection, xcb_lookup_color_cook
         xcb_lookup_color_reply(connection, cookie, nullptr));
     if (!reply)
         return std::nullopt;
-    return Colour {reply->exact_red, reply->exact_green, reply->exact_blue};
+    return Colour{reply->exact_red, reply->exact_green, reply->exact_blue};
 }
 
 } // namespace
@@ -28,8 +28,8 @@ std::vector<std::optional<Colour>> lookUpColours(
     Display* display, const std::vector<std::string>& names)
 {
     xcb_connection_t* connection = XGetXCBConnection(display);
-    const auto colormap
-        = static_cast<xcb_colormap_t>(DefaultColormap(display, DefaultScreen(display)));
+    const auto colormap =
+        static_cast<xcb_colormap_t>(DefaultColormap(display, DefaultScreen(display)));
 
     std::vector<xcb_lookup_color_cookie_t> cookies;
     for (const std::string& name : names)

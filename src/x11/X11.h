@@ -1,8 +1,8 @@
 #pragma once
 
-// The one door to Xlib, XKB, XTest and the X input extension. Everything else includes this header and never <X11/…>
-// itself: Xlib's macros carry names that Qt and moc use as identifiers, so they end here, and the
-// few constants that the program needs come back with a type.
+// The one door to Xlib, XKB, XTest and the X input extension. Everything else includes this header
+// and never <X11/…> itself: Xlib's macros carry names that Qt and moc use as identifiers, so they
+// end here, and the few constants that the program needs come back with a type.
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>

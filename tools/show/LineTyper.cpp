@@ -23,7 +23,10 @@ constexpr char thirdLevelCandidates[] = "@{[|~\\";
 constexpr KeySym firstDeadKeysym = 0xfe50;
 constexpr KeySym lastDeadKeysym = 0xfeff;
 
-bool needsShift(int level) { return level % 2 == 1; }
+bool needsShift(int level)
+{
+    return level % 2 == 1;
+}
 
 QImage grab(const QRect& area)
 {
@@ -35,16 +38,15 @@ QImage grab(const QRect& area)
 // Releases of every key, XTest's too, whatever window has the focus.
 void selectKeyReleases(Display* display)
 {
-    std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits {};
+    std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits{};
     XISetMask(bits.data(), XI_RawKeyRelease);
-    XIEventMask mask {XIAllMasterDevices, static_cast<int>(bits.size()), bits.data()};
+    XIEventMask mask{XIAllMasterDevices, static_cast<int>(bits.size()), bits.data()};
     XISelectEvents(display, DefaultRootWindow(display), &mask, 1);
 }
 
 } // namespace
 
-LineTyper::LineTyper(
-    Display* xDisplay, const KbdGeometry& samePicture, const PictureLocator& place)
+LineTyper::LineTyper(Display* xDisplay, const KbdGeometry& samePicture, const PictureLocator& place)
     : display(xDisplay)
     , picture(samePicture)
     , locator(place)
@@ -112,8 +114,8 @@ QString LineTyper::lettersOfThirdRow() const
 
 QString LineTyper::suggestLine() const
 {
-    QString line = strokeFor(QLatin1Char('H')).key ? QString::fromLatin1(words)
-                                                   : lettersOfThirdRow();
+    QString line =
+        strokeFor(QLatin1Char('H')).key ? QString::fromLatin1(words) : lettersOfThirdRow();
     for (const char candidate : thirdLevelCandidates) {
         const Stroke stroke = strokeFor(QLatin1Char(candidate));
         if (candidate != '\0' && stroke.key && stroke.level == thirdLevel)
@@ -151,8 +153,8 @@ void LineTyper::click(const KbdKey* key)
     const QRect cap = capOnScreen(key);
     const QImage before = grab(cap);
     // To the right of the middle: that is cap on an L-shaped Return, too.
-    XTestFakeMotionEvent(display, -1, cap.x() + cap.width() * 7 / 10,
-        cap.y() + cap.height() * 6 / 10, CurrentTime);
+    XTestFakeMotionEvent(
+        display, -1, cap.x() + cap.width() * 7 / 10, cap.y() + cap.height() * 6 / 10, CurrentTime);
     XTestFakeButtonEvent(display, Button1, x11::xTrue, CurrentTime);
     XTestFakeButtonEvent(display, Button1, x11::xFalse, CurrentTime);
     XFlush(display);
@@ -167,7 +169,7 @@ void LineTyper::click(const KbdKey* key)
 bool LineTyper::keyWasReleased(KeyCode keycode)
 {
     while (XPending(display) > 0) {
-        XEvent event {};
+        XEvent event{};
         XNextEvent(display, &event);
         XGenericEventCookie& cookie = event.xcookie;
         if (cookie.type != GenericEvent || !XGetEventData(display, &cookie))

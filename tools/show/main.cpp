@@ -57,8 +57,8 @@ Settings settingsIn(const QStringList& arguments)
 
 QStringList setxkbmapArguments(const Settings& settings)
 {
-    QStringList arguments {QStringLiteral("-model"), settings.model, QStringLiteral("-layout"),
-        settings.layout};
+    QStringList arguments{
+        QStringLiteral("-model"), settings.model, QStringLiteral("-layout"), settings.layout};
     if (!settings.variant.isEmpty())
         arguments << QStringLiteral("-variant") << settings.variant;
     return arguments;
@@ -67,7 +67,7 @@ QStringList setxkbmapArguments(const Settings& settings)
 // The keyboard that the program shows, for the places of its keys; never shown itself.
 std::unique_ptr<KbdGeometry> samePicture(Display* display, const Settings& settings)
 {
-    XkbComponentNamesRec names {};
+    XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
     if (!queryComponentNames(
             &names, display, settings.model, settings.layout, settings.variant, QString()))
@@ -87,8 +87,7 @@ bool hasFocus(Display* display, Window window)
 Window waitForWindow(Display* display, qint64 processId)
 {
     Window window = x11::none;
-    if (!QTest::qWaitFor(
-            [&] { return (window = mainWindowOf(display, processId)) != x11::none; },
+    if (!QTest::qWaitFor([&] { return (window = mainWindowOf(display, processId)) != x11::none; },
             startDeadline))
         throw std::runtime_error("a program shows no window");
     return window;

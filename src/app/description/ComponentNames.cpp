@@ -20,7 +20,7 @@ struct ComponentSection {
     bool required;
 };
 
-constexpr std::array<ComponentSection, 6> sections {{
+constexpr std::array<ComponentSection, 6> sections{{
     {&XkbComponentNamesRec::keymap, "xkb_keymap", false},
     {&XkbComponentNamesRec::keycodes, "xkb_keycodes", true},
     {&XkbComponentNamesRec::types, "xkb_types", true},
@@ -35,7 +35,7 @@ struct GeometryReplacement {
     const char* used;
 };
 
-constexpr std::array<GeometryReplacement, 5> platformGeometries {{
+constexpr std::array<GeometryReplacement, 5> platformGeometries{{
     {"pc(pc104)", "pc-arvane(pc104)"},
     {"pc(pc105)", "pc-arvane(pc105)"},
     {"pc(jp106)", "pc-arvane(jp106)"},
@@ -77,7 +77,7 @@ bool queryComponentNames(XkbComponentNamesRec* names, Display* display, const QS
     const QString& layout, const QString& variant, const QString& options)
 {
     *names = {};
-    QStringList arguments {
+    QStringList arguments{
         QStringLiteral("-display"), QString::fromLocal8Bit(XDisplayString(display))};
     appendOption(arguments, "-model", model);
     appendOption(arguments, "-layout", layout);

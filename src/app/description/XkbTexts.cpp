@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::array<const char*, 3> domains {"xkeyboard-config", "iso_3166", "iso_639"};
+constexpr std::array<const char*, 3> domains{"xkeyboard-config", "iso_3166", "iso_639"};
 
 } // namespace
 
