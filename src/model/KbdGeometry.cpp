@@ -147,7 +147,9 @@ void KbdGeometry::readModifiers()
     lockModifiers = lockModifiersOf(modifierMasks);
     for (auto mask = modifierMasks.keyBegin(); mask != modifierMasks.keyEnd(); ++mask)
         modifierKeycodes.insert(*mask, 0);
-    modifierState = lockModifiers & serverState().locked_mods;
+    const XkbStateRec state = serverState();
+    modifierState = lockModifiers & state.locked_mods;
+    groupAtLoad = state.locked_group;
 }
 
 void KbdGeometry::readKeyAliases()
@@ -475,10 +477,9 @@ XkbStateRec KbdGeometry::serverState() const
     return state;
 }
 
-KeyGroup_t KbdGeometry::serverGroup() const
+KeyGroup_t KbdGeometry::firstGroup() const
 {
-    const KeyGroup_t locked = serverState().locked_group;
-    return locked != 0 && serverHasThisManyGroups() ? locked : groupNum;
+    return groupAtLoad != 0 && serverHasThisManyGroups() ? groupAtLoad : groupNum;
 }
 
 // Otherwise the keyboard in the server is another than the one shown, and its groups mean nothing

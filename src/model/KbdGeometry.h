@@ -66,9 +66,9 @@ public:
     using GroupObserver = std::function<void(KeyGroup_t)>;
     void observeGroup(GroupObserver observer) { groupObserver = std::move(observer); }
 
-    // The group that is locked in the server now; the group shown when the server has another
-    // keyboard than this one.
-    KeyGroup_t serverGroup() const;
+    // The group to begin with: that locked in the server when this keyboard was loaded, unless the
+    // server has another keyboard.
+    KeyGroup_t firstGroup() const;
 
     // The physical keyboard is out of sight from now on: keys shown as pressed are let go.
     void releasePhysicalKeys();
@@ -170,5 +170,6 @@ private:
     bool useXTest = false;
     std::unique_ptr<KeySender> sender;
     GroupObserver groupObserver;
+    KeyGroup_t groupAtLoad = 0; // locked in the server
     Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
 };

@@ -1,5 +1,7 @@
 #include "ui/CKbdSpecSelector.h"
 
+#include "ui/ControlCombo.h"
+#include "ui/FileIconEngine.h"
 #include "ui/KbdConstants.h"
 #include "ui/PackageTest.h"
 #include "ui/SpecTable.h"
@@ -12,6 +14,10 @@
 namespace {
 
 const QLatin1StringView customName("<Custom>");
+
+// The width of the control, in letters. Measuring the entries instead would load a font for each
+// of their scripts before the window opens.
+constexpr int usualNameLength = 30;
 
 // Whether a font that can draw the native script of the country's name is installed.
 bool canDrawNativeName(const QString& country, PackageTest& packages)
@@ -40,8 +46,9 @@ bool describes(
 CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent)
     : QComboBox(parent)
 {
-    setFocusPolicy(Qt::NoFocus);
-    setIconSize(KbdConstants::controlIconSize);
+    ControlCombo::setUp(*this);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(usualNameLength);
     readSpecTable(withCustom);
     connect(this, SIGNAL(currentIndexChanged(int)), this, SLOT(selectionChanged(int)));
     connect(this, SIGNAL(activated(int)), this, SLOT(userSelectionChanged(int)));
@@ -95,7 +102,8 @@ void CKbdSpecSelector::addEntryItems()
     for (const kbdSpec_t* spec : std::as_const(specs)) {
         auto icon = icons.constFind(spec->icon);
         if (icon == icons.cend())
-            icon = icons.insert(spec->icon, KbdConstants::icon(spec->icon));
+            icon = icons.insert(
+                spec->icon, FileIconEngine::iconOf(KbdConstants::iconPath(spec->icon)));
         addItem(*icon, spec->displayName);
     }
 }

@@ -1,5 +1,7 @@
 #include "ui/GroupCombo.h"
 
+#include "ui/ControlCombo.h"
+#include "ui/FileIconEngine.h"
 #include "ui/KbdConstants.h"
 #include "ui/SpecTable.h"
 
@@ -38,8 +40,7 @@ GroupCombo::GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent
     if (iconOnly)
         label->hide();
 
-    combo->setFocusPolicy(Qt::NoFocus);
-    combo->setIconSize(KbdConstants::controlIconSize);
+    ControlCombo::setUp(*combo);
     addWidget(combo);
     connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));
     connect(combo, SIGNAL(currentIndexChanged(int)), this, SLOT(internalCurrentIndexChanged(int)));
@@ -68,12 +69,18 @@ void GroupCombo::setItems(const QStringList& items)
         combo->setCurrentIndex(remembered);
 }
 
+void GroupCombo::setCurrentIndex(int index)
+{
+    if (index >= 0 && index < combo->count())
+        combo->setCurrentIndex(index);
+}
+
 void GroupCombo::setGroupLayouts(const QStringList& layouts)
 {
     for (int i = 0; i < layouts.size(); ++i) {
         const QString path = flagPath(layouts.at(i));
         ensureItem(i);
-        combo->setItemIcon(i, path.isEmpty() ? QIcon() : QIcon(path));
+        combo->setItemIcon(i, FileIconEngine::iconOf(path));
         if (iconOnly)
             combo->setItemText(i, path.isEmpty() ? QString::number(i + 1) : QString());
     }

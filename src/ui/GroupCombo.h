@@ -26,6 +26,9 @@ public:
     // Replaces all items. The current index stays where it is if there is still such an item.
     void setItems(const QStringList& items);
 
+    // Selects the item, as the user would; nothing for an index that there is none for.
+    void setCurrentIndex(int index);
+
     // Puts the flag of layouts[i] on item i, adding items as needed. The ":2" that a keymap's
     // symbols name puts after a second group's layout does not count.
     void setGroupLayouts(const QStringList& layouts);

@@ -35,9 +35,3 @@ QString KbdConstants::iconPath(const QString& fileName)
     const auto found = std::find_if(places.cbegin(), places.cend(), isReadableFile);
     return found == places.cend() ? QString() : *found;
 }
-
-QIcon KbdConstants::icon(const QString& fileName)
-{
-    const QString path = iconPath(fileName);
-    return path.isEmpty() ? QIcon() : QIcon(path);
-}

@@ -1,10 +1,21 @@
 #include "ui/KeycapCombo.h"
 
+#include "ui/ControlCombo.h"
+#include "ui/FileIconEngine.h"
 #include "ui/KbdConstants.h"
 
 #include <QComboBox>
 #include <QIcon>
 #include <QLabel>
+
+namespace {
+
+QIcon iconOf(const QString& fileName)
+{
+    return FileIconEngine::iconOf(KbdConstants::iconPath(fileName));
+}
+
+} // namespace
 
 KeycapCombo::KeycapCombo(bool onlyIcons, QWidget* parent)
     // The toolkit complains of a second layout for one widget.
@@ -18,12 +29,11 @@ KeycapCombo::KeycapCombo(bool onlyIcons, QWidget* parent)
     if (iconOnly)
         label->hide();
 
-    combo->setFocusPolicy(Qt::NoFocus);
-    combo->setIconSize(KbdConstants::controlIconSize);
-    combo->addItem(KbdConstants::icon(QStringLiteral("/singlekey.png")),
+    ControlCombo::setUp(*combo);
+    combo->addItem(iconOf(QStringLiteral("/singlekey.png")),
         iconOnly ? QString() : tr("Active Character Only"));
-    combo->addItem(KbdConstants::icon(QStringLiteral("/fullkey.png")),
-        iconOnly ? QString() : tr("Multiple Characters"));
+    combo->addItem(
+        iconOf(QStringLiteral("/fullkey.png")), iconOnly ? QString() : tr("Multiple Characters"));
     addWidget(combo);
     combo->setToolTip(tr("Keycap display mode"));
     connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));

@@ -159,6 +159,7 @@ void MainWindow::connectView()
         SLOT(x11KeyReleaseEventIn(XKeyEvent*)));
     connect(this, SIGNAL(x11LockStateChangedOut()), view, SLOT(x11LockStateChangedIn()));
     connect(this, SIGNAL(x11NewKbdEventOut()), view, SLOT(x11NewKbdEventIn()));
+    view->observeGroup([this](KeyGroup_t group) { groupCombo->setCurrentIndex(group); });
 }
 
 void MainWindow::showLayoutSelector(bool visible)
@@ -206,6 +207,9 @@ void MainWindow::modeChanged(int which)
 
 void MainWindow::levelChanged(int which)
 {
+    // While its items are replaced the combo has none selected: that is no choice of a group.
+    if (which < 0)
+        return;
     view->setGroupNum(static_cast<KeyGroup_t>(which));
 }
 

@@ -8,11 +8,6 @@ namespace {
 constexpr int statusTimeout = 1000; // milliseconds for dpkg
 constexpr int searchTimeout = 100; // milliseconds that grep may take longer
 
-bool endsInTime(QProcess& process, int timeout)
-{
-    return process.waitForFinished(timeout) && process.exitStatus() == QProcess::NormalExit;
-}
-
 // A process object complains when it goes before its process.
 void endNow(QProcess& process)
 {
@@ -50,11 +45,11 @@ bool askPackageManager(const QString& package)
     dpkg.start();
     grep.start();
 
-    const bool installed =
-        endsInTime(dpkg, statusTimeout) && endsInTime(grep, searchTimeout) && grep.exitCode() == 0;
+    // How dpkg ends says nothing: grep stops reading at the line that it looks for.
+    const bool ended = dpkg.waitForFinished(statusTimeout) && grep.waitForFinished(searchTimeout);
     endNow(dpkg);
     endNow(grep);
-    return installed;
+    return ended && grep.exitStatus() == QProcess::NormalExit && grep.exitCode() == 0;
 }
 
 } // namespace

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QIcon>
+#include <QIconEngine>
+#include <QSize>
+#include <QString>
+
+#include <optional>
+
+// An icon from an image file that is decoded when it is first drawn. QIcon decodes a file at once,
+// which for a flag for each of a hundred keyboards takes longer than opening the window. A file
+// that is no image draws nothing.
+class FileIconEngine : public QIconEngine {
+public:
+    // An icon of the image file; null for an empty path.
+    static QIcon iconOf(const QString& imagePath);
+
+    explicit FileIconEngine(const QString& imagePath);
+
+    QIconEngine* clone() const override;
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
+
+    // Asked for every entry of a list that opens, so it reads the image's header only.
+    QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
+
+private:
+    const QIcon& image();
+
+    QString path;
+    std::optional<QIcon> decoded;
+    std::optional<QSize> imageSize; // in pixels; invalid when the file is no image
+};

@@ -1,0 +1,391 @@
+#include "ui/SpecTable.h"
+
+#include <QFile>
+#include <QHash>
+#include <QImage>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringDecoder>
+#include <QTest>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace {
+
+// What the installed keyboard rules say of a layout or of one of its variants.
+struct RuleItem {
+    QStringList countries; // ISO 3166, capitals
+    QStringList languages; // ISO 639-2 or -3
+};
+
+struct RuleLayout : RuleItem {
+    QHash<QString, RuleItem> variants;
+};
+
+using Rules = QHash<QString, RuleLayout>;
+
+// A configItem element: its name and, into `item`, what it belongs to.
+QString readConfigItem(QXmlStreamReader& xml, RuleItem& item)
+{
+    QString name;
+    while (xml.readNext() != QXmlStreamReader::Invalid) {
+        if (xml.isEndElement() && xml.name() == QLatin1String("configItem"))
+            break;
+        if (!xml.isStartElement())
+            continue;
+        if (xml.name() == QLatin1String("name"))
+            name = xml.readElementText();
+        else if (xml.name() == QLatin1String("iso3166Id"))
+            item.countries.append(xml.readElementText());
+        else if (xml.name() == QLatin1String("iso639Id"))
+            item.languages.append(xml.readElementText());
+    }
+    return name;
+}
+
+RuleLayout readLayout(QXmlStreamReader& xml, QString& name)
+{
+    RuleLayout layout;
+    bool isVariant = false;
+    while (xml.readNext() != QXmlStreamReader::Invalid) {
+        if (xml.isEndElement() && xml.name() == QLatin1String("layout"))
+            break;
+        if (!xml.isStartElement())
+            continue;
+        if (xml.name() == QLatin1String("variantList"))
+            isVariant = true;
+        if (xml.name() != QLatin1String("configItem"))
+            continue;
+        RuleItem item;
+        const QString itemName = readConfigItem(xml, item);
+        if (isVariant) {
+            layout.variants.insert(itemName, item);
+        } else {
+            name = itemName;
+            static_cast<RuleItem&>(layout) = item;
+        }
+    }
+    return layout;
+}
+
+// Empty when the file cannot be read.
+Rules readRules()
+{
+    QFile file(QStringLiteral(XKB_RULES_FILE));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QXmlStreamReader xml(&file);
+    Rules rules;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (!xml.isStartElement() || xml.name() != QLatin1String("layout"))
+            continue;
+        QString name;
+        const RuleLayout layout = readLayout(xml, name);
+        rules.insert(name, layout);
+    }
+    return rules;
+}
+
+// The second languages of a country: their layouts are variants of the country's, and its flag is
+// no language's.
+const QSet<QString> otherOfficialLanguages{
+    QStringLiteral("ca(eng)"),
+    QStringLiteral("ch(fr)"),
+    QStringLiteral("in(eng)"),
+    QStringLiteral("ma(french)"),
+};
+
+bool isFlag(const QString& icon)
+{
+    static const QRegularExpression form(QStringLiteral("^[a-z]{2}\\.png$"));
+    return form.match(icon).hasMatch();
+}
+
+bool isBadge(const QString& icon)
+{
+    return icon.startsWith(QLatin1String("badge-"));
+}
+
+QString flagOf(const QString& layout)
+{
+    return layout + QLatin1String(".png");
+}
+
+QStringList layoutsOf(const SpecRow& row)
+{
+    return row.layout.split(QLatin1Char(','));
+}
+
+QStringList variantsOf(const SpecRow& row)
+{
+    return row.variant.isEmpty() ? QStringList() : row.variant.split(QLatin1Char(','));
+}
+
+QString englishName(const SpecRow& row)
+{
+    return row.name.section(QLatin1String(" ["), 0, 0);
+}
+
+bool isOfOneColour(const QImage& image)
+{
+    QImage plain(image.size(), image.format());
+    plain.fill(image.pixelColor(0, 0));
+    return plain == image;
+}
+
+enum class Part { Languages, TwoLayouts, Countries };
+
+Part partOf(const SpecRow& row)
+{
+    if (layoutsOf(row).size() > 1)
+        return Part::TwoLayouts;
+    return isBadge(row.icon) ? Part::Languages : Part::Countries;
+}
+
+QList<QByteArray> linesOfTheFile()
+{
+    QFile file(QStringLiteral(KBD_SPECS_FILE));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll().split('\n');
+}
+
+} // namespace
+
+// The shipped spec table and its icons, against the installed keyboard rules.
+class tst_kbdspecs : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void theFileIsPlainUtf8Lines();
+    void aRowHasFiveFieldsWithoutSpareBlanks();
+    void aNameIsEnglishAndThenNative();
+    void noNameStandsTwice();
+    void noKeyboardStandsTwice();
+    void japanAndKoreaAreCalledByTheNamesThatTheSelectorKnows();
+    void languagesComeBeforeTwoLayoutsBeforeCountriesEachSorted();
+    void everyModelHasAShape();
+
+    void theRulesKnowEveryLayoutAndVariant_data() { addRows(); }
+    void theRulesKnowEveryLayoutAndVariant();
+    void everyLayoutOfTheRulesHasARow();
+
+    void everyIconIsAPictureOfTheSizeOfAFlag_data() { addRows(); }
+    void everyIconIsAPictureOfTheSizeOfAFlag();
+    void bothKeyCapsArePictures();
+    void aFlagIsThatOfACountryOfItsLayouts_data() { addRows(); }
+    void aFlagIsThatOfACountryOfItsLayouts();
+    void aVariantForAnotherLanguageHasABadge_data() { addRows(); }
+    void aVariantForAnotherLanguageHasABadge();
+    void theLastRowOfALayoutHasItsFlag();
+
+private:
+    void addRows() const;
+    SpecRow row() const;
+
+    QList<SpecRow> rows;
+    Rules rules;
+};
+
+void tst_kbdspecs::initTestCase()
+{
+    rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE)).value_or(QList<SpecRow>());
+    rules = readRules();
+    QVERIFY(!rows.isEmpty());
+    QVERIFY(rules.contains(QStringLiteral("us")));
+    QVERIFY(rules.value(QStringLiteral("us")).variants.contains(QStringLiteral("dvorak")));
+    QCOMPARE(rules.value(QStringLiteral("us")).countries, QStringList{QStringLiteral("US")});
+}
+
+void tst_kbdspecs::addRows() const
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < rows.size(); ++i)
+        QTest::newRow(qUtf8Printable(englishName(rows.at(i)))) << i;
+}
+
+SpecRow tst_kbdspecs::row() const
+{
+    QFETCH(int, index);
+    return rows.at(index);
+}
+
+void tst_kbdspecs::theFileIsPlainUtf8Lines()
+{
+    const QList<QByteArray> lines = linesOfTheFile();
+    const QByteArray contents = lines.join('\n');
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+    const QString text = decoder(contents);
+    QVERIFY(!text.isEmpty());
+    QVERIFY(!decoder.hasError());
+    QVERIFY(!contents.startsWith("\xEF\xBB\xBF"));
+    QVERIFY(!contents.contains('\r'));
+    QVERIFY(!contents.contains('\0'));
+    QVERIFY2(lines.last().isEmpty(), "the last line has no end");
+}
+
+void tst_kbdspecs::aRowHasFiveFieldsWithoutSpareBlanks()
+{
+    int count = 0;
+    for (const QByteArray& line : linesOfTheFile()) {
+        QVERIFY2(!line.endsWith(' '), line.constData());
+        if (line.isEmpty() || line.startsWith('#'))
+            continue;
+        const QList<QByteArray> fields = line.split('\t');
+        QVERIFY2(fields.size() == 5, line.constData());
+        for (const QByteArray& field : fields)
+            QVERIFY2(field == field.simplified(), line.constData());
+        QVERIFY2(!line.chopped(fields.last().size()).contains("\t\t"), line.constData());
+        ++count;
+    }
+    QCOMPARE(count, rows.size());
+}
+
+void tst_kbdspecs::aNameIsEnglishAndThenNative()
+{
+    static const QRegularExpression form(
+        QStringLiteral("^\\p{Lu}[\\p{Latin}0-9' ,]*(?: \\[[^][]+\\])?$"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    for (const SpecRow& each : std::as_const(rows))
+        QVERIFY2(form.match(each.name).hasMatch(), qUtf8Printable(each.name));
+}
+
+void tst_kbdspecs::noNameStandsTwice()
+{
+    // Without the native names too: what is translated must tell two rows apart.
+    QSet<QString> seen;
+    for (const SpecRow& each : std::as_const(rows)) {
+        QVERIFY2(!seen.contains(englishName(each)), qUtf8Printable(each.name));
+        seen.insert(englishName(each));
+    }
+}
+
+void tst_kbdspecs::noKeyboardStandsTwice()
+{
+    QSet<QStringList> seen;
+    for (const SpecRow& each : std::as_const(rows)) {
+        const QStringList keyboard{each.model, each.layout, each.variant};
+        QVERIFY2(!seen.contains(keyboard), qUtf8Printable(each.name));
+        seen.insert(keyboard);
+    }
+}
+
+void tst_kbdspecs::japanAndKoreaAreCalledByTheNamesThatTheSelectorKnows()
+{
+    const auto modelOf = [this](const QString& name) {
+        const auto found = std::find_if(
+            rows.cbegin(), rows.cend(), [&](const SpecRow& each) { return each.name == name; });
+        return found == rows.cend() ? QString() : found->model;
+    };
+    QCOMPARE(modelOf(QStringLiteral("Japan [日本]")), QStringLiteral("jp106"));
+    QCOMPARE(modelOf(QStringLiteral("Korea [한국]")), QStringLiteral("kr106"));
+}
+
+void tst_kbdspecs::languagesComeBeforeTwoLayoutsBeforeCountriesEachSorted()
+{
+    const auto stepsBack = [](const SpecRow& a, const SpecRow& b) {
+        if (partOf(a) != partOf(b))
+            return partOf(b) < partOf(a);
+        return englishName(b).compare(englishName(a), Qt::CaseInsensitive) < 0;
+    };
+    const auto found = std::adjacent_find(rows.cbegin(), rows.cend(), stepsBack);
+    QVERIFY2(found == rows.cend(), qUtf8Printable(found->name));
+}
+
+void tst_kbdspecs::everyModelHasAShape()
+{
+    const QSet<QString> shapes{QStringLiteral("abnt2"), QStringLiteral("jp106"),
+        QStringLiteral("kr106"), QStringLiteral("pc104"), QStringLiteral("pc105")};
+    QSet<QString> used;
+    for (const SpecRow& each : std::as_const(rows))
+        used.insert(each.model);
+    QCOMPARE(used, shapes);
+}
+
+void tst_kbdspecs::theRulesKnowEveryLayoutAndVariant()
+{
+    const QStringList layouts = layoutsOf(row());
+    const QStringList variants = variantsOf(row());
+    QVERIFY(variants.size() <= layouts.size());
+    for (qsizetype i = 0; i < layouts.size(); ++i) {
+        QVERIFY2(rules.contains(layouts.at(i)), qUtf8Printable(layouts.at(i)));
+        const QString variant = variants.value(i);
+        const bool isKnown = rules.value(layouts.at(i)).variants.contains(variant);
+        QVERIFY2(variant.isEmpty() || isKnown, qUtf8Printable(variant));
+    }
+}
+
+void tst_kbdspecs::everyLayoutOfTheRulesHasARow()
+{
+    QSet<QString> missing(rules.keyBegin(), rules.keyEnd());
+    missing.remove(QStringLiteral("custom")); // the administrator's own, belongs to nobody
+    for (const SpecRow& each : std::as_const(rows))
+        missing.remove(each.layout);
+    QCOMPARE(missing, QSet<QString>());
+}
+
+void tst_kbdspecs::everyIconIsAPictureOfTheSizeOfAFlag()
+{
+    const QImage image(QStringLiteral(KBD_ICON_DIR "/") + row().icon);
+    QCOMPARE(image.size(), QSize(320, 240));
+    QVERIFY2(!isOfOneColour(image), qUtf8Printable(row().icon));
+}
+
+void tst_kbdspecs::bothKeyCapsArePictures()
+{
+    const QImage single(QStringLiteral(KBD_ICON_DIR "/singlekey.png"));
+    const QImage full(QStringLiteral(KBD_ICON_DIR "/fullkey.png"));
+    QCOMPARE(single.size(), QSize(48, 48));
+    QCOMPARE(full.size(), QSize(48, 48));
+    QVERIFY(single != full);
+}
+
+void tst_kbdspecs::aFlagIsThatOfACountryOfItsLayouts()
+{
+    if (isBadge(row().icon))
+        return;
+    QVERIFY2(isFlag(row().icon), qUtf8Printable(row().icon));
+    const QString country = row().icon.left(2);
+    QVERIFY2(layoutsOf(row()).contains(country), qUtf8Printable(row().icon));
+    // The rules give Armenia's layout to Albania.
+    if (country != QLatin1String("am"))
+        QVERIFY(rules.value(country).countries.contains(country.toUpper()));
+}
+
+void tst_kbdspecs::aVariantForAnotherLanguageHasABadge()
+{
+    const RuleLayout layout = rules.value(row().layout);
+    const QStringList languages = layout.variants.value(row().variant).languages;
+    const bool isAnother = std::none_of(languages.cbegin(), languages.cend(),
+        [&](const QString& language) { return layout.languages.contains(language); });
+    if (languages.isEmpty() || !isAnother)
+        return;
+    const QString name = row().layout + QLatin1Char('(') + row().variant + QLatin1Char(')');
+    QCOMPARE(isBadge(row().icon), !otherOfficialLanguages.contains(name));
+}
+
+// The group control goes by the last row on which a layout stands first.
+void tst_kbdspecs::theLastRowOfALayoutHasItsFlag()
+{
+    QHash<QString, QString> shown;
+    QSet<QString> withFlag;
+    for (const SpecRow& each : std::as_const(rows)) {
+        shown.insert(layoutsOf(each).first(), each.icon);
+        if (each.icon == flagOf(each.layout))
+            withFlag.insert(each.layout);
+    }
+    for (auto each = shown.cbegin(); each != shown.cend(); ++each) {
+        if (withFlag.contains(each.key()))
+            QCOMPARE(each.value(), flagOf(each.key()));
+        else
+            QVERIFY2(isBadge(each.value()), qUtf8Printable(each.key()));
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_kbdspecs)
+
+#include "tst_kbdspecs.moc"
