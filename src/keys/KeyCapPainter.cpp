@@ -98,17 +98,43 @@ void KeyCapPainter::drawLabel(const CapLabel& label)
         return;
 
     const QString text = withCaseOf(label.text, label.modifiers);
-    const QRectF room = textRectangle(label.cell);
-    QFont font = painter->font();
-    font.setPixelSize(std::max(1, static_cast<int>(label.size)));
-    font.setWeight(QFont::Normal);
-    painter->setFont(font);
+    QRectF room = textRectangle(label.cell);
     painter->setPen(keyColour(label.colour, scheme));
-
-    const QSizeF needed = painter->boundingRect(room, alignment(text), text).size();
-    if (needed.width() > room.width() || needed.height() > room.height()) {
-        font.setPixelSize(static_cast<int>(fittingSize(label.size, needed, room.size())));
-        painter->setFont(font);
+    const QRectF place = fit(text, label.size, room);
+    if (!shape.outline.isEmpty() && !isOnCap(place)) {
+        room.setLeft(room.left() + capEdgeBelow(room.bottom()));
+        fit(text, label.size, room);
     }
     painter->drawText(room, alignment(text), text);
+}
+
+// Sets the painter's font to a size with which the text fits, and says what the text then covers.
+QRectF KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
+{
+    QFont font = painter->font();
+    font.setPixelSize(std::max(1, static_cast<int>(size)));
+    font.setWeight(QFont::Normal);
+    painter->setFont(font);
+    const QRectF needed = painter->boundingRect(room, alignment(text), text);
+    if (needed.width() <= room.width() && needed.height() <= room.height())
+        return needed;
+    font.setPixelSize(static_cast<int>(fittingSize(size, needed.size(), room.size())));
+    painter->setFont(font);
+    return painter->boundingRect(room, alignment(text), text);
+}
+
+bool KeyCapPainter::isOnCap(const QRectF& place) const
+{
+    QPainterPath cap;
+    cap.addPolygon(shape.outline);
+    cap.closeSubpath();
+    return cap.contains(place);
+}
+
+// How far the outline is drawn in at the left where the label stands: the lower part of an L-shaped
+// Return is the narrower one.
+double KeyCapPainter::capEdgeBelow(double y) const
+{
+    const QRect line(0, static_cast<int>(y), static_cast<int>(shape.width), 1);
+    return shape.outline.intersected(QPolygon(line)).boundingRect().left();
 }

@@ -42,6 +42,9 @@ public:
 
 private:
     void drawFace(const QPolygon& polygon, const QRectF& rectangle);
+    QRectF fit(const QString& text, double size, const QRectF& room);
+    bool isOnCap(const QRectF& place) const;
+    double capEdgeBelow(double y) const;
 
     QPainter* painter;
     const KeyShape& shape;
