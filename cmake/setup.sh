@@ -4,7 +4,7 @@
 packages_build=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
-  libx11-dev libx11-xcb-dev libxtst-dev libxi-dev libxcb1-dev libxcb-xinput-dev
+  librsvg2-bin iso-flags-svg libx11-dev libx11-xcb-dev libxtst-dev libxi-dev libxcb1-dev libxcb-xinput-dev
 )
 packages_run=(
   libqt6svg6 qt6-translations-l10n iso-codes xkb-data x11-xkb-utils

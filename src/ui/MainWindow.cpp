@@ -56,6 +56,7 @@ MainWindow::MainWindow(QString model, QString layout, QString variant, QString o
     setCentralWidget(mainWidget);
 
     connectView();
+    groupCombo->setCurrentIndex(view->firstGroup());
     connect(
         this, SIGNAL(qKeyPressEventOut(QKeyEvent*)), typingArea, SLOT(keyPressEvent(QKeyEvent*)));
     connect(this, SIGNAL(qKeyReleaseEventOut(QKeyEvent*)), typingArea,

@@ -1,0 +1,415 @@
+#include "app/description/ComponentNames.h"
+#include "app/description/ToolkitDisplay.h"
+#include "keys/KbdDoodad.h"
+#include "keys/KbdKey.h"
+#include "model/KbdGeometry.h"
+#include "support/XTestMain.h"
+#include "support/XTools.h"
+#include "ui/CKbdSpecSelector.h"
+#include "ui/GroupCombo.h"
+#include "ui/KbdSpec.h"
+#include "ui/KeycapCombo.h"
+#include "ui/MainWindow.h"
+#include "ui/TypingArea.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace {
+
+struct Keyboard {
+    QString model;
+    QString layout;
+    QString variant;
+};
+
+// A directory with a setxkbmap of the test's own, first in the search path while it lives.
+class ToolDirectory {
+public:
+    explicit ToolDirectory(const QByteArray& script)
+        : path(qgetenv("PATH"))
+    {
+        QFile tool(directory.filePath(QStringLiteral("setxkbmap")));
+        if (tool.open(QIODevice::WriteOnly))
+            tool.write("#!/bin/sh\n" + script);
+        tool.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("PATH", directory.path().toLocal8Bit() + ':' + path);
+    }
+    ~ToolDirectory() { qputenv("PATH", path); }
+    Q_DISABLE_COPY_MOVE(ToolDirectory)
+
+    QByteArray written(const char* name) const
+    {
+        QFile file(directory.filePath(QString::fromLatin1(name)));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+private:
+    QTemporaryDir directory;
+    QByteArray path;
+};
+
+} // namespace
+
+class TestMainWindow : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void theRowsStandInTheirOrder();
+    void everyControlRefusesTheFocus();
+    void theFirstSizeHasThePicturesProportions();
+    void aSingleGroupNeedsNoGroupCombo();
+    void theGroupComboComesBackWithASecondGroup();
+    void theGroupComboStartsAtTheServersGroup();
+    void theGroupComboFollowsTheServer();
+    void optionsAddNoItemToTheGroupCombo();
+    void aKeyboardOfTheTableIsSelectedAndCustomIsNotOffered();
+    void aKeyboardOutsideTheTableIsCustom();
+    void choosingAnEntryReplacesThePictureAndDropsCustomForGood();
+    void theNewPictureKeepsTheKeycapMode();
+    void theNewPictureGetsTheFlagAndItsNamesAreHandedOn();
+    void componentsThatCannotBeHadChangeNothing();
+    void customIsHandedToSetxkbmapAsItStands();
+    void keyEventsOfTheWindowGoToTheSampleLine();
+    void theX11EventsAreHandedOn();
+    void theGroupChosenIsLockedInTheServer();
+
+private:
+    void open(const Keyboard& keyboard);
+    CKbdSpecSelector* selector() const { return window->findChild<CKbdSpecSelector*>(); }
+    TypingArea* sampleLine() const { return window->findChild<TypingArea*>(); }
+    QComboBox* groupBox() const;
+    QLabel* labelWith(const QString& text) const;
+    int indexOf(const QString& layout, const QString& variant = {}) const;
+    void choose(const QString& layout, const QString& variant = {});
+
+    std::unique_ptr<MainWindow> window;
+};
+
+void TestMainWindow::init()
+{
+    QVERIFY(setKeyboard(qgetenv("DISPLAY"),
+        {QStringLiteral("-model"), QStringLiteral("pc105"), QStringLiteral("-layout"),
+            QStringLiteral("us"), QStringLiteral("-option"), QString()}));
+}
+
+void TestMainWindow::cleanup()
+{
+    window.reset();
+    XkbLockGroup(toolkitDisplay(), x11::coreKeyboard, 0);
+    XSync(toolkitDisplay(), x11::xFalse);
+}
+
+void TestMainWindow::open(const Keyboard& keyboard)
+{
+    XkbComponentNamesRec names{};
+    const ComponentNamesGuard guard(&names);
+    QVERIFY(queryComponentNames(
+        &names, toolkitDisplay(), keyboard.model, keyboard.layout, keyboard.variant, QString()));
+    window = std::make_unique<MainWindow>(keyboard.model, keyboard.layout, keyboard.variant,
+        QString(), &names, false, nullptr, Qt::WindowFlags());
+    window->placeOnScreen(false);
+    window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+}
+
+// The group combo's box is the first of the control row.
+QComboBox* TestMainWindow::groupBox() const
+{
+    const QLabel* caption = labelWith(QStringLiteral("Group: "));
+    const QList<QComboBox*> boxes = window->findChildren<QComboBox*>();
+    for (QComboBox* box : boxes) {
+        if (!qobject_cast<CKbdSpecSelector*>(box) && box->toolTip().isEmpty() && caption)
+            return box;
+    }
+    return nullptr;
+}
+
+QLabel* TestMainWindow::labelWith(const QString& text) const
+{
+    const QList<QLabel*> labels = window->findChildren<QLabel*>();
+    for (QLabel* label : labels) {
+        if (label->text() == text)
+            return label;
+    }
+    return nullptr;
+}
+
+int TestMainWindow::indexOf(const QString& layout, const QString& variant) const
+{
+    const int before = selector()->currentIndex();
+    const QSignalBlocker quiet(selector());
+    int found = -1;
+    for (int i = 0; i < selector()->count() && found < 0; ++i) {
+        selector()->setCurrentIndex(i);
+        if (!selector()->isCustom(i) && selector()->currentLayout() == layout
+            && selector()->currentVariant() == variant)
+            found = i;
+    }
+    selector()->setCurrentIndex(before);
+    return found;
+}
+
+void TestMainWindow::choose(const QString& layout, const QString& variant)
+{
+    const int index = indexOf(layout, variant);
+    QVERIFY2(index >= 0, qPrintable(layout));
+    selector()->setCurrentIndex(index);
+}
+
+void TestMainWindow::theRowsStandInTheirOrder()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us,ru"), {}});
+    const auto placeOf = [this](const QWidget* widget) {
+        return widget->mapTo(window.get(), QPoint());
+    };
+    const auto* printButton = window->findChildren<QPushButton*>().at(0);
+    const auto* closeButton = window->findChildren<QPushButton*>().at(1);
+    QCOMPARE(printButton->text(), QStringLiteral("Print"));
+    QCOMPARE(closeButton->text(), QStringLiteral("Close"));
+
+    const QPoint group = placeOf(labelWith(QStringLiteral("Group: ")));
+    const QPoint layout = placeOf(labelWith(QStringLiteral("Layout: ")));
+    const QPoint keycap = placeOf(labelWith(QStringLiteral("Keycap Display: ")));
+    QVERIFY(placeOf(window->picture()).y() < group.y());
+    QVERIFY(group.x() < layout.x());
+    QVERIFY(layout.x() < placeOf(selector()).x());
+    QVERIFY(placeOf(selector()).x() < keycap.x());
+    QVERIFY(keycap.x() < placeOf(printButton).x());
+    QVERIFY(placeOf(printButton).y() < placeOf(closeButton).y());
+    QVERIFY(placeOf(sampleLine()).x() < placeOf(closeButton).x());
+    QVERIFY(sampleLine()->width() > 5 * closeButton->width());
+}
+
+void TestMainWindow::everyControlRefusesTheFocus()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    const QList<QWidget*> controls{window->picture(), selector(), groupBox(), sampleLine()};
+    for (const QWidget* control : controls)
+        QCOMPARE(control->focusPolicy(), Qt::NoFocus);
+    const auto buttons = window->findChildren<QPushButton*>();
+    for (const QPushButton* button : buttons)
+        QCOMPARE(button->focusPolicy(), Qt::NoFocus);
+    window->activateWindow();
+    QTRY_COMPARE(QApplication::focusWidget(), window.get());
+}
+
+void TestMainWindow::theFirstSizeHasThePicturesProportions()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    const QRect screen = window->screen()->availableGeometry();
+    QVERIFY(window->width() <= screen.width() * 3 / 4);
+    QVERIFY(window->width() >= screen.width() * 3 / 4 - 2);
+    const QSizeF picture = window->picture()->pictureSize();
+    const QSizeF shown = window->picture()->size();
+    const double difference = shown.width() / shown.height() - picture.width() / picture.height();
+    QVERIFY2(qAbs(difference) < 0.1, qPrintable(QString::number(difference)));
+}
+
+void TestMainWindow::aSingleGroupNeedsNoGroupCombo()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    QVERIFY(!groupBox()->isVisible());
+    QVERIFY(!labelWith(QStringLiteral("Group: "))->isVisible());
+}
+
+void TestMainWindow::theGroupComboComesBackWithASecondGroup()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    choose(QStringLiteral("us,ru"));
+    QVERIFY(groupBox()->isVisible());
+    QCOMPARE(groupBox()->count(), 2);
+    QCOMPARE(groupBox()->itemText(0), QStringLiteral("English (US)"));
+    QCOMPARE(groupBox()->itemText(1), QStringLiteral("Russian"));
+    choose(QStringLiteral("us"));
+    QVERIFY(!groupBox()->isVisible());
+}
+
+void TestMainWindow::theGroupComboStartsAtTheServersGroup()
+{
+    QVERIFY(setKeyboard(qgetenv("DISPLAY"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+    XkbLockGroup(toolkitDisplay(), x11::coreKeyboard, 1);
+    open({QStringLiteral("pc105"), QStringLiteral("us,ru"), {}});
+    QCOMPARE(groupBox()->currentIndex(), 1);
+    QCOMPARE(int(window->picture()->group()), 1);
+}
+
+void TestMainWindow::theGroupComboFollowsTheServer()
+{
+    QVERIFY(setKeyboard(qgetenv("DISPLAY"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+    open({QStringLiteral("pc105"), QStringLiteral("us,ru"), {}});
+    QCOMPARE(groupBox()->currentIndex(), 0);
+    XkbLockGroup(toolkitDisplay(), x11::coreKeyboard, 1);
+    window->x11LockStateChangedIn();
+    QCOMPARE(groupBox()->currentIndex(), 1);
+    QCOMPARE(int(window->picture()->group()), 1);
+}
+
+void TestMainWindow::optionsAddNoItemToTheGroupCombo()
+{
+    QVERIFY(setKeyboard(qgetenv("DISPLAY"),
+        {QStringLiteral("-layout"), QStringLiteral("us,ru"), QStringLiteral("-option"),
+            QStringLiteral("grp:alt_shift_toggle,compose:ralt")}));
+    open({});
+    QCOMPARE(groupBox()->count(), 2);
+    QVERIFY(!groupBox()->itemIcon(0).isNull());
+    QVERIFY(!groupBox()->itemIcon(1).isNull());
+}
+
+void TestMainWindow::aKeyboardOfTheTableIsSelectedAndCustomIsNotOffered()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("de"), QStringLiteral("nodeadkeys")});
+    QCOMPARE(selector()->currentLayout(), QStringLiteral("de"));
+    QCOMPARE(selector()->currentVariant(), QStringLiteral("nodeadkeys"));
+    QVERIFY(!selector()->isCustom(selector()->currentIndex()));
+    QVERIFY(!selector()->isCustom(selector()->count() - 1));
+}
+
+void TestMainWindow::aKeyboardOutsideTheTableIsCustom()
+{
+    open({});
+    QVERIFY(selector()->isCustom(selector()->currentIndex()));
+    QCOMPARE(selector()->currentIndex(), selector()->count() - 1);
+    QCOMPARE(selector()->currentText(), QStringLiteral("<Custom>"));
+}
+
+void TestMainWindow::choosingAnEntryReplacesThePictureAndDropsCustomForGood()
+{
+    open({});
+    const KbdGeometry* before = window->picture();
+    const QSignalSpy gone(before, &QObject::destroyed);
+    choose(QStringLiteral("gr"));
+    QCOMPARE(gone.count(), 1);
+    QTRY_VERIFY(window->picture()->isVisible());
+    QVERIFY(!selector()->isCustom(selector()->count() - 1));
+    choose(QStringLiteral("fr"));
+    QVERIFY(!selector()->isCustom(selector()->count() - 1));
+}
+
+void TestMainWindow::theNewPictureKeepsTheKeycapMode()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    const QList<QComboBox*> boxes = window->findChildren<QComboBox*>();
+    const auto keycap = std::find_if(boxes.begin(), boxes.end(), [](const QComboBox* box) {
+        return box->itemText(1) == QLatin1String("Multiple Characters");
+    });
+    QVERIFY(keycap != boxes.end());
+    const auto shown = [this] {
+        choose(QStringLiteral("gb"));
+        choose(QStringLiteral("us"));
+        const bool visible = QTest::qWaitFor([this] { return window->picture()->isVisible(); });
+        return visible ? window->picture()->grab().toImage() : QImage();
+    };
+    const QImage one = shown();
+    QCOMPARE(shown(), one);
+    (*keycap)->setCurrentIndex(1);
+    const QImage several = window->picture()->grab().toImage();
+    QVERIFY(several != one);
+    QCOMPARE(shown(), several);
+}
+
+void TestMainWindow::theNewPictureGetsTheFlagAndItsNamesAreHandedOn()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    QStringList symbols;
+    connect(window.get(), &MainWindow::newKeyboard, this,
+        [&symbols](XkbComponentNamesRec& names) { symbols << QString::fromUtf8(names.symbols); });
+    choose(QStringLiteral("fr"));
+    QCOMPARE(symbols, QStringList{QStringLiteral("pc+fr+inet(evdev)")});
+    QStringList flags;
+    const QList<KbdDoodad*> doodads = window->picture()->doodadItems();
+    for (const KbdDoodad* doodad : doodads) {
+        if (!doodad->flagFilename().isEmpty())
+            flags << doodad->flagFilename();
+    }
+    QCOMPARE(flags, QStringList{QStringLiteral("fr.png")});
+}
+
+void TestMainWindow::componentsThatCannotBeHadChangeNothing()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    const KbdGeometry* before = window->picture();
+    const ToolDirectory fake("echo rubbish; exit 1\n");
+    choose(QStringLiteral("fr"));
+    QCOMPARE(window->picture(), before);
+    QVERIFY(before->isVisible());
+}
+
+void TestMainWindow::customIsHandedToSetxkbmapAsItStands()
+{
+    open({});
+    const ToolDirectory fake("echo \"$@\" >\"$(dirname \"$0\")/arguments\"\n");
+    kbdSpec_t custom;
+    custom.models = custom.layouts = custom.variants = QStringList{QStringLiteral("<NoChange>")};
+    const KbdGeometry* before = window->picture();
+    window->newKbdSelected(&custom);
+    QVERIFY(fake.written("arguments")
+                .contains("-model <NoChange> -layout <NoChange> -variant <NoChange> -print"));
+    QCOMPARE(window->picture(), before);
+}
+
+void TestMainWindow::keyEventsOfTheWindowGoToTheSampleLine()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    QCOMPARE(sampleLine()->text(), QStringLiteral("Sample Text Area"));
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    const XConnection keyboard = openDisplay(qgetenv("DISPLAY"));
+    for (const char* key : {"h", "i"}) {
+        const KeyCode code = XKeysymToKeycode(keyboard.get(), XStringToKeysym(key));
+        XTestFakeKeyEvent(keyboard.get(), code, x11::xTrue, CurrentTime);
+        XTestFakeKeyEvent(keyboard.get(), code, x11::xFalse, CurrentTime);
+    }
+    XSync(keyboard.get(), x11::xFalse);
+    QTRY_COMPARE(sampleLine()->text(), QStringLiteral("hi"));
+    QVERIFY(sampleLine()->isReadOnly());
+}
+
+void TestMainWindow::theX11EventsAreHandedOn()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    const QSignalSpy presses(window.get(), &MainWindow::x11KeyPressEventOut);
+    const QSignalSpy releases(window.get(), &MainWindow::x11KeyReleaseEventOut);
+    const QSignalSpy keyboards(window.get(), &MainWindow::x11NewKbdEventOut);
+    const QSignalSpy locks(window.get(), &MainWindow::x11LockStateChangedOut);
+    XKeyEvent event{};
+    event.keycode = XKeysymToKeycode(toolkitDisplay(), XK_a);
+    window->x11KeyPressEventIn(&event);
+    const QList<KbdKey*> keys = window->picture()->keyItems();
+    const auto lit = [&keys] {
+        return std::count_if(
+            keys.begin(), keys.end(), [](const KbdKey* key) { return key->isPressed(); });
+    };
+    QCOMPARE(lit(), 1);
+    window->x11KeyReleaseEventIn(&event);
+    QCOMPARE(lit(), 0);
+    window->x11NewKbdEventIn();
+    window->x11LockStateChangedIn();
+    QCOMPARE(presses.count(), 1);
+    QCOMPARE(releases.count(), 1);
+    QCOMPARE(keyboards.count(), 1);
+    QCOMPARE(locks.count(), 1);
+}
+
+void TestMainWindow::theGroupChosenIsLockedInTheServer()
+{
+    QVERIFY(setKeyboard(qgetenv("DISPLAY"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+    open({QStringLiteral("pc105"), QStringLiteral("us,ru"), {}});
+    groupBox()->setCurrentIndex(1);
+    XkbStateRec state{};
+    XkbGetState(toolkitDisplay(), x11::coreKeyboard, &state);
+    QCOMPARE(int(state.locked_group), 1);
+}
+
+KBD_X11_TEST_MAIN(TestMainWindow)
+#include "tst_mainwindow.moc"
