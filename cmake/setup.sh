@@ -11,7 +11,7 @@ packages_run=(
 )
 packages_headless=(xvfb openbox xterm)
 packages_check=(
-  xvfb openbox xfwm4 metacity xterm x11-utils libxkbcommon-dev clang-format
+  xvfb xserver-xephyr openbox xfwm4 metacity xterm x11-utils poppler-utils libxkbcommon-dev clang-format
 )
 packages_bench=(xvfb openbox libxdamage-dev)
 
