@@ -1,0 +1,238 @@
+#include "app/KbdApp.h"
+#include "keys/KbdKey.h"
+#include "model/KbdGeometry.h"
+#include "support/PrivateServer.h"
+#include "support/WindowManager.h"
+#include "support/XErrors.h"
+#include "support/XTools.h"
+#include "ui/CKbdSpecSelector.h"
+#include "ui/MainWindow.h"
+#include "ui/TypingArea.h"
+
+#include <QTest>
+
+// The try-out mode as its user has it: the real application under a window manager, the real
+// pointer, real keys.
+class TestTryOut : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TestTryOut(const QByteArray& displayName)
+        : display(openDisplay(displayName))
+    {
+    }
+
+private slots:
+    void initTestCase();
+    void init();
+
+    void aClickedKeyIsTypedAndLitWhileItIsDown();
+    void aClickedShiftMakesACapital();
+    void aClickedDeadKeyComposesWithTheNextClick();
+    void aPhysicalDeadKeyComposesWithTheNextKey();
+    void aDeadKeyTwiceGivesItsAccent();
+    void thirdLevelCharactersAreTyped();
+    void theClickDoesNotLeaveTheWindowsFocus();
+    void aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus();
+
+private:
+    static MainWindow* window();
+    static TypingArea* sampleLine() { return window()->findChild<TypingArea*>(); }
+    const KbdKey* keyNamed(const char* name) const;
+    QPoint placeOf(const char* name) const;
+    void movePointerTo(const char* name) const;
+    void button(bool down) const;
+    void click(const char* name) const;
+    void physicalKey(KeySym keysym, bool down) const;
+    void stroke(KeySym keysym) const;
+    QString typed() const { return sampleLine()->text(); }
+
+    XConnection display;
+};
+
+MainWindow* TestTryOut::window()
+{
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget* widget : widgets) {
+        if (auto* main = qobject_cast<MainWindow*>(widget))
+            return main;
+    }
+    return nullptr;
+}
+
+const KbdKey* TestTryOut::keyNamed(const char* name) const
+{
+    const QList<KbdKey*> keys = window()->picture()->keyItems();
+    for (const KbdKey* key : keys) {
+        if (key->name() == QLatin1String(name))
+            return key;
+    }
+    return nullptr;
+}
+
+QPoint TestTryOut::placeOf(const char* name) const
+{
+    const KbdGeometry* view = window()->picture();
+    const KbdKey* key = keyNamed(name);
+    const QPointF centre = key->mapToScene(key->boundingRect().center());
+    return view->viewport()->mapToGlobal(view->mapFromScene(centre));
+}
+
+void TestTryOut::movePointerTo(const char* name) const
+{
+    const QPoint place = placeOf(name);
+    XTestFakeMotionEvent(display.get(), -1, place.x(), place.y(), CurrentTime);
+}
+
+void TestTryOut::button(bool down) const
+{
+    XTestFakeButtonEvent(display.get(), Button1, down, CurrentTime);
+    XSync(display.get(), x11::xFalse);
+}
+
+// A key that types lights up by the event that it sends; a click is over when it has gone out.
+void TestTryOut::click(const char* name) const
+{
+    const KbdKey* key = keyNamed(name);
+    const ShiftMask_t before = window()->picture()->modifiers();
+    movePointerTo(name);
+    button(true);
+    if (key->keyType() == 0)
+        QTRY_VERIFY(key->isPressed());
+    button(false);
+    if (key->keyType() == 0)
+        QTRY_VERIFY(!key->isPressed());
+    else
+        QTRY_VERIFY(window()->picture()->modifiers() != before);
+}
+
+void TestTryOut::physicalKey(KeySym keysym, bool down) const
+{
+    XTestFakeKeyEvent(display.get(), XKeysymToKeycode(display.get(), keysym), down, CurrentTime);
+    XSync(display.get(), x11::xFalse);
+}
+
+void TestTryOut::stroke(KeySym keysym) const
+{
+    physicalKey(keysym, true);
+    physicalKey(keysym, false);
+}
+
+void TestTryOut::initTestCase()
+{
+    QVERIFY(window());
+    window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window()));
+    QCOMPARE(typed(), QStringLiteral("Sample Text Area"));
+}
+
+void TestTryOut::init()
+{
+    sampleLine()->setText(QString());
+    QTRY_COMPARE(QApplication::focusWidget(), window());
+}
+
+void TestTryOut::aClickedKeyIsTypedAndLitWhileItIsDown()
+{
+    movePointerTo("AD03");
+    button(true);
+    QTRY_VERIFY(keyNamed("AD03")->isPressed());
+    QTRY_COMPARE(typed(), QStringLiteral("e"));
+    button(false);
+    QTRY_VERIFY(!keyNamed("AD03")->isPressed());
+    QCOMPARE(typed(), QStringLiteral("e"));
+}
+
+void TestTryOut::aClickedShiftMakesACapital()
+{
+    click("LFSH");
+    click("AC10");
+    click("LFSH");
+    click("AC10");
+    QTRY_COMPARE(typed(), QStringLiteral("Öö"));
+}
+
+void TestTryOut::aClickedDeadKeyComposesWithTheNextClick()
+{
+    click("AE12");
+    QCOMPARE(typed(), QString());
+    click("AD03");
+    QTRY_COMPARE(typed(), QStringLiteral("é"));
+    click("TLDE");
+    click("AC01");
+    QTRY_COMPARE(typed(), QStringLiteral("éâ"));
+}
+
+void TestTryOut::aPhysicalDeadKeyComposesWithTheNextKey()
+{
+    stroke(XK_dead_acute);
+    stroke(XK_a);
+    QTRY_COMPARE(typed(), QStringLiteral("á"));
+    stroke(XK_dead_acute);
+    physicalKey(XK_Shift_L, true);
+    stroke(XK_e);
+    physicalKey(XK_Shift_L, false);
+    QTRY_COMPARE(typed(), QStringLiteral("áÉ"));
+}
+
+void TestTryOut::aDeadKeyTwiceGivesItsAccent()
+{
+    click("AE12");
+    click("AE12");
+    QTRY_COMPARE(typed(), QStringLiteral("´"));
+}
+
+void TestTryOut::thirdLevelCharactersAreTyped()
+{
+    click("RALT");
+    click("AD01");
+    click("RALT");
+    QTRY_COMPARE(typed(), QStringLiteral("@"));
+}
+
+void TestTryOut::theClickDoesNotLeaveTheWindowsFocus()
+{
+    click("AC01");
+    QCOMPARE(QApplication::focusWidget(), window());
+    QVERIFY(window()->isActiveWindow());
+}
+
+void TestTryOut::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
+{
+    physicalKey(XK_Shift_L, true);
+    QTRY_VERIFY(keyNamed("LFSH")->isPressed());
+    QWidget other;
+    other.setGeometry(10, 10, 100, 60);
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    XSetInputFocus(
+        display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
+    XSync(display.get(), x11::xFalse);
+    QTRY_VERIFY(!keyNamed("LFSH")->isPressed());
+    QCOMPARE(int(window()->picture()->modifiers()), 0);
+    physicalKey(XK_Shift_L, false);
+    other.close();
+    window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window()));
+}
+
+int main(int argc, char** argv)
+{
+    const PrivateServer server;
+    server.useForThisProcess();
+    setKeyboard(server.display(),
+        {QStringLiteral("-model"), QStringLiteral("pc105"), QStringLiteral("-layout"),
+            QStringLiteral("de")});
+    const WindowManager windowManager("openbox", server.display());
+
+    char program[] = "tst_tryout";
+    char standalone[] = "--standalone";
+    char* arguments[] = {program, standalone, nullptr};
+    KbdApp application(2, arguments);
+    failOnXErrors();
+    TestTryOut test(server.display());
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_tryout.moc"
