@@ -1,5 +1,6 @@
 #include "app/FatalMessages.h"
 
+#include <QGuiApplication>
 #include <QList>
 #include <QString>
 #include <QtGlobal>
@@ -21,7 +22,8 @@ bool holding = true;
 [[noreturn]] void endProcess(const QString& message)
 {
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
-    if (holding && platform.startsWith(QLatin1StringView("xcb"))) {
+    const bool starting = QGuiApplication::platformName().isEmpty();
+    if (starting && platform.startsWith(QLatin1StringView("xcb"))) {
         const char* display = std::getenv("DISPLAY");
         std::fprintf(stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n",
             display ? display : "");

@@ -33,12 +33,18 @@ constexpr char translationPrefix[] = "orvix-keyboard-layout_";
 struct FailureRow {
     KbdApp::ExceptionType exception;
     const char* message; // null: none
+    const char* advice = nullptr; // what the user can do, on a line of its own
 };
+
+constexpr char geometryAdvice[] =
+    "The geometry file pc-arvane must be in the X server's directory "
+    "/usr/share/X11/xkb/geometry. For the server's reason, run: setxkbmap -print | "
+    "sed 's/\"pc(/\"pc-arvane(/' | xkbcomp -w 10 -I/usr/share/X11/xkb - /dev/null";
 
 constexpr std::array<FailureRow, 6> failures{{
     {KbdApp::UnknownError, "Unknown exception, aborting."},
     {KbdApp::XkbInitError, "Exception: Cannot initialize xkb exception"},
-    {KbdApp::DescriptionError, "Error parsing given keyboard description"},
+    {KbdApp::DescriptionError, "Error parsing given keyboard description", geometryAdvice},
     {KbdApp::BadParameter, nullptr},
     {KbdApp::MissingValue, nullptr},
     {KbdApp::RulesError, "Exception:  Could not use 'setxkbmap -print' to compile rules."},
@@ -99,7 +105,6 @@ KbdApp::KbdApp(int argc, char** argv, bool flag)
     : ArgumentCount(argc)
     , BrindleApplication(argumentCount, argv, flag, true, true)
 {
-    releaseHeldMessages();
     installTranslation();
     setApplicationName(tr("Arvane Virtual Keyboard"));
     readRegistry();
@@ -115,6 +120,7 @@ KbdApp::KbdApp(int argc, char** argv, bool flag)
     connectMainWindow();
     launchSwitcher();
     mainWindow->show();
+    releaseHeldMessages();
 }
 
 KbdApp::~KbdApp()
@@ -138,6 +144,8 @@ void KbdApp::endWith(ExceptionType exception)
             continue;
         if (row.message)
             std::cerr << row.message << std::endl;
+        if (row.advice)
+            std::cerr << row.advice << std::endl;
         std::exit(EXIT_FAILURE);
     }
 }
@@ -274,9 +282,20 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
             QString::fromUtf8(xkbLayout), QString::fromUtf8(xkbVariant),
             QString::fromUtf8(xkbOptions))) {
         freeComponentNames(names.get());
-        throw RulesError;
+        // Without the extension setxkbmap cannot have succeeded.
+        throw hasKeyboardExtension() ? RulesError : XkbInitError;
     }
     return names.release();
+}
+
+// Learns the extension's events as well.
+bool KbdApp::hasKeyboardExtension()
+{
+    int opcode = 0;
+    int error = 0;
+    int major = XkbMajorVersion;
+    int minor = XkbMinorVersion;
+    return XkbQueryExtension(toolkitDisplay(), &opcode, &xkbEventBase, &error, &major, &minor);
 }
 
 // Only adds to what the toolkit selects on the same connection: the server keeps one selection for
@@ -284,11 +303,7 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
 void KbdApp::selectKeyboardEvents()
 {
     Display* display = toolkitDisplay();
-    int opcode = 0;
-    int error = 0;
-    int major = XkbMajorVersion;
-    int minor = XkbMinorVersion;
-    if (!XkbQueryExtension(display, &opcode, &xkbEventBase, &error, &major, &minor))
+    if (!hasKeyboardExtension())
         throw XkbInitError;
     XkbSelectEvents(display, x11::coreKeyboard, XkbMapNotifyMask, XkbMapNotifyMask);
     if (toFocus)

@@ -70,6 +70,7 @@ private:
     void normaliseModel();
     static void usage(const char* program, int code);
     XkbComponentNamesRec* getComponentNames();
+    bool hasKeyboardExtension();
     void selectKeyboardEvents();
     void createMainWindow();
     void connectMainWindow();

@@ -100,27 +100,26 @@ void KeyCapPainter::drawLabel(const CapLabel& label)
     const QString text = withCaseOf(label.text, label.modifiers);
     QRectF room = textRectangle(label.cell);
     painter->setPen(keyColour(label.colour, scheme));
-    const QRectF place = fit(text, label.size, room);
-    if (!shape.outline.isEmpty() && !isOnCap(place)) {
+    fit(text, label.size, room);
+    if (!shape.outline.isEmpty() && !isOnCap(painter->boundingRect(room, alignment(text), text))) {
         room.setLeft(room.left() + capEdgeBelow(room.bottom()));
         fit(text, label.size, room);
     }
     painter->drawText(room, alignment(text), text);
 }
 
-// Sets the painter's font to a size with which the text fits, and says what the text then covers.
-QRectF KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
+// Sets the painter's font to a size with which the text fits.
+void KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
 {
     QFont font = painter->font();
     font.setPixelSize(std::max(1, static_cast<int>(size)));
     font.setWeight(QFont::Normal);
     painter->setFont(font);
-    const QRectF needed = painter->boundingRect(room, alignment(text), text);
+    const QSizeF needed = painter->boundingRect(room, alignment(text), text).size();
     if (needed.width() <= room.width() && needed.height() <= room.height())
-        return needed;
-    font.setPixelSize(static_cast<int>(fittingSize(size, needed.size(), room.size())));
+        return;
+    font.setPixelSize(static_cast<int>(fittingSize(size, needed, room.size())));
     painter->setFont(font);
-    return painter->boundingRect(room, alignment(text), text);
 }
 
 bool KeyCapPainter::isOnCap(const QRectF& place) const

@@ -42,7 +42,7 @@ public:
 
 private:
     void drawFace(const QPolygon& polygon, const QRectF& rectangle);
-    QRectF fit(const QString& text, double size, const QRectF& room);
+    void fit(const QString& text, double size, const QRectF& room);
     bool isOnCap(const QRectF& place) const;
     double capEdgeBelow(double y) const;
 

@@ -5,6 +5,7 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
+#include "model/KbdAccessible.h"
 #include "model/KeySender.h"
 #include "model/ModifierMasks.h"
 
@@ -13,8 +14,10 @@
 #include <QGraphicsRectItem>
 #include <QGraphicsTextItem>
 #include <QMouseEvent>
+#include <QWindow>
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -48,6 +51,7 @@ KbdGeometry::KbdGeometry(QString model, QString layout, QString variant, QString
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(QFrame::NoFrame);
     viewport()->setAutoFillBackground(false); // the window's own ground shows, and none on paper
+    KbdAccessible::install();
 
     openDisplay();
     int event = 0;
@@ -73,7 +77,7 @@ KbdGeometry::~KbdGeometry()
     const QList<QGraphicsItem*> items = keyboardScene->items();
     for (QGraphicsItem* item : items)
         keyboardScene->removeItem(item);
-    qDeleteAll(keys);
+    qDeleteAll(std::exchange(keys, {})); // nobody finds one of them half gone
     qDeleteAll(doodads);
     delete modelText;
     delete layoutText;
@@ -274,16 +278,12 @@ void KbdGeometry::addKey(
 
 void KbdGeometry::connectKey(KbdKey* key)
 {
-    connect(key, SIGNAL(modifierPressed(KeyCode, KeyType_t, ShiftMask_t)), this,
-        SLOT(modifierPressed(KeyCode, KeyType_t, ShiftMask_t)));
-    connect(key, SIGNAL(modifierReleased(KeyCode, KeyType_t, ShiftMask_t)), this,
-        SLOT(modifierReleased(KeyCode, KeyType_t, ShiftMask_t)));
-    connect(key, SIGNAL(virtualKeyPress(QString&, QString&)), this,
-        SLOT(gotVirtualKeyPress(QString&, QString&)));
-    connect(key, SIGNAL(virtualKeyRelease(QString&, QString&)), this,
-        SLOT(gotVirtualKeyRelease(QString&, QString&)));
-    connect(key, SIGNAL(mouseKeyPressOut(KeyCode)), this, SLOT(synthesizeKeyPress(KeyCode)));
-    connect(key, SIGNAL(mouseKeyReleaseOut(KeyCode)), this, SLOT(synthesizeKeyRelease(KeyCode)));
+    connect(key, &KbdKey::modifierPressed, this, &KbdGeometry::modifierPressed);
+    connect(key, &KbdKey::modifierReleased, this, &KbdGeometry::modifierReleased);
+    connect(key, &KbdKey::virtualKeyPress, this, &KbdGeometry::gotVirtualKeyPress);
+    connect(key, &KbdKey::virtualKeyRelease, this, &KbdGeometry::gotVirtualKeyRelease);
+    connect(key, &KbdKey::mouseKeyPressOut, this, &KbdGeometry::synthesizeKeyPress);
+    connect(key, &KbdKey::mouseKeyReleaseOut, this, &KbdGeometry::synthesizeKeyRelease);
 }
 
 // The left and the right key of a modifier act as one: what one of them holds, the other lets go.
@@ -370,6 +370,22 @@ void KbdGeometry::resizeEvent(QResizeEvent* event)
     emit newScale(viewportTransform().m11());
 }
 
+void KbdGeometry::showEvent(QShowEvent* event)
+{
+    QGraphicsView::showEvent(event);
+    if (QWindow* handle = window()->windowHandle())
+        handle->installEventFilter(this);
+}
+
+// Another program may take the window off the screen without the toolkit hiding it.
+bool KbdGeometry::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* handle = qobject_cast<QWindow*>(watched);
+    if (handle && event->type() == QEvent::Expose && !handle->isExposed())
+        sender->releaseAll();
+    return QGraphicsView::eventFilter(watched, event);
+}
+
 // The release of a button that is down while the picture goes away never arrives.
 void KbdGeometry::hideEvent(QHideEvent* event)
 {
@@ -393,6 +409,16 @@ void KbdGeometry::mouseDoubleClickEvent(QMouseEvent* event)
 {
     lastInputTime = event->timestamp();
     QGraphicsView::mouseDoubleClickEvent(event);
+}
+
+// No event of the server's comes with these, but two keys of the same time pass for one that
+// repeats itself.
+void KbdGeometry::click(KbdKey* key)
+{
+    ++lastInputTime;
+    key->pressByUser();
+    ++lastInputTime;
+    key->releaseByUser();
 }
 
 void KbdGeometry::setPrintMode(quint8 print)
@@ -519,7 +545,9 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
 
     if (type != XkbSA_LockMods)
         return;
-    XkbLockModifiers(xDisplay->xDisplay(), x11::coreKeyboard, lockModifiers, modifierState);
+    // The server refuses values outside the modifiers that are to be affected.
+    XkbLockModifiers(
+        xDisplay->xDisplay(), x11::coreKeyboard, lockModifiers, modifierState & lockModifiers);
     XFlush(xDisplay->xDisplay());
     switchIndicator(mask);
 }

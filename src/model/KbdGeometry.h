@@ -55,6 +55,9 @@ public:
     QList<KbdKey*> keyItems() const { return keys; }
     QList<KbdDoodad*> doodadItems() const { return doodads; }
 
+    // Presses and releases a key of this view as a click of the mouse does.
+    void click(KbdKey* key);
+
     ShiftMask_t modifiers() const { return modifierState; }
     KeyGroup_t group() const { return groupNum; }
 
@@ -100,7 +103,9 @@ public slots:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

@@ -10,6 +10,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -19,15 +20,55 @@ const QLatin1StringView customName("<Custom>");
 // of their scripts before the window opens.
 constexpr int usualNameLength = 30;
 
-// Whether a font that can draw the native script of the country's name is installed.
+// The native names that only a font of these packages can draw; one of them is enough.
+struct NativeFont {
+    const char* country;
+    const char* package;
+};
+constexpr std::array<NativeFont, 3> nativeFonts{{
+    {"Korea", "ttf-baekmuk"},
+    {"Japan", "ttf-kochi-gothic"},
+    {"Japan", "ttf-sazanami-gothic"},
+}};
+
+QStringList fontPackages(const QString& country)
+{
+    QStringList packages;
+    for (const NativeFont& font : nativeFonts) {
+        if (country == QLatin1StringView(font.country))
+            packages << QString::fromLatin1(font.package);
+    }
+    return packages;
+}
+
 bool canDrawNativeName(const QString& country, PackageTest& packages)
 {
-    if (country == QLatin1StringView("Korea"))
-        return packages.isPackageInstalled(QStringLiteral("ttf-baekmuk"));
-    if (country == QLatin1StringView("Japan"))
-        return packages.isPackageInstalled(QStringLiteral("ttf-kochi-gothic"))
-            || packages.isPackageInstalled(QStringLiteral("ttf-sazanami-gothic"));
-    return true;
+    const QStringList fonts = fontPackages(country);
+    return fonts.isEmpty()
+        || std::any_of(fonts.begin(), fonts.end(),
+            [&packages](const QString& font) { return packages.isPackageInstalled(font); });
+}
+
+// A spec name taken apart: the English name, and the native one with its closing bracket.
+struct SpecName {
+    explicit SpecName(const QString& name)
+    {
+        const qsizetype bracket = name.indexOf(QLatin1Char('['));
+        base = name.left(bracket);
+        while (base.endsWith(QLatin1Char(' ')))
+            base.chop(1);
+        if (bracket >= 0)
+            native = name.mid(bracket + 1);
+    }
+
+    QString base;
+    QString native; // empty when there is none
+};
+
+QString tablePath()
+{
+    return SpecTable::firstReadable({KbdConstants::specTablePath, QStringLiteral("./kbdSpecs.tab"),
+        QStringLiteral("../src/kbdSpecs.tab")});
 }
 
 // Whether one of the entry's keyboards has this description.
@@ -43,13 +84,14 @@ bool describes(
 
 } // namespace
 
-CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent)
+CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages)
     : QComboBox(parent)
 {
     ControlCombo::setUp(*this);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(usualNameLength);
-    readSpecTable(withCustom);
+    PackageTest own;
+    readSpecTable(withCustom, packages ? *packages : own);
     connect(this, SIGNAL(currentIndexChanged(int)), this, SLOT(selectionChanged(int)));
     connect(this, SIGNAL(activated(int)), this, SLOT(userSelectionChanged(int)));
 }
@@ -59,14 +101,27 @@ CKbdSpecSelector::~CKbdSpecSelector()
     qDeleteAll(specs);
 }
 
-void CKbdSpecSelector::readSpecTable(bool withCustom)
+void CKbdSpecSelector::startPackageTests(PackageTest& packages)
 {
-    const QString path = SpecTable::firstReadable({KbdConstants::specTablePath,
-        QStringLiteral("./kbdSpecs.tab"), QStringLiteral("../src/kbdSpecs.tab")});
+    const std::optional<QList<SpecRow>> rows = SpecTable::rowsOf(tablePath());
+    if (!rows)
+        return;
+    for (const SpecRow& row : *rows) {
+        const SpecName name(row.name);
+        if (name.native.isEmpty())
+            continue;
+        for (const QString& package : fontPackages(name.base))
+            packages.start(package);
+    }
+}
+
+void CKbdSpecSelector::readSpecTable(bool withCustom, PackageTest& packages)
+{
+    const QString path = tablePath();
     if (path.isEmpty())
         throw TableNotFound;
 
-    readEntries(path);
+    readEntries(path, packages);
     sortEntries();
     addEntryItems();
     addCustomEntry();
@@ -74,13 +129,12 @@ void CKbdSpecSelector::readSpecTable(bool withCustom)
         addItem(specs.last()->displayName);
 }
 
-void CKbdSpecSelector::readEntries(const QString& path)
+void CKbdSpecSelector::readEntries(const QString& path, PackageTest& packages)
 {
     const std::optional<QList<SpecRow>> rows = SpecTable::rowsOf(path);
     if (!rows)
         throw TableNotOpened;
 
-    PackageTest packages;
     for (const SpecRow& row : *rows)
         if (!row.name.isEmpty())
             specs.append(new kbdSpec_t{row.name, makeDisplayName(row.name, packages), row.icon,
@@ -115,20 +169,15 @@ void CKbdSpecSelector::addCustomEntry()
         new kbdSpec_t{customName, tr("<Custom>"), QString(), noChange, noChange, noChange});
 }
 
-// The native name after the opening bracket stays as it is; what stands before it is translated.
+// The native name stays as it is; the other is translated.
 QString CKbdSpecSelector::makeDisplayName(const QString& name, PackageTest& packages) const
 {
-    const qsizetype bracket = name.indexOf(QLatin1Char('['));
-    QString base = name.left(bracket);
-    while (base.endsWith(QLatin1Char(' ')))
-        base.chop(1);
-    const QString suffix = bracket < 0 ? QString() : name.mid(bracket + 1);
-
+    const SpecName parts(name);
     const QString display =
-        QCoreApplication::translate("CKbdSpecSelector", base.toUtf8().constData());
-    if (suffix.isEmpty() || !canDrawNativeName(base, packages))
+        QCoreApplication::translate("CKbdSpecSelector", parts.base.toUtf8().constData());
+    if (parts.native.isEmpty() || !canDrawNativeName(parts.base, packages))
         return display;
-    return display + QLatin1StringView(" [") + suffix;
+    return display + QLatin1StringView(" [") + parts.native;
 }
 
 const kbdSpec_t* CKbdSpecSelector::currentEntry() const

@@ -21,8 +21,13 @@ public:
     // Reads the table, so may block for a package test (1.1 seconds for each font package that it
     // asks for). Throws a SpecTableError by value. The "<Custom>" record is there in any case, its
     // combo item only with withCustom.
-    CKbdSpecSelector(bool withCustom, QWidget* parent);
+    // `packages` is asked where it is given; it is borrowed during the construction only.
+    CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages = nullptr);
     ~CKbdSpecSelector() override;
+
+    // Begins the package tests that reading the table will ask for, so that they run while
+    // something else is done. None where the table does not ask.
+    static void startPackageTests(PackageTest& packages);
 
     // Whether the entry is "<Custom>"; false for an index that no entry has.
     bool isCustom(int index) const;
@@ -58,8 +63,8 @@ public slots:
     void userSelectionChanged(int newSelection);
 
 private:
-    void readSpecTable(bool withCustom);
-    void readEntries(const QString& path);
+    void readSpecTable(bool withCustom, PackageTest& packages);
+    void readEntries(const QString& path, PackageTest& packages);
     void sortEntries();
     void addEntryItems();
     void addCustomEntry();

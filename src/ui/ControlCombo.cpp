@@ -7,6 +7,7 @@ namespace {
 
 constexpr QSize flagSize{24, 18}; // device independent pixels
 constexpr int greatestWidth = 60; // characters of average width
+constexpr int leastWidth = 14; // likewise
 
 } // namespace
 
@@ -14,5 +15,8 @@ void ControlCombo::setUp(QComboBox& combo)
 {
     combo.setFocusPolicy(Qt::NoFocus);
     combo.setIconSize(flagSize);
-    combo.setMaximumWidth(greatestWidth * combo.fontMetrics().averageCharWidth());
+    const int character = combo.fontMetrics().averageCharWidth();
+    combo.setMaximumWidth(greatestWidth * character);
+    // On a small screen a long name is cut rather than the window.
+    combo.setMinimumWidth(leastWidth * character + flagSize.width());
 }

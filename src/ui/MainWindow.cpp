@@ -7,6 +7,7 @@
 #include "ui/CKbdSpecSelector.h"
 #include "ui/GroupCombo.h"
 #include "ui/KeycapCombo.h"
+#include "ui/PackageTest.h"
 #include "ui/PicturePrinter.h"
 #include "ui/TypingArea.h"
 
@@ -38,6 +39,10 @@ MainWindow::MainWindow(QString model, QString layout, QString variant, QString o
     setWindowIcon(QIcon(QPixmap(QString::fromLatin1(windowIconFile))));
     // The text line composes dead keys itself: an input method must not take them away.
     setAttribute(Qt::WA_InputMethodEnabled, false);
+    PackageTest fontPackages;
+
+    // They run while the keyboard is loaded.
+    CKbdSpecSelector::startPackageTests(fontPackages);
 
     mainWidget = new QWidget(this);
     mainLayout = new QVBoxLayout(mainWidget);
@@ -49,7 +54,7 @@ MainWindow::MainWindow(QString model, QString layout, QString variant, QString o
     controlRow = new QHBoxLayout;
     mainLayout->addLayout(controlRow);
     addGroupCombo();
-    addLayoutSelector(model, layout, variant);
+    addLayoutSelector({model, layout, variant}, fontPackages);
     addKeycapCombo();
     addPrintButton();
     addBottomRow();
@@ -93,19 +98,18 @@ void MainWindow::addGroupCombo()
         controlRow->addStretch(1);
 }
 
-void MainWindow::addLayoutSelector(
-    const QString& model, const QString& layout, const QString& variant)
+void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPackages)
 {
     layoutLabel = new QLabel(tr("Layout: "));
     controlRow->addWidget(layoutLabel);
     try {
-        specSelector = new CKbdSpecSelector(true, this);
+        specSelector = new CKbdSpecSelector(true, this, &fontPackages);
     } catch (...) {
         layoutLabel->setText(QString());
         return;
     }
     specSelector->setFocusPolicy(Qt::NoFocus);
-    specSelector->setCurrent(model, layout, variant);
+    specSelector->setCurrent(shown.model, shown.layout, shown.variant);
     if (!specSelector->isCustom(specSelector->currentIndex()))
         dropCustomEntry();
     connect(

@@ -9,6 +9,7 @@ class CKbdSpecSelector;
 class GroupCombo;
 class KbdGeometry;
 class KeycapCombo;
+class PackageTest;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -71,7 +72,13 @@ public slots:
 
 private:
     void addGroupCombo();
-    void addLayoutSelector(const QString& model, const QString& layout, const QString& variant);
+    // What the selector is to show.
+    struct Description {
+        QString model;
+        QString layout;
+        QString variant;
+    };
+    void addLayoutSelector(const Description& shown, PackageTest& fontPackages);
     void addKeycapCombo();
     void addPrintButton();
     void addBottomRow();

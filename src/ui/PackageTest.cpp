@@ -17,6 +17,14 @@ void endNow(QProcess& process)
     process.waitForFinished();
 }
 
+// Of a process that ended before it is waited for there is nothing to wait for any more.
+bool hasEnded(QProcess& process, int timeout)
+{
+    if (process.error() == QProcess::FailedToStart)
+        return false;
+    return process.state() == QProcess::NotRunning || process.waitForFinished(timeout);
+}
+
 void describeStatusRun(QProcess& dpkg, const QString& package)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -35,29 +43,53 @@ void describeSearchRun(QProcess& grep)
     grep.setStandardErrorFile(QProcess::nullDevice());
 }
 
-bool askPackageManager(const QString& package)
-{
-    QProcess dpkg;
-    QProcess grep;
-    describeStatusRun(dpkg, package);
-    describeSearchRun(grep);
-    dpkg.setStandardOutputProcess(&grep);
-    dpkg.start();
-    grep.start();
+} // namespace
+
+// dpkg's report, searched by grep as it comes.
+struct PackageTest::Run {
+    explicit Run(const QString& package)
+    {
+        describeStatusRun(dpkg, package);
+        describeSearchRun(grep);
+        dpkg.setStandardOutputProcess(&grep);
+        dpkg.start();
+        grep.start();
+    }
+
+    ~Run()
+    {
+        endNow(dpkg);
+        endNow(grep);
+    }
 
     // How dpkg ends says nothing: grep stops reading at the line that it looks for.
-    const bool ended = dpkg.waitForFinished(statusTimeout) && grep.waitForFinished(searchTimeout);
-    endNow(dpkg);
-    endNow(grep);
-    return ended && grep.exitStatus() == QProcess::NormalExit && grep.exitCode() == 0;
-}
+    bool finds()
+    {
+        return hasEnded(dpkg, statusTimeout) && hasEnded(grep, searchTimeout)
+            && grep.exitStatus() == QProcess::NormalExit && grep.exitCode() == 0;
+    }
 
-} // namespace
+    QProcess dpkg;
+    QProcess grep;
+};
+
+PackageTest::PackageTest() = default;
+
+PackageTest::~PackageTest() = default;
+
+void PackageTest::start(const QString& package)
+{
+    if (!answers.contains(package) && !runs.contains(package))
+        runs.emplace(package, std::make_unique<Run>(package));
+}
 
 bool PackageTest::isPackageInstalled(const QString& package)
 {
     const auto known = answers.constFind(package);
     if (known != answers.cend())
         return *known;
-    return *answers.insert(package, askPackageManager(package));
+    start(package);
+    const bool installed = runs.at(package)->finds();
+    runs.erase(package);
+    return *answers.insert(package, installed);
 }

@@ -20,6 +20,8 @@ public:
     // True once the target has the focus; false when it does not get it within the deadline.
     bool waitForReady(int milliseconds = 10000);
 
+    qint64 processId() const { return m_process.processId(); }
+
     // The target's X window; 0 before it is ready.
     unsigned long windowId() const { return m_window; }
 

@@ -1,55 +1,15 @@
 #include "PictureLocator.h"
 
-#include "XErrors.h"
-
 #include <QTest>
 
 #include <cmath>
 #include <functional>
-#include <vector>
 
 namespace {
 
 constexpr double captionRoom = 80; // below the ground, tenths of a millimetre
 constexpr double shapeTolerance = 0.03; // of the ratio of width to height
 constexpr int smallestSide = 20; // pixels
-
-std::vector<Window> childrenOf(Display* display, Window window)
-{
-    Window root = x11::none;
-    Window parent = x11::none;
-    Window* children = nullptr;
-    unsigned int count = 0;
-    if (!XQueryTree(display, window, &root, &parent, &children, &count))
-        return {};
-    const x11::Owned<Window> owned(children);
-    return {children, children + count};
-}
-
-bool belongsTo(Display* display, Window window, qint64 processId)
-{
-    const Atom property = XInternAtom(display, "_NET_WM_PID", x11::xFalse);
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, window, property, 0, 1, x11::xFalse, AnyPropertyType, &type,
-        &format, &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    return format == 32 && count == 1
-        && *reinterpret_cast<const unsigned long*>(bytes) == static_cast<unsigned long>(processId);
-}
-
-// Zero for a window that is no main window.
-int visibleArea(Display* display, Window window)
-{
-    XWindowAttributes attributes{};
-    if (!XGetWindowAttributes(display, window, &attributes) || attributes.override_redirect
-        || attributes.map_state != IsViewable)
-        return 0;
-    return attributes.width * attributes.height;
-}
 
 // A line of pixels: where it begins and how many there are.
 struct Run {
@@ -94,58 +54,6 @@ Run longestColumnRun(const QImage& image, int x, QRgb colour)
 }
 
 } // namespace
-
-Window mainWindowOf(Display* display, qint64 processId)
-{
-    // Windows may go while we look at them.
-    const ExpectedXErrors errors;
-    std::vector<Window> toVisit{XDefaultRootWindow(display)};
-    Window largest = x11::none;
-    int largestArea = 0;
-    while (!toVisit.empty()) {
-        const Window window = toVisit.back();
-        toVisit.pop_back();
-        const std::vector<Window> children = childrenOf(display, window);
-        toVisit.insert(toVisit.end(), children.begin(), children.end());
-        if (!belongsTo(display, window, processId))
-            continue;
-        const int area = visibleArea(display, window);
-        if (area > largestArea) {
-            largestArea = area;
-            largest = window;
-        }
-    }
-    return largest;
-}
-
-std::optional<WindowImage> grabWindow(Display* display, Window window)
-{
-    const ExpectedXErrors errors;
-    XWindowAttributes attributes{};
-    if (!XGetWindowAttributes(display, window, &attributes) || attributes.map_state != IsViewable)
-        return std::nullopt;
-    int x = 0;
-    int y = 0;
-    Window child = x11::none;
-    XTranslateCoordinates(display, window, attributes.root, 0, 0, &x, &y, &child);
-    const QRect screen(0, 0, XWidthOfScreen(attributes.screen), XHeightOfScreen(attributes.screen));
-    const QRect shown = QRect(x, y, attributes.width, attributes.height).intersected(screen);
-    if (shown.isEmpty())
-        return std::nullopt;
-    XImage* const image = XGetImage(display, attributes.root, shown.x(), shown.y(),
-        static_cast<unsigned int>(shown.width()), static_cast<unsigned int>(shown.height()),
-        AllPlanes, ZPixmap);
-    if (!image)
-        return std::nullopt;
-    WindowImage result{{}, shown.topLeft()};
-    if (image->bits_per_pixel == 32) {
-        result.image = QImage(reinterpret_cast<const uchar*>(image->data), image->width,
-            image->height, image->bytes_per_line, QImage::Format_RGB32)
-                           .copy();
-    }
-    XDestroyImage(image);
-    return result.image.isNull() ? std::nullopt : std::make_optional(result);
-}
 
 PictureLocator::PictureLocator(Display* display, Window window, const QRectF& ground, QRgb colour)
     : m_display(display)

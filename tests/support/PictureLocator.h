@@ -1,25 +1,9 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "ProgramWindows.h"
 
-#include <QImage>
-#include <QPoint>
 #include <QRect>
 #include <QRgb>
-
-#include <optional>
-
-// The main window of a process that a test has started: the largest of its windows that the user
-// can see, popups left out (EWMH, _NET_WM_PID). None while there is no such window.
-Window mainWindowOf(Display* display, qint64 processId);
-
-// The part of the screen that a window takes, as the user sees it, and where it lies in pixels of
-// the screen. Nothing when the window is not to be seen or the screen has an unusual format.
-struct WindowImage {
-    QImage image;
-    QPoint topLeft;
-};
-std::optional<WindowImage> grabWindow(Display* display, Window window);
 
 // Finds the picture of a keyboard that another program shows, by the colour of its ground, and
 // says where on the screen a place of the picture is.

@@ -12,12 +12,19 @@ namespace {
 constexpr int startLimitMs = 10000;
 constexpr char socketFolder[] = "/tmp/.X11-unix/X";
 
-QByteArrayList serverCommand(const QStringList& extraArguments, int displayDescriptor)
+// A server's own arguments after those that all have.
+QByteArrayList fullCommand(const QByteArrayList& ownCommand, int displayDescriptor)
 {
-    QByteArrayList command{"Xvfb", "-displayfd", QByteArray::number(displayDescriptor), "-nolisten",
-        "tcp", "-noreset", "-screen", "0", "1280x1024x24"};
+    QByteArrayList command{ownCommand.first(), "-displayfd", QByteArray::number(displayDescriptor),
+        "-nolisten", "tcp", "-noreset"};
     if (const QByteArray xkbDirectory = KBD_TEST_XKB_DIR; !xkbDirectory.isEmpty())
         command << "-xkbdir" << xkbDirectory;
+    return command + ownCommand.mid(1);
+}
+
+QByteArrayList virtualScreenCommand(const QStringList& extraArguments)
+{
+    QByteArrayList command{"Xvfb", "-screen", "0", "1280x1024x24"};
     for (const QString& argument : extraArguments)
         command.append(argument.toLocal8Bit());
     return command;
@@ -42,17 +49,22 @@ QByteArray readDisplayNumber(int descriptor)
 } // namespace
 
 PrivateServer::PrivateServer(const QStringList& extraArguments)
+    : PrivateServer(virtualScreenCommand(extraArguments), currentEnvironment())
+{
+}
+
+PrivateServer::PrivateServer(const QByteArrayList& command, const QByteArrayList& environment)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe for the display number");
-    m_server = std::make_unique<ChildProcess>(
-        serverCommand(extraArguments, ends[1]), currentEnvironment(), ends[1]);
+    m_server = std::make_unique<ChildProcess>(fullCommand(command, ends[1]), environment, ends[1]);
     close(ends[1]);
     const QByteArray number = readDisplayNumber(ends[0]);
     close(ends[0]);
     if (number.isEmpty())
-        throw std::runtime_error("Xvfb gave no display: " + m_server->output().toStdString());
+        throw std::runtime_error(
+            (command.first() + " gave no display: " + m_server->output()).toStdString());
     m_display = ':' + number;
 }
 

@@ -27,6 +27,10 @@ public:
     // Sets DISPLAY, and drops what would lead Qt or a tool to another session.
     void useForThisProcess() const;
 
+protected:
+    // For a server of another kind: its program and the arguments that are its own.
+    PrivateServer(const QByteArrayList& command, const QByteArrayList& environment);
+
 private:
     QByteArray m_display;
     std::unique_ptr<ChildProcess> m_server;

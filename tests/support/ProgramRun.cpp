@@ -1,6 +1,6 @@
 #include "ProgramRun.h"
 
-#include "PictureLocator.h"
+#include "ProgramWindows.h"
 
 #include <QTest>
 

@@ -88,8 +88,7 @@ Rules readRules()
     return rules;
 }
 
-// The second languages of a country: their layouts are variants of the country's, and its flag is
-// no language's.
+// Variants for another language that are the country's own all the same, so that its flag is right.
 const QSet<QString> otherOfficialLanguages{
     QStringLiteral("ca(eng)"),
     QStringLiteral("ch(fr)"),
@@ -135,13 +134,13 @@ bool isOfOneColour(const QImage& image)
     return plain == image;
 }
 
-enum class Part { Languages, TwoLayouts, Countries };
+enum class Section { Languages, TwoLayouts, Countries };
 
-Part partOf(const SpecRow& row)
+Section sectionOf(const SpecRow& row)
 {
     if (layoutsOf(row).size() > 1)
-        return Part::TwoLayouts;
-    return isBadge(row.icon) ? Part::Languages : Part::Countries;
+        return Section::TwoLayouts;
+    return isBadge(row.icon) ? Section::Languages : Section::Countries;
 }
 
 QList<QByteArray> linesOfTheFile()
@@ -288,8 +287,8 @@ void tst_kbdspecs::japanAndKoreaAreCalledByTheNamesThatTheSelectorKnows()
 void tst_kbdspecs::languagesComeBeforeTwoLayoutsBeforeCountriesEachSorted()
 {
     const auto stepsBack = [](const SpecRow& a, const SpecRow& b) {
-        if (partOf(a) != partOf(b))
-            return partOf(b) < partOf(a);
+        if (sectionOf(a) != sectionOf(b))
+            return sectionOf(b) < sectionOf(a);
         return englishName(b).compare(englishName(a), Qt::CaseInsensitive) < 0;
     };
     const auto found = std::adjacent_find(rows.cbegin(), rows.cend(), stepsBack);

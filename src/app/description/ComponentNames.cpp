@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -43,6 +44,14 @@ constexpr std::array<GeometryReplacement, 5> platformGeometries{{
     {"pc(abnt2)", "pc-arvane(abnt2)"},
 }};
 
+// What the rules give for a model that they do not know, as the program draws it.
+constexpr char fallbackGeometry[] = "pc-arvane(pc104)";
+constexpr std::array<const char*, 3> largerBoards{"jp106", "kr106", "abnt2"};
+
+// No names that an X server takes make a line of this length (characters); a search through one
+// that is made to be slow would take its time.
+constexpr qsizetype longestLine = 8192;
+
 constexpr int toolTimeout = 30000; // milliseconds
 
 void replace(char*& target, const char* text)
@@ -71,6 +80,18 @@ void preferPlatformGeometry(XkbComponentNamesRec* names)
     }
 }
 
+// The rules of many systems do not know the boards that have more keys than a plain one, and
+// answer with that. Keys that the user has would be missing from the picture.
+void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
+{
+    if (std::strcmp(names->geometry, fallbackGeometry) != 0)
+        return;
+    for (const char* board : largerBoards) {
+        if (model == QLatin1String(board))
+            return replace(names->geometry, (std::string("pc-arvane(") + board + ")").c_str());
+    }
+}
+
 } // namespace
 
 bool queryComponentNames(XkbComponentNamesRec* names, Display* display, const QString& model,
@@ -86,7 +107,10 @@ bool queryComponentNames(XkbComponentNamesRec* names, Display* display, const QS
     arguments << QStringLiteral("-print");
 
     const auto keymap = toolOutput(QStringLiteral("setxkbmap"), arguments, toolTimeout);
-    return keymap && readComponentNames(names, *keymap);
+    if (!keymap || !readComponentNames(names, *keymap))
+        return false;
+    preferGeometryOfModel(names, model);
+    return true;
 }
 
 bool readComponentNames(XkbComponentNamesRec* names, const QByteArray& keymap)
@@ -97,6 +121,8 @@ bool readComponentNames(XkbComponentNamesRec* names, const QByteArray& keymap)
 
     const QStringList lines = QString::fromUtf8(keymap).split(QLatin1Char('\n'));
     for (const QString& line : lines) {
+        if (line.size() > longestLine)
+            continue;
         for (std::size_t i = 0; i < sections.size(); ++i) {
             const QRegularExpressionMatch match = patterns[i].match(line);
             if (!match.hasMatch())

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+// A window that shows plain rectangles, as many as a keyboard has keys: the least that the toolkit
+// and the server need for a window of this size. What the keyboard program does is compared with
+// the plainest way to do the like.
+class BareWindow : public QWidget {
+public:
+    // `size` is in device independent pixels. A window that sends keys never takes the focus: a
+    // click presses one key through XTest and its release lets it go. Otherwise a key press lights
+    // one rectangle, and Shift lights all.
+    BareWindow(const QSize& size, bool sendsKeys);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QRect rectangle(int index) const;
+    void light(const QKeyEvent& event, bool on);
+    void sendKey(bool down) const;
+
+    bool keysGoElsewhere;
+    bool allLit = false;
+    int litIndex = -1; // -1: none
+};

@@ -1,0 +1,43 @@
+#include "ChoiceMeasure.h"
+
+#include <QDir>
+
+#include <stdexcept>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto patience = 60s;
+
+// The lines "choice <milliseconds>" and "tools <milliseconds>" that kbd-choose-layout prints.
+Compared figuresIn(const QByteArray& output)
+{
+    Compared figures;
+    const QByteArrayList lines = output.split('\n');
+    for (const QByteArray& line : lines) {
+        const QByteArrayList words = line.split(' ');
+        if (words.first() == "choice")
+            figures.ours.push_back(words.last().toDouble());
+        else if (words.first() == "tools")
+            figures.other.push_back(words.last().toDouble());
+    }
+    return figures;
+}
+
+} // namespace
+
+Compared measureChoice(Desktop& desktop, const QString& directory, int runs)
+{
+    QDir::setCurrent(directory);
+    ChildProcess chooser({KBD_BENCH_CHOOSE_LAYOUT, QByteArray::number(runs)},
+        desktop.environment(desktop.displayName()));
+    const auto deadline = ScreenWatch::Clock::now() + patience;
+    while (chooser.isRunning() && ScreenWatch::Clock::now() < deadline)
+        desktop.screen().waitForQuiet();
+
+    const Compared figures = figuresIn(chooser.output());
+    if (figures.ours.empty() || figures.other.empty())
+        throw std::runtime_error("no layout is chosen: " + chooser.output().toStdString());
+    return figures;
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ScreenWatch.h"
+
+#include "support/PrivateServer.h"
+#include "support/WindowManager.h"
+#include "support/XErrors.h"
+#include "support/XTools.h"
+
+#include <QTemporaryDir>
+
+#include <optional>
+
+// Where everything is measured: a private X server with a window manager, and what a program that
+// runs on it finds in its environment.
+class Desktop {
+public:
+    Desktop();
+
+    QByteArray displayName() const { return server.display(); }
+    int displayNumber() const { return displayName().mid(1).toInt(); }
+
+    // For requests and events of the measurements themselves.
+    Display* display() const { return connection.get(); }
+    ScreenWatch& screen() { return watch; }
+
+    // What a program on `display` finds: nothing of the user's own settings, and `additions` in
+    // place of what has their names. All are "NAME=value" entries.
+    QByteArrayList environment(
+        const QByteArray& display, const QByteArrayList& additions = {}) const;
+
+    // The window of a process, as the window manager lists it (EWMH, _NET_CLIENT_LIST). Throws
+    // std::runtime_error when there is none within ten seconds.
+    Window waitForWindow(pid_t process);
+
+    // Without the manager's frame, in pixels of the screen.
+    QRect areaOf(Window window) const;
+
+    // Throws std::runtime_error when the window does not have the focus within ten seconds.
+    void waitForFocus(Window window);
+
+private:
+    std::optional<Window> windowOf(pid_t process) const;
+    std::vector<unsigned long> property(Window window, const char* name) const;
+
+    PrivateServer server;
+    WindowManager windowManager;
+    XConnection connection;
+    ExpectedXErrors errors; // windows go while they are looked at
+    ScreenWatch watch;
+    QTemporaryDir home;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "x11/X11.h"
+
+#include <vector>
+
+// The keysyms of every key of the core keyboard, as the core protocol shows them.
+class KeySymRows {
+public:
+    // Empty when the server gives none.
+    static KeySymRows of(Display* display);
+
+    // The keys that have other keysyms here than in `earlier`.
+    std::vector<int> keysChangedSince(const KeySymRows& earlier) const;
+
+    // Gives these keys of the core keyboard the keysyms that they have here.
+    void write(Display* display, const std::vector<int>& keys) const;
+
+private:
+    KeySym keysym(int key, int column) const;
+
+    int m_firstKey = 0;
+    int m_width = 0;
+    std::vector<KeySym> m_keysyms;
+};

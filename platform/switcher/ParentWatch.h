@@ -1,0 +1,24 @@
+#pragma once
+
+#include <sys/types.h>
+
+// Follows whether a process, which need not be a child or a parent of this one, is there.
+class ParentWatch {
+public:
+    explicit ParentWatch(pid_t process);
+    ~ParentWatch();
+    ParentWatch(const ParentWatch&) = delete;
+    ParentWatch& operator=(const ParentWatch&) = delete;
+
+    bool isGone() const;
+
+    // Becomes readable when the process ends; -1 on kernels that cannot tell.
+    int descriptor() const { return m_descriptor; }
+
+    // When to look again, in ms; -1 when the descriptor tells.
+    int intervalMs() const;
+
+private:
+    pid_t m_process;
+    int m_descriptor;
+};

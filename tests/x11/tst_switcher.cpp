@@ -1,0 +1,830 @@
+#include "support/KeyTargetProcess.h"
+#include "support/PrivateServer.h"
+#include "support/XErrors.h"
+#include "support/XTools.h"
+
+#include <QCoreApplication>
+#include <QTemporaryFile>
+#include <QTest>
+
+#include <csignal>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+
+// Keycodes of the keymap "evdev".
+constexpr int keyQ = 24;
+constexpr int keyA = 38;
+constexpr int keyD = 40;
+constexpr int leftShift = 50;
+
+// X11 core modifier bits.
+constexpr unsigned int capsLock = 2;
+constexpr unsigned int numLock = 16;
+
+// Devices of every Xvfb: its core keyboard and the two that feed it.
+constexpr int coreKeyboard = 3;
+constexpr int xtestKeyboard = 5;
+constexpr int serversKeyboard = 7;
+
+// XKB protocol: the minor opcode of the request that loads a keyboard.
+constexpr int getKbdByName = 23;
+
+// Longer than a newer switcher waits for an older one.
+constexpr int longerThanPatienceMs = 15000;
+
+QStringList keyboard(const QString& layout, const QString& keycodes = "evdev+aliases(qwerty)")
+{
+    return {"--keycodes", keycodes, "--types", "complete", "--compat", "complete", "--symbols",
+        "pc+" + layout + "+inet(evdev)", "--geometry", "pc(pc105)"};
+}
+
+const QStringList german = keyboard("de", "evdev+aliases(qwertz)");
+const QStringList french = keyboard("fr", "evdev+aliases(azerty)");
+const QStringList american = keyboard("us");
+
+const QString germanSymbols = "pc+de+inet(evdev)";
+const QString frenchSymbols = "pc+fr+inet(evdev)";
+const QString americanSymbols = "pc+us+inet(evdev)";
+
+class SwitcherProcess {
+public:
+    explicit SwitcherProcess(const QStringList& arguments)
+    {
+        // The display is to come from the arguments alone.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove("DISPLAY");
+        m_process.setProcessEnvironment(environment);
+        m_process.setWorkingDirectory("/");
+        m_process.start(KBD_SWITCHER, arguments);
+        m_process.waitForStarted();
+    }
+
+    ~SwitcherProcess() { stop(); }
+
+    void signal(int number) const { ::kill(static_cast<pid_t>(m_process.processId()), number); }
+
+    // -1 when it does not end within the deadline or crashed.
+    int waitForEnd()
+    {
+        if (m_process.state() != QProcess::NotRunning)
+            m_process.waitForFinished(longerThanPatienceMs);
+        const bool hasEnded = m_process.state() == QProcess::NotRunning
+            && m_process.exitStatus() == QProcess::NormalExit;
+        return hasEnded ? m_process.exitCode() : -1;
+    }
+
+    int stop()
+    {
+        if (m_process.state() != QProcess::NotRunning)
+            signal(SIGTERM);
+        return waitForEnd();
+    }
+
+    QByteArray errors() { return m_process.readAllStandardError(); }
+
+private:
+    QProcess m_process;
+};
+
+using Switcher = std::unique_ptr<SwitcherProcess>;
+
+} // namespace
+
+class TestSwitcher : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+
+    void theKeyboardIsLoadedWhileTheWindowHasTheFocus();
+    void aFocusOnADescendantOfTheWindowCounts();
+    void aWindowThatHasTheFocusAtTheStartCounts();
+    void aStaticSwitcherLoadsWithoutTheFocus();
+    void anEndPutsTheKeyboardBack_data();
+    void anEndPutsTheKeyboardBack();
+    void theKeyboardComesBackWhenTheWindowIsDestroyed();
+    void theKeyboardComesBackWhenTheParentIsKilled_data();
+    void theKeyboardComesBackWhenTheParentIsKilled();
+    void aKilledParentWithTheFocusLeavesNothingBehind();
+    void anyKeyboardComesBackExactly_data();
+    void anyKeyboardComesBackExactly();
+    void aKeyboardThatWasUploadedComesBackExactly();
+    void everyDeviceGetsItsOwnKeyboardBack();
+    void whatWasChangedWhileTheFocusWasElsewhereComesBack();
+    void aKeyboardThatAnotherToolLoadedMeanwhileStays_data();
+    void aKeyboardThatAnotherToolLoadedMeanwhileStays();
+    void keysThatWereEditedMeanwhileAreCarriedOver();
+    void locksGroupAndRepeatsComeBack();
+    void locksAndRepeatsThatTheUserChangedMeanwhileStay();
+    void theNamesOfTheRulesAreNotTouched();
+    void aKeyHeldAtASwitchIsNotLeftPressed_data();
+    void aKeyHeldAtASwitchIsNotLeftPressed();
+    void nothingIsLoadedWhenTheServerHasTheComponents();
+    void nothingIsLoadedWithoutTheFocus();
+    void aComponentThatIsNotGivenStaysAsItIs();
+    void aNewerSwitcherOfTheWindowReplacesTheOlder();
+    void aNewerSwitcherDoesNotWaitForeverForTheOlder();
+    void windowsHaveTheirKeyboardsInTurn();
+    void aStaticKeyboardComesBackAfterAnotherWindowsTurn();
+    void componentsThatCannotBeLoadedChangeNothing_data();
+    void componentsThatCannotBeLoadedChangeNothing();
+    void malformedArgumentsAreRefusedInOneLine_data();
+    void malformedArgumentsAreRefusedInOneLine();
+    void aDisplayThatIsNotThereIsRefusedInOneLine();
+    void aParentOrWindowThatIsNotThereEndsIt_data();
+    void aParentOrWindowThatIsNotThereEndsIt();
+    void itEndsQuietlyWithTheServer();
+
+private:
+    Window createWindow(Window parent = x11::none);
+    void focus(Window window);
+    QString symbols();
+    bool isOwned(const QByteArray& selection);
+    int loadsSeen();
+    KeySym keysymOf(int keycode);
+    XkbStateRec state();
+    bool repeats(int keycode);
+    void setRepeat(int keycode, bool isOn);
+    QByteArray deviceKeymap(int device) const;
+    QStringList who(Window window, qint64 parent = getpid()) const;
+    Switcher start(Window window, const QStringList& more) const;
+    void type(int keycode, bool isDown);
+
+    QByteArray m_display;
+    XConnection m_connection;
+    int m_xkbEvent = -1;
+    Window m_window = x11::none;
+    Window m_elsewhere = x11::none;
+    QByteArray m_before;
+};
+
+Window TestSwitcher::createWindow(Window parent)
+{
+    Display* const display = m_connection.get();
+    const Window window = XCreateSimpleWindow(display,
+        parent == x11::none ? XDefaultRootWindow(display) : parent, 0, 0, 100, 100, 0, 0, 0);
+    XMapWindow(display, window);
+    XSync(display, x11::xFalse);
+    return window;
+}
+
+void TestSwitcher::focus(Window window)
+{
+    XSetInputFocus(m_connection.get(), window, RevertToParent, CurrentTime);
+    XSync(m_connection.get(), x11::xFalse);
+}
+
+QString TestSwitcher::symbols()
+{
+    XkbDescPtr const description = XkbAllocKeyboard();
+    XkbGetNames(m_connection.get(), XkbSymbolsNameMask, description);
+    const x11::Owned<char> name(XGetAtomName(m_connection.get(), description->names->symbols));
+    XkbFreeKeyboard(description, XkbAllComponentsMask, x11::xTrue);
+    return QString::fromLatin1(name.get());
+}
+
+bool TestSwitcher::isOwned(const QByteArray& selection)
+{
+    const Atom atom = XInternAtom(m_connection.get(), selection.constData(), x11::xFalse);
+    return XGetSelectionOwner(m_connection.get(), atom) != x11::none;
+}
+
+// How often a keyboard was loaded since the last call.
+int TestSwitcher::loadsSeen()
+{
+    XSync(m_connection.get(), x11::xFalse);
+    int count = 0;
+    XEvent event;
+    while (XCheckTypedEvent(m_connection.get(), m_xkbEvent, &event)) {
+        const auto& news = reinterpret_cast<const XkbEvent&>(event);
+        const bool isLoad = news.any.xkb_type == XkbNewKeyboardNotify
+            && news.any.device == coreKeyboard && news.new_kbd.req_minor == getKbdByName;
+        count += isLoad ? 1 : 0;
+    }
+    return count;
+}
+
+KeySym TestSwitcher::keysymOf(int keycode)
+{
+    int width = 0;
+    const x11::Owned<KeySym> keysyms(
+        XGetKeyboardMapping(m_connection.get(), static_cast<KeyCode>(keycode), 1, &width));
+    return keysyms.get()[0];
+}
+
+XkbStateRec TestSwitcher::state()
+{
+    XkbStateRec result{};
+    XkbGetState(m_connection.get(), x11::coreKeyboard, &result);
+    return result;
+}
+
+bool TestSwitcher::repeats(int keycode)
+{
+    XKeyboardState control{};
+    XGetKeyboardControl(m_connection.get(), &control);
+    return control.auto_repeats[keycode / 8] & (1 << keycode % 8);
+}
+
+void TestSwitcher::setRepeat(int keycode, bool isOn)
+{
+    XKeyboardControl control{};
+    control.key = keycode;
+    control.auto_repeat_mode = isOn ? AutoRepeatModeOn : AutoRepeatModeOff;
+    XChangeKeyboardControl(m_connection.get(), KBKey | KBAutoRepeatMode, &control);
+    XSync(m_connection.get(), x11::xFalse);
+}
+
+QByteArray TestSwitcher::deviceKeymap(int device) const
+{
+    return runTool("xkbcomp",
+        {"-w", "0", "-i", QString::number(device), "-xkb", QString::fromLatin1(m_display), "-"},
+        m_display)
+        .output;
+}
+
+QStringList TestSwitcher::who(Window window, qint64 parent) const
+{
+    return {"--parent", QString::number(parent), "--window", QString::number(window), "--display",
+        QString::fromLatin1(m_display)};
+}
+
+Switcher TestSwitcher::start(Window window, const QStringList& more) const
+{
+    return std::make_unique<SwitcherProcess>(who(window) + more);
+}
+
+void TestSwitcher::type(int keycode, bool isDown)
+{
+    XTestFakeKeyEvent(m_connection.get(), static_cast<unsigned int>(keycode), isDown, CurrentTime);
+    XSync(m_connection.get(), x11::xFalse);
+}
+
+void TestSwitcher::initTestCase()
+{
+    m_display = qgetenv("DISPLAY");
+    m_connection = openDisplay(m_display);
+    QVERIFY(m_connection);
+    int opcode = 0;
+    int error = 0;
+    QVERIFY(XkbQueryExtension(m_connection.get(), &opcode, &m_xkbEvent, &error, nullptr, nullptr));
+    XkbSelectEvents(
+        m_connection.get(), x11::coreKeyboard, XkbNewKeyboardNotifyMask, XkbNewKeyboardNotifyMask);
+    m_elsewhere = createWindow();
+}
+
+void TestSwitcher::init()
+{
+    QVERIFY(setKeyboard(m_display, {"-model", "pc105", "-layout", "us", "-option", ""}));
+    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, 0);
+    XkbLockGroup(m_connection.get(), x11::coreKeyboard, 0);
+    if (m_window != x11::none)
+        XDestroyWindow(m_connection.get(), m_window);
+    m_window = createWindow();
+    focus(m_elsewhere);
+    m_before = keymapText(m_display);
+    QVERIFY(m_before.contains(americanSymbols.toLatin1()));
+    loadsSeen();
+}
+
+void TestSwitcher::theKeyboardIsLoadedWhileTheWindowHasTheFocus()
+{
+    const Switcher switcher = start(m_window, german);
+    for (int round = 0; round < 3; ++round) {
+        focus(m_window);
+        QTRY_COMPARE(symbols(), germanSymbols);
+        focus(m_elsewhere);
+        QTRY_COMPARE(symbols(), americanSymbols);
+        QCOMPARE(keymapText(m_display), m_before);
+    }
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(switcher->errors(), QByteArray());
+}
+
+void TestSwitcher::aFocusOnADescendantOfTheWindowCounts()
+{
+    const Window child = createWindow(createWindow(m_window));
+    const Switcher switcher = start(m_window, german);
+    focus(child);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    focus(m_window);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(loadsSeen(), 1);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::aWindowThatHasTheFocusAtTheStartCounts()
+{
+    focus(m_window);
+    const Switcher switcher = start(m_window, german);
+    QTRY_COMPARE(symbols(), germanSymbols);
+}
+
+void TestSwitcher::aStaticSwitcherLoadsWithoutTheFocus()
+{
+    const Switcher switcher = start(m_window, german + QStringList{"--static"});
+    QTRY_COMPARE(symbols(), germanSymbols);
+    focus(m_window);
+    focus(m_elsewhere);
+    XDestroyWindow(m_connection.get(), m_window);
+    m_window = x11::none;
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(loadsSeen(), 1);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::anEndPutsTheKeyboardBack_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QStringList>("mode");
+    QTest::newRow("SIGTERM") << SIGTERM << QStringList();
+    QTest::newRow("SIGINT") << SIGINT << QStringList();
+    QTest::newRow("SIGHUP") << SIGHUP << QStringList();
+    QTest::newRow("SIGTERM, static") << SIGTERM << QStringList{"--static"};
+}
+
+void TestSwitcher::anEndPutsTheKeyboardBack()
+{
+    QFETCH(int, number);
+    QFETCH(QStringList, mode);
+    focus(m_window);
+    const Switcher switcher = start(m_window, german + mode);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    switcher->signal(number);
+    QCOMPARE(switcher->waitForEnd(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::theKeyboardComesBackWhenTheWindowIsDestroyed()
+{
+    const Window window = createWindow();
+    focus(window);
+    const Switcher switcher = start(window, german);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    XDestroyWindow(m_connection.get(), window);
+    XSync(m_connection.get(), x11::xFalse);
+    QCOMPARE(switcher->waitForEnd(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled_data()
+{
+    QTest::addColumn<QStringList>("mode");
+    QTest::newRow("with the focus") << QStringList();
+    QTest::newRow("static") << QStringList{"--static"};
+}
+
+// The window outlives the process here: its end alone must do.
+void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled()
+{
+    QFETCH(QStringList, mode);
+    QProcess parent;
+    parent.start("cat");
+    QVERIFY(parent.waitForStarted());
+    focus(m_window);
+    SwitcherProcess switcher(who(m_window, parent.processId()) + german + mode);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    parent.kill();
+    QVERIFY(parent.waitForFinished());
+    QCOMPARE(switcher.waitForEnd(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::aKilledParentWithTheFocusLeavesNothingBehind()
+{
+    KeyTargetProcess parent(m_display);
+    QVERIFY(parent.waitForReady());
+    SwitcherProcess switcher(who(parent.windowId(), parent.processId()) + german);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    QCOMPARE(::kill(static_cast<pid_t>(parent.processId()), SIGKILL), 0);
+    QCOMPARE(switcher.waitForEnd(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::anyKeyboardComesBackExactly_data()
+{
+    QTest::addColumn<QStringList>("present");
+    QTest::newRow("one group") << QStringList{"-layout", "es"};
+    QTest::newRow("the keys of the loaded one")
+        << QStringList{"-layout", "de", "-variant", "nodeadkeys"};
+    QTest::newRow("three groups and options")
+        << QStringList{"-layout", "us,ru,gr", "-option", "grp:alt_shift_toggle", "-option",
+               "lv3:ralt_switch", "-option", "compose:menu", "-option", "grp_led:scroll"};
+    QTest::newRow("another model and geometry") << QStringList{"-model", "jp106", "-layout", "jp"};
+    QTest::newRow("other actions")
+        << QStringList{"-layout", "us", "-option", "ctrl:nocaps", "-option", "keypad:pointerkeys"};
+    QTest::newRow("fewer lamps and virtual modifiers, another geometry")
+        << QStringList{"-keycodes", "xfree86", "-symbols", "pc+us", "-types", "complete", "-compat",
+               "basic+ledcaps", "-geometry", "kinesis"};
+}
+
+void TestSwitcher::anyKeyboardComesBackExactly()
+{
+    QFETCH(QStringList, present);
+    QVERIFY(setKeyboard(m_display, present));
+    const QByteArray before = keymapText(m_display);
+    QVERIFY(before != m_before);
+    const Switcher switcher = start(m_window, german);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    QVERIFY(keymapText(m_display) != before);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(keymapText(m_display), before);
+}
+
+// It has what no component file has, so no name leads back to it.
+void TestSwitcher::aKeyboardThatWasUploadedComesBackExactly()
+{
+    QByteArray text = m_before;
+    text.replace("key <AE01> {         [               1,          exclam ] };",
+        "key <AE01> { type=\"ONE_LEVEL\", repeat=No, radioGroup=3, symbols[Group1]=[x],"
+        " actions[Group1]=[ Private(type=0x90,data=\"abcdefg\") ] };"
+        "key <AE02> { overlay1=<KP1>, [a, b, c, d] }; key <AE03> { lock=Yes, [F13] };");
+    QVERIFY(text != m_before);
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    QCOMPARE(file.write(text), text.size());
+    QVERIFY(file.flush());
+    QCOMPARE(runTool("xkbcomp", {"-w", "0", file.fileName(), m_display}, m_display).status, 0);
+    const QByteArray before = keymapText(m_display);
+    QVERIFY(before.contains("radioGroup= 3"));
+
+    const Switcher switcher = start(m_window, german);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(keymapText(m_display), before);
+}
+
+void TestSwitcher::everyDeviceGetsItsOwnKeyboardBack()
+{
+    QVERIFY(setKeyboard(m_display, {"-device", QString::number(serversKeyboard), "-layout", "ru"}));
+    QMap<int, QByteArray> before;
+    for (const int device : {coreKeyboard, xtestKeyboard, serversKeyboard})
+        before[device] = deviceKeymap(device);
+    QVERIFY(before[serversKeyboard] != before[xtestKeyboard]);
+    const Switcher switcher = start(m_window, german);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    QVERIFY(deviceKeymap(serversKeyboard).contains(germanSymbols.toLatin1()));
+    QCOMPARE(switcher->stop(), 0);
+    for (const int device : {coreKeyboard, xtestKeyboard, serversKeyboard})
+        QCOMPARE(deviceKeymap(device), before[device]);
+}
+
+void TestSwitcher::whatWasChangedWhileTheFocusWasElsewhereComesBack()
+{
+    const Switcher switcher = start(m_window, german);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    focus(m_elsewhere);
+    QTRY_COMPARE(symbols(), americanSymbols);
+    QVERIFY(setKeyboard(m_display, {"-layout", "es,gr"}));
+    const QByteArray changed = keymapText(m_display);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    focus(m_elsewhere);
+    QTRY_COMPARE(symbols(), "pc+es+gr:2+inet(evdev)");
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(keymapText(m_display), changed);
+}
+
+void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays_data()
+{
+    QTest::addColumn<QStringList>("mode");
+    QTest::addColumn<QString>("layout");
+    QTest::newRow("another layout") << QStringList() << "fr";
+    QTest::newRow("the same layout") << QStringList() << "de";
+    QTest::newRow("another layout, static") << QStringList{"--static"} << "fr";
+}
+
+void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays()
+{
+    QFETCH(QStringList, mode);
+    QFETCH(QString, layout);
+    focus(m_window);
+    const Switcher switcher = start(m_window, german + mode);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    QVERIFY(setKeyboard(m_display, {"-layout", layout}));
+    const QByteArray changed = keymapText(m_display);
+    focus(m_elsewhere);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(keymapText(m_display), changed);
+}
+
+void TestSwitcher::keysThatWereEditedMeanwhileAreCarriedOver()
+{
+    const Switcher switcher = start(m_window, german + QStringList{"--static"});
+    QTRY_COMPARE(symbols(), germanSymbols);
+    KeySym edited[]{XK_Greek_delta, XK_Greek_DELTA};
+    XChangeKeyboardMapping(m_connection.get(), keyD, 2, edited, 1);
+    XSync(m_connection.get(), x11::xFalse);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(symbols(), americanSymbols);
+    QCOMPARE(keysymOf(keyD), KeySym(XK_Greek_delta));
+    QCOMPARE(keysymOf(keyQ), KeySym(XK_q));
+}
+
+void TestSwitcher::locksGroupAndRepeatsComeBack()
+{
+    QVERIFY(setKeyboard(m_display, {"-layout", "us,ru,gr"}));
+    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, capsLock | numLock);
+    XkbLockGroup(m_connection.get(), x11::coreKeyboard, 2);
+    XSync(m_connection.get(), x11::xFalse);
+    QCOMPARE(runTool("xset", {"r", "rate", "321", "43"}, m_display).status, 0);
+    setRepeat(keyA, false);
+    setRepeat(leftShift, true);
+    const QByteArray before = runTool("xset", {"q"}, m_display).output;
+    const QByteArray keymap = keymapText(m_display);
+    QVERIFY(before.contains("repeat delay:  321"));
+    QVERIFY(before.contains("Caps Lock:   on"));
+
+    const Switcher switcher = start(m_window, german);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    // A key press makes the server forget a group that the present keyboard does not have.
+    type(keyQ, true);
+    type(keyQ, false);
+    QCOMPARE(int(state().locked_group), 0);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(keymapText(m_display), keymap);
+    QCOMPARE(int(state().locked_mods), int(capsLock | numLock));
+    QCOMPARE(int(state().locked_group), 2);
+    QCOMPARE(runTool("xset", {"q"}, m_display).output, before);
+
+    setRepeat(keyA, true);
+    setRepeat(leftShift, false);
+}
+
+void TestSwitcher::locksAndRepeatsThatTheUserChangedMeanwhileStay()
+{
+    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, numLock);
+    XSync(m_connection.get(), x11::xFalse);
+    const Switcher switcher = start(m_window, german);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, capsLock | x11::mod5Mask);
+    XSync(m_connection.get(), x11::xFalse);
+    QVERIFY(!repeats(leftShift));
+    setRepeat(leftShift, true);
+    QCOMPARE(switcher->stop(), 0);
+    // The third is of the loaded keyboard, and no key of the present one could undo it.
+    QCOMPARE(int(state().locked_mods), int(capsLock));
+    QVERIFY(repeats(leftShift));
+    setRepeat(leftShift, false);
+}
+
+void TestSwitcher::theNamesOfTheRulesAreNotTouched()
+{
+    const QByteArray before = runTool("setxkbmap", {"-query"}, m_display).output;
+    QVERIFY(before.contains("us"));
+    const Switcher switcher = start(m_window, german);
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    QCOMPARE(runTool("setxkbmap", {"-query"}, m_display).output, before);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(runTool("setxkbmap", {"-query"}, m_display).output, before);
+}
+
+void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed_data()
+{
+    QTest::addColumn<bool>("isArrival");
+    QTest::newRow("when the keyboard is loaded") << true;
+    QTest::newRow("when the keyboard is put back") << false;
+}
+
+void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed()
+{
+    QFETCH(bool, isArrival);
+    const Switcher switcher = start(m_window, german);
+    focus(isArrival ? m_elsewhere : m_window);
+    QTRY_COMPARE(symbols(), isArrival ? americanSymbols : germanSymbols);
+    type(leftShift, true);
+    type(keyA, true);
+    QCOMPARE(int(state().base_mods), int(ShiftMask));
+    focus(isArrival ? m_window : m_elsewhere);
+    QTRY_COMPARE(symbols(), isArrival ? germanSymbols : americanSymbols);
+    type(keyA, false);
+    type(leftShift, false);
+    QCOMPARE(pressedKeys(m_display), QList<int>());
+    QCOMPARE(int(state().mods), 0);
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::nothingIsLoadedWhenTheServerHasTheComponents()
+{
+    const Switcher switcher = start(m_window, american);
+    focus(m_window);
+    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_KEYBOARD"));
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(loadsSeen(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::nothingIsLoadedWithoutTheFocus()
+{
+    const Switcher switcher = start(m_window, german);
+    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(m_window))));
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(loadsSeen(), 0);
+}
+
+void TestSwitcher::aComponentThatIsNotGivenStaysAsItIs()
+{
+    const Switcher switcher = start(m_window, {"--symbols", germanSymbols});
+    focus(m_window);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    const QByteArray loaded = keymapText(m_display);
+    QVERIFY(loaded.contains("xkb_types \"complete\""));
+    QVERIFY(loaded.contains("xkb_geometry \"pc(pc105)\""));
+    QCOMPARE(switcher->stop(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::aNewerSwitcherOfTheWindowReplacesTheOlder()
+{
+    focus(m_window);
+    const Switcher older = start(m_window, german);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    const Switcher newer = start(m_window, french);
+    QTRY_COMPARE(symbols(), frenchSymbols);
+    QCOMPARE(older->waitForEnd(), 0);
+    QCOMPARE(newer->stop(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+// And an older one that comes round later leaves the newer one's keyboard alone.
+void TestSwitcher::aNewerSwitcherDoesNotWaitForeverForTheOlder()
+{
+    focus(m_window);
+    const Switcher older = start(m_window, german);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    older->signal(SIGSTOP);
+    const Switcher newer = start(m_window, french);
+    QTRY_COMPARE_WITH_TIMEOUT(symbols(), frenchSymbols, longerThanPatienceMs);
+    older->signal(SIGCONT);
+    QCOMPARE(older->waitForEnd(), 0);
+    QCOMPARE(symbols(), frenchSymbols);
+}
+
+void TestSwitcher::windowsHaveTheirKeyboardsInTurn()
+{
+    const Window other = createWindow();
+    const Switcher one = start(m_window, german);
+    const Switcher two = start(other, french);
+    for (int round = 0; round < 5; ++round) {
+        focus(m_window);
+        QTRY_COMPARE(symbols(), germanSymbols);
+        focus(other);
+        QTRY_COMPARE(symbols(), frenchSymbols);
+    }
+    focus(m_elsewhere);
+    QTRY_COMPARE(symbols(), americanSymbols);
+    QCOMPARE(keymapText(m_display), m_before);
+    XDestroyWindow(m_connection.get(), other);
+}
+
+void TestSwitcher::aStaticKeyboardComesBackAfterAnotherWindowsTurn()
+{
+    const Window other = createWindow();
+    const Switcher fixed = start(m_window, german + QStringList{"--static"});
+    QTRY_COMPARE(symbols(), germanSymbols);
+    const Switcher focused = start(other, french);
+    focus(other);
+    QTRY_COMPARE(symbols(), frenchSymbols);
+    focus(m_elsewhere);
+    QTRY_COMPARE(symbols(), germanSymbols);
+    focus(other);
+    QTRY_COMPARE(symbols(), frenchSymbols);
+    QCOMPARE(fixed->stop(), 0);
+    QCOMPARE(symbols(), frenchSymbols);
+    QCOMPARE(focused->stop(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+    XDestroyWindow(m_connection.get(), other);
+}
+
+void TestSwitcher::componentsThatCannotBeLoadedChangeNothing_data()
+{
+    QTest::addColumn<QStringList>("components");
+    QTest::newRow("unknown symbols") << keyboard("nosuchland");
+    QTest::newRow("unknown keycodes") << keyboard("de", "nosuchkeys");
+    QTest::newRow("a name that is too long") << keyboard("de" + QString("+level3").repeated(50));
+}
+
+void TestSwitcher::componentsThatCannotBeLoadedChangeNothing()
+{
+    QFETCH(QStringList, components);
+    focus(m_window);
+    const Switcher switcher = start(m_window, components);
+    QCOMPARE(switcher->waitForEnd(), 1);
+    QCOMPARE(switcher->errors(),
+        QByteArray("orvix-kbd-switcher: the X server cannot load this keyboard\n"));
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::malformedArgumentsAreRefusedInOneLine_data()
+{
+    const QStringList parent{"--parent", QString::number(getpid())};
+    const QStringList window{"--window", "4194305"};
+    const QStringList display{"--display", QString::fromLatin1(m_display)};
+    const QStringList isStatic{"--static"};
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("none") << QStringList();
+    QTest::newRow("no parent") << window + display + german + isStatic;
+    QTest::newRow("no window") << parent + display + german + isStatic;
+    QTest::newRow("no display") << parent + window + german + isStatic;
+    QTest::newRow("a parent that is no number")
+        << QStringList{"--parent", "12x"} + window + display + german + isStatic;
+    QTest::newRow("a negative parent")
+        << QStringList{"--parent", "-1"} + window + display + german + isStatic;
+    QTest::newRow("a window that is no number")
+        << parent + QStringList{"--window", "0x400001"} + display + german + isStatic;
+    QTest::newRow("a window that is too large")
+        << parent + QStringList{"--window", "4294967296"} + display + german + isStatic;
+    QTest::newRow("an empty display")
+        << parent + window + QStringList{"--display", ""} + german + isStatic;
+    QTest::newRow("an unknown option")
+        << parent + window + display + german + isStatic + QStringList{"--verbose"};
+    QTest::newRow("a stray word") << parent + window + display + german + isStatic
+            + QStringList{"de"};
+    QTest::newRow("an option twice") << parent + parent + window + display + german + isStatic;
+    QTest::newRow("a value that is missing")
+        << parent + window + display + german + isStatic + QStringList{"--symbols"};
+}
+
+void TestSwitcher::malformedArgumentsAreRefusedInOneLine()
+{
+    QFETCH(QStringList, arguments);
+    SwitcherProcess switcher(arguments);
+    QCOMPARE(switcher.waitForEnd(), 1);
+    const QByteArray errors = switcher.errors();
+    QVERIFY2(errors.startsWith("orvix-kbd-switcher: "), errors.constData());
+    QCOMPARE(errors.indexOf('\n'), errors.size() - 1);
+    QCOMPARE(loadsSeen(), 0);
+    QCOMPARE(keymapText(m_display), m_before);
+}
+
+void TestSwitcher::aDisplayThatIsNotThereIsRefusedInOneLine()
+{
+    SwitcherProcess switcher(
+        QStringList{"--parent", QString::number(getpid()), "--window", "7", "--display", ":59999"}
+        + german);
+    QCOMPARE(switcher.waitForEnd(), 1);
+    QCOMPARE(switcher.errors(), QByteArray("orvix-kbd-switcher: cannot open display ':59999'\n"));
+}
+
+void TestSwitcher::aParentOrWindowThatIsNotThereEndsIt_data()
+{
+    QTest::addColumn<bool>("hasParent");
+    QTest::addColumn<QStringList>("mode");
+    QTest::newRow("no parent") << false << QStringList();
+    QTest::newRow("no parent, static") << false << QStringList{"--static"};
+    QTest::newRow("no window") << true << QStringList();
+}
+
+void TestSwitcher::aParentOrWindowThatIsNotThereEndsIt()
+{
+    QFETCH(bool, hasParent);
+    QFETCH(QStringList, mode);
+    QProcess brief;
+    brief.start("true");
+    QVERIFY(brief.waitForStarted());
+    const qint64 gone = brief.processId();
+    QVERIFY(brief.waitForFinished());
+    const Window noWindow = createWindow();
+    XDestroyWindow(m_connection.get(), noWindow);
+    focus(m_window);
+    SwitcherProcess switcher((hasParent ? who(noWindow) : who(m_window, gone)) + german + mode);
+    QCOMPARE(switcher.waitForEnd(), 0);
+    QCOMPARE(switcher.errors(), QByteArray());
+    QCOMPARE(loadsSeen(), 0);
+}
+
+void TestSwitcher::itEndsQuietlyWithTheServer()
+{
+    auto server = std::make_unique<PrivateServer>();
+    const QByteArray display = server->display();
+    SwitcherProcess switcher(QStringList{"--parent", QString::number(getpid()), "--window", "7",
+                                 "--display", QString::fromLatin1(display), "--static"}
+        + german);
+    QTRY_VERIFY(keymapText(display).contains(germanSymbols.toLatin1()));
+    server.reset();
+    QCOMPARE(switcher.waitForEnd(), 0);
+    QCOMPARE(switcher.errors(), QByteArray());
+}
+
+int main(int argc, char** argv)
+{
+    const PrivateServer server;
+    server.useForThisProcess();
+    QCoreApplication application(argc, argv);
+    failOnXErrors();
+    TestSwitcher test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_switcher.moc"
