@@ -10,7 +10,7 @@ void BrindleClient::get(
     if (!path.startsWith(root))
         return;
     const QSettings settings(
-        QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Orvix"), "keyboard");
+        QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Orvix"), "keyboard");
     const QVariant value = settings.value(path.mid(root.size()));
     if (!value.isValid())
         return;

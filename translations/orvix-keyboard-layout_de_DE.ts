@@ -440,10 +440,6 @@
         <translation>Malaysia, Jawi</translation>
     </message>
     <message>
-        <source>Maldives</source>
-        <translation>Malediven</translation>
-    </message>
-    <message>
         <source>Mali</source>
         <translation>Mali</translation>
     </message>

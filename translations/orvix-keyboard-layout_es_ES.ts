@@ -440,10 +440,6 @@
         <translation>Malasia, jawi</translation>
     </message>
     <message>
-        <source>Maldives</source>
-        <translation>Maldivas</translation>
-    </message>
-    <message>
         <source>Mali</source>
         <translation>Malí</translation>
     </message>

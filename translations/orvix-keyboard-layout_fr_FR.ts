@@ -440,10 +440,6 @@
         <translation>Malaisie, jawi</translation>
     </message>
     <message>
-        <source>Maldives</source>
-        <translation>Maldives</translation>
-    </message>
-    <message>
         <source>Mali</source>
         <translation>Mali</translation>
     </message>

@@ -440,10 +440,6 @@
         <translation>マレーシア、ジャウィ文字</translation>
     </message>
     <message>
-        <source>Maldives</source>
-        <translation>モルディブ</translation>
-    </message>
-    <message>
         <source>Mali</source>
         <translation>マリ</translation>
     </message>

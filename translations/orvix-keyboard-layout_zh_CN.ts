@@ -440,10 +440,6 @@
         <translation>马来西亚，爪夷文</translation>
     </message>
     <message>
-        <source>Maldives</source>
-        <translation>马尔代夫</translation>
-    </message>
-    <message>
         <source>Mali</source>
         <translation>马里</translation>
     </message>

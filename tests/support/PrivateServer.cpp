@@ -78,6 +78,9 @@ void PrivateServer::useForThisProcess() const
 {
     qputenv("DISPLAY", m_display);
     qputenv("QT_QPA_PLATFORM", "xcb");
+    // Without a session bus Qt's accessibility would start one, which outlives the test.
+    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     for (const char* variable : {"WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER"})
         qunsetenv(variable);
 }
