@@ -10,6 +10,6 @@ function(kbd_test name)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300
-    ENVIRONMENT "LC_ALL=C.UTF-8;LANGUAGE=;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/no-config;XDG_CONFIG_DIRS=${CMAKE_CURRENT_BINARY_DIR}/no-config;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp;UBSAN_OPTIONS=print_stacktrace=1;${TEST_ENVIRONMENT}"
+    ENVIRONMENT "LC_ALL=C.UTF-8;LANGUAGE=;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/no-config;XDG_CONFIG_DIRS=${CMAKE_CURRENT_BINARY_DIR}/no-config;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;${TEST_ENVIRONMENT}"
   )
 endfunction()

@@ -101,9 +101,19 @@ KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
 
 } // namespace
 
-KbdApp::KbdApp(int argc, char** argv, bool flag)
-    : ArgumentCount(argc)
+KbdApp::KbdApp(ArgumentCount arguments, char** argv, bool flag)
+    : ArgumentCount(arguments)
     , BrindleApplication(argumentCount, argv, flag, true, true)
+{
+}
+
+KbdApp::KbdApp(int argc, char** argv, bool flag)
+    : KbdApp(ArgumentCount(argc), argv, flag)
+{
+    startUp(argv);
+}
+
+void KbdApp::startUp(char** argv)
 {
     installTranslation();
     setApplicationName(tr("Arvane Virtual Keyboard"));
@@ -137,7 +147,7 @@ KbdApp::~KbdApp()
     delete mainWindow;
 }
 
-void KbdApp::endWith(ExceptionType exception)
+bool KbdApp::report(ExceptionType exception)
 {
     for (const FailureRow& row : failures) {
         if (row.exception != exception)
@@ -146,20 +156,22 @@ void KbdApp::endWith(ExceptionType exception)
             std::cerr << row.message << std::endl;
         if (row.advice)
             std::cerr << row.advice << std::endl;
-        std::exit(EXIT_FAILURE);
+        return true;
     }
+    return false;
 }
 
+// The toolkit's handlers are on the stack: destructors of static objects must not run under them.
 bool KbdApp::notify(QObject* receiver, QEvent* event)
 {
     try {
         return BrindleApplication::notify(receiver, event);
     } catch (ExceptionType exception) {
-        endWith(exception);
+        report(exception);
     } catch (KbdGeometry::ExceptionType exception) {
-        endWith(translated(exception));
+        report(translated(exception));
     }
-    return true;
+    std::_Exit(EXIT_FAILURE);
 }
 
 void KbdApp::installTranslation()

@@ -40,9 +40,9 @@ public:
     KbdApp(int argc, char** argv, bool flag = false);
     ~KbdApp() override;
 
-    // Prints the exception's message, if it has one, and ends the process with status 1. Returns
-    // only from a value that is none of ExceptionType's.
-    static void endWith(ExceptionType exception);
+    // Prints the exception's message, if it has one. False for a value that is none of
+    // ExceptionType's.
+    static bool report(ExceptionType exception);
 
     // A keyboard chosen at run time that cannot be had ends the program as it would at start-up.
     bool notify(QObject* receiver, QEvent* event) override;
@@ -61,6 +61,11 @@ private slots:
     bool x11EventFilter(XEvent* event);
 
 private:
+    // Only makes the bases: the public one delegates to it, so that what it has acquired is
+    // released when it throws.
+    KbdApp(ArgumentCount arguments, char** argv, bool flag);
+
+    void startUp(char** argv);
     void installTranslation();
     void loadTranslator(const QString& locale);
     void readRegistry();

@@ -1,6 +1,8 @@
 #include "app/FatalMessages.h"
 #include "app/KbdApp.h"
 
+#include <cstdlib>
+
 namespace {
 
 // The program speaks X11: in a session that offers another system too, it goes through the X
@@ -20,7 +22,8 @@ int main(int argc, char** argv)
     try {
         new KbdApp(argc, argv); // lives until the process ends
     } catch (KbdApp::ExceptionType exception) {
-        KbdApp::endWith(exception);
+        if (KbdApp::report(exception))
+            std::exit(EXIT_FAILURE);
     }
     return QApplication::exec();
 }

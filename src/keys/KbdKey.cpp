@@ -2,6 +2,7 @@
 
 #include "app/description/XDisplayClass.h"
 #include "keys/KbdLabelTable.h"
+#include "keys/KeyAnnouncement.h"
 #include "keys/KeyDetails.h"
 
 #include <QGraphicsSceneMouseEvent>
@@ -173,8 +174,7 @@ QString KbdKey::modifierName() const
 
 KeySym KbdKey::activeKeysym() const
 {
-    const std::optional<int> shown = shownGroup();
-    return shown ? keysyms.value(activeSlot(*shown, currentModifiers), x11::none) : x11::none;
+    return keysymWith(currentModifiers);
 }
 
 QString KbdKey::activeLabel() const
@@ -183,8 +183,22 @@ QString KbdKey::activeLabel() const
     return shown ? labelOf(activeSlot(*shown, currentModifiers)) : QString();
 }
 
+KeySym KbdKey::keysymWith(ShiftMask_t modifiers) const
+{
+    const std::optional<int> shown = shownGroup();
+    return shown ? keysyms.value(activeSlot(*shown, modifiers), x11::none) : x11::none;
+}
+
+QString KbdKey::labelWith(ShiftMask_t modifiers) const
+{
+    const std::optional<int> shown = shownGroup();
+    return shown ? KeyCapPainter::withCaseOf(labelOf(activeSlot(*shown, modifiers)), modifiers)
+                 : QString();
+}
+
 void KbdKey::setCurrentModifiers(ShiftMask_t modifiers)
 {
+    const KeyAnnouncement announcement(this);
     currentModifiers = modifiers;
     update(boundingRect());
 }
@@ -197,6 +211,7 @@ void KbdKey::setMultipleCharacters(bool multiple)
 
 void KbdKey::setSelectedGroup(KeyGroup_t selected)
 {
+    const KeyAnnouncement announcement(this);
     layoutIndex = selected;
     if (selected < groupCount())
         group = selected;
@@ -239,6 +254,11 @@ void KbdKey::reportRelease(ShiftMask_t modifiers)
 void KbdKey::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
     event->accept();
+    pressByUser();
+}
+
+void KbdKey::pressByUser()
+{
     if (!shownGroup())
         return;
     reportPress(currentModifiers);
@@ -262,6 +282,11 @@ void KbdKey::toggleModifier()
 void KbdKey::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 {
     event->accept();
+    releaseByUser();
+}
+
+void KbdKey::releaseByUser()
+{
     if (!shownGroup())
         return;
     reportRelease(currentModifiers);
@@ -271,11 +296,17 @@ void KbdKey::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
         emit modifierReleased(keycode, modifierType, modifierMask);
 }
 
+void KbdKey::setPressed(bool down)
+{
+    const KeyAnnouncement announcement(this);
+    pressed = down;
+}
+
 void KbdKey::keyPressEventIn(ShiftMask_t modifiers)
 {
     if (!shownGroup())
         return;
-    pressed = true;
+    setPressed(true);
     if (isModifier())
         emit modifierPressed(keycode, modifierType, modifierMask);
     update(boundingRect());
@@ -288,7 +319,7 @@ void KbdKey::keyReleaseEventIn(ShiftMask_t modifiers)
         return;
     if (isModifier())
         emit modifierReleased(keycode, modifierType, modifierMask);
-    pressed = false;
+    setPressed(false);
     update(boundingRect());
     reportRelease(modifiers);
 }
@@ -347,7 +378,7 @@ QString KbdKey::labelOf(int slot) const
 
 KeyColour KbdKey::labelColour(int slot, bool offPosition) const
 {
-    if (currentModifiers & modifierMask)
+    if (isModifierOn())
         return KeyColour::TextModifierOn;
     if (offPosition)
         return KeyColour::TextOffPosition;

@@ -51,7 +51,20 @@ public:
     KeySym activeKeysym() const;
     QString activeLabel() const;
 
+    // The same for modifiers of the caller's, with the case in which the cap shows a letter.
+    KeySym keysymWith(ShiftMask_t modifiers) const;
+    QString labelWith(ShiftMask_t modifiers) const;
+
     bool isPressed() const { return pressed; }
+
+    // Whether a modifier of the key's own is held or locked.
+    bool isModifierOn() const { return currentModifiers & modifierMask; }
+
+    ShiftMask_t shownModifiers() const { return currentModifiers; }
+
+    // What the mouse does to the key, for other ways to click it. Each press wants its release.
+    void pressByUser();
+    void releaseByUser();
 
     void setTwinKeycode(KeyCode twin) { twinKeycode = twin; }
     void setColourScheme(ColourScheme scheme) { colourScheme = scheme; }
@@ -101,6 +114,7 @@ private:
     int slotOf(int wrappedGroup, int level) const;
     int activeSlot(int wrappedGroup, ShiftMask_t modifiers) const;
 
+    void setPressed(bool down);
     void reportPress(ShiftMask_t modifiers);
     void reportRelease(ShiftMask_t modifiers);
     void toggleModifier();

@@ -28,15 +28,6 @@ CapColours capColours(CapLook look)
     return {KeyColour::BodyNormal, KeyColour::TopNormal};
 }
 
-QString withCaseOf(const QString& text, ShiftMask_t modifiers)
-{
-    if (!(modifiers & x11::lockMask) || text.size() != 1)
-        return text;
-    const QString changed = (modifiers & x11::shiftMask) ? text.toLower() : text.toUpper();
-    // A sharp s has no capital of one character: the key goes on typing what it shows.
-    return changed.size() == 1 ? changed : text;
-}
-
 QRectF textRectangle(const QRectF& cell)
 {
     return {cell.x() + 10, cell.y() + 5, cell.width() - 15, cell.height() - 10};
@@ -49,6 +40,8 @@ int alignment(const QString& text)
 
 double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 {
+    if (room.width() <= 0 || room.height() <= 0)
+        return smallestSize;
     const double ratio =
         std::max(text.width() / room.width(), text.height() / room.height()) + fitMargin;
     const double fitting = size / ratio;
@@ -56,6 +49,15 @@ double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 }
 
 } // namespace
+
+QString KeyCapPainter::withCaseOf(const QString& text, ShiftMask_t modifiers)
+{
+    if (!(modifiers & x11::lockMask) || text.size() != 1)
+        return text;
+    const QString changed = (modifiers & x11::shiftMask) ? text.toLower() : text.toUpper();
+    // A sharp s has no capital of one character: the key goes on typing what it shows.
+    return changed.size() == 1 ? changed : text;
+}
 
 double KeyCapPainter::border(const KeyShape& shape)
 {

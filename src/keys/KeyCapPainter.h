@@ -28,6 +28,10 @@ public:
     {
     }
 
+    // A label of one letter as it is drawn while these modifiers are held: Lock makes a capital of
+    // it, with Shift a small letter.
+    static QString withCaseOf(const QString& text, ShiftMask_t modifiers);
+
     // The border between the outline and the upper face, in item units.
     static double border(const KeyShape& shape);
 

@@ -28,6 +28,17 @@ bool isComplete(const XkbDescRec& xkb)
 
 } // namespace
 
+// Xlib forgets the overlays of a geometry's sections.
+void FreeXkbDescription::operator()(XkbDescRec* xkb) const
+{
+    for (int i = 0; xkb->geom && i < xkb->geom->num_sections; ++i) {
+        XkbSectionRec& section = xkb->geom->sections[i];
+        if (section.overlays)
+            XkbFreeGeomOverlays(&section, 0, section.num_overlays, x11::xTrue);
+    }
+    XkbFreeKeyboard(xkb, XkbAllComponentsMask, x11::xTrue);
+}
+
 XkbDescription compileKeyboard(Display* display, const XkbComponentNamesRec& names)
 {
     XkbComponentNamesRec wanted = names; // Xlib takes it by a pointer to what it does not change

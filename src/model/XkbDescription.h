@@ -5,10 +5,7 @@
 #include <memory>
 
 struct FreeXkbDescription {
-    void operator()(XkbDescRec* xkb) const
-    {
-        XkbFreeKeyboard(xkb, XkbAllComponentsMask, x11::xTrue);
-    }
+    void operator()(XkbDescRec* xkb) const;
 };
 
 // A complete keyboard description: names, client and server map and a geometry are all there, and

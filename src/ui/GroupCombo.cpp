@@ -41,6 +41,7 @@ GroupCombo::GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent
         label->hide();
 
     ControlCombo::setUp(*combo);
+    label->setBuddy(combo); // a screen reader calls it by its caption
     addWidget(combo);
     connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));
     connect(combo, SIGNAL(currentIndexChanged(int)), this, SLOT(internalCurrentIndexChanged(int)));

@@ -34,6 +34,7 @@ KeycapCombo::KeycapCombo(bool onlyIcons, QWidget* parent)
         iconOnly ? QString() : tr("Active Character Only"));
     combo->addItem(
         iconOf(QStringLiteral("/fullkey.png")), iconOnly ? QString() : tr("Multiple Characters"));
+    label->setBuddy(combo); // a screen reader calls it by its caption
     addWidget(combo);
     combo->setToolTip(tr("Keycap display mode"));
     connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));

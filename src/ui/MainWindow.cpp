@@ -114,6 +114,7 @@ void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPa
         dropCustomEntry();
     connect(
         specSelector, SIGNAL(currentChanged(kbdSpec_t*)), this, SLOT(newKbdSelected(kbdSpec_t*)));
+    layoutLabel->setBuddy(specSelector);
     controlRow->addWidget(specSelector);
     controlRow->addStretch(1);
     view->setFlagFilename(specSelector->currentIconFile());
@@ -122,8 +123,8 @@ void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPa
 // It is offered only while the keyboard shown is none of the table's.
 void MainWindow::dropCustomEntry()
 {
-    const int last = specSelector->count() - 1;
-    if (specSelector->isCustom(last))
+    const int last = specSelector ? specSelector->count() - 1 : -1;
+    if (last >= 0 && specSelector->isCustom(last))
         specSelector->removeItem(last);
 }
 

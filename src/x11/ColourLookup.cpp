@@ -27,6 +27,8 @@ std::optional<Colour> answer(xcb_connection_t* connection, xcb_lookup_color_cook
 std::vector<std::optional<Colour>> lookUpColours(
     Display* display, const std::vector<std::string>& names)
 {
+    if (names.empty())
+        return {};
     xcb_connection_t* connection = XGetXCBConnection(display);
     const auto colormap =
         static_cast<xcb_colormap_t>(DefaultColormap(display, DefaultScreen(display)));

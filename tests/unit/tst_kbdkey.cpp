@@ -1,0 +1,1244 @@
+#include "FakeKeymap.h"
+#include "PaintRecorder.h"
+
+#include "app/description/XDisplayClass.h"
+#include "keys/KbdKey.h"
+#include "keys/KbdLabelTable.h"
+
+#include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
+#include <QImage>
+#include <QPainter>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace {
+
+constexpr KeyCode returnKey = 36;
+constexpr KeyCode keyA = 38;
+constexpr KeyCode leftShift = 50;
+constexpr KeyCode rightShift = 62;
+constexpr KeyCode capsLock = 66;
+
+constexpr ShiftMask_t noModifiers = 0;
+constexpr ShiftMask_t shift = x11::shiftMask;
+constexpr ShiftMask_t lock = x11::lockMask;
+constexpr ShiftMask_t control = x11::controlMask;
+constexpr ShiftMask_t mod1 = 8;
+constexpr ShiftMask_t mod5 = x11::mod5Mask;
+
+constexpr ShiftMask_t both(ShiftMask_t a, ShiftMask_t b)
+{
+    return static_cast<ShiftMask_t>(a | b);
+}
+
+// What every key is drawn on.
+constexpr QRgb ground = qRgb(255, 0, 255);
+constexpr int margin = 20; // pixels of ground around a key
+
+constexpr QRgb black = qRgb(0, 0, 0);
+
+struct CapRow {
+    const char* name;
+    QRgb body[2]; // on screen, on paper
+    QRgb top[2];
+};
+
+constexpr CapRow normalCap{
+    "normal", {qRgb(34, 34, 34), qRgb(255, 255, 255)}, {qRgb(68, 68, 68), qRgb(255, 255, 255)}};
+constexpr CapRow deadCap{
+    "dead", {qRgb(34, 68, 68), qRgb(153, 255, 255)}, {qRgb(68, 102, 102), qRgb(204, 255, 255)}};
+constexpr CapRow modifierCap{"modifier", {qRgb(68, 68, 68), qRgb(153, 153, 153)},
+    {qRgb(102, 102, 102), qRgb(204, 204, 204)}};
+constexpr CapRow pressedCap{"pressed", {qRgb(153, 51, 51), qRgb(255, 153, 153)},
+    {qRgb(204, 102, 102), qRgb(255, 204, 204)}};
+
+struct TextColour {
+    QRgb onScreen;
+    QRgb onPaper;
+};
+
+constexpr TextColour modifierOnText{qRgb(255, 51, 51), qRgb(102, 0, 0)};
+constexpr TextColour offPositionText{qRgb(255, 102, 255), qRgb(102, 0, 102)};
+constexpr TextColour deadText{qRgb(102, 255, 255), qRgb(0, 51, 51)};
+constexpr TextColour normalText{qRgb(255, 255, 255), qRgb(0, 0, 0)};
+
+KeyShape rectangle(double width, double height)
+{
+    KeyShape shape;
+    shape.width = width;
+    shape.height = height;
+    return shape;
+}
+
+const KeyShape square = rectangle(180, 180);
+
+// Wide and high enough for a label of every size that its shorter side allows.
+const KeyShape wide = rectangle(1000, 180);
+const KeyShape tall = rectangle(180, 600);
+
+QImage paintedOn(KbdKey& key)
+{
+    const QSize size = key.boundingRect().size().toSize();
+    QImage image(
+        size.width() + 2 * margin, size.height() + 2 * margin, QImage::Format_ARGB32_Premultiplied);
+    image.fill(ground);
+    QPainter painter(&image);
+    painter.translate(margin, margin);
+    key.paint(&painter, nullptr, nullptr);
+    return image;
+}
+
+// The colour at a place of the key.
+QColor at(const QImage& image, int x, int y)
+{
+    return image.pixelColor(margin + x, margin + y);
+}
+
+QList<PaintedText> textsOf(KbdKey& key)
+{
+    PaintRecorder recorder;
+    QPainter painter(&recorder);
+    key.paint(&painter, nullptr, nullptr);
+    painter.end();
+    return recorder.texts();
+}
+
+// The only text of the key; one without a colour when there are more or none.
+PaintedText textOf(KbdKey& key)
+{
+    const QList<PaintedText> texts = textsOf(key);
+    return texts.size() == 1 ? texts.first() : PaintedText{{}, 0, 0, {}, {}};
+}
+
+QStringList labelsOf(KbdKey& key)
+{
+    QStringList labels;
+    for (const PaintedText& text : textsOf(key))
+        labels << text.text;
+    return labels;
+}
+
+void sendMouse(KbdKey& key, QEvent::Type type)
+{
+    QGraphicsScene scene;
+    scene.addItem(&key);
+    QGraphicsSceneMouseEvent event(type);
+    event.setButton(Qt::LeftButton);
+    scene.sendEvent(&key, &event);
+    scene.removeItem(&key);
+}
+
+void press(KbdKey& key)
+{
+    sendMouse(key, QEvent::GraphicsSceneMousePress);
+}
+
+void release(KbdKey& key)
+{
+    sendMouse(key, QEvent::GraphicsSceneMouseRelease);
+}
+
+// Writes down every signal of a key, in their order.
+class KeyLog : public QObject {
+public:
+    explicit KeyLog(KbdKey& key)
+    {
+        connect(&key, &KbdKey::virtualKeyPress, this, [this](QString& symbol, QString& desc) {
+            note("virtualKeyPress", {symbol, desc});
+        });
+        connect(&key, &KbdKey::virtualKeyRelease, this, [this](QString& symbol, QString& desc) {
+            note("virtualKeyRelease", {symbol, desc});
+        });
+        connect(&key, &KbdKey::mouseKeyPressOut, this,
+            [this](KeyCode code) { note("mouseKeyPressOut", {number(code)}); });
+        connect(&key, &KbdKey::mouseKeyReleaseOut, this,
+            [this](KeyCode code) { note("mouseKeyReleaseOut", {number(code)}); });
+        connect(&key, &KbdKey::modifierPressed, this,
+            [this](KeyCode code, KeyType_t type, ShiftMask_t mask) {
+                note("modifierPressed", {number(code), number(type), number(mask)});
+            });
+        connect(&key, &KbdKey::modifierReleased, this,
+            [this](KeyCode code, KeyType_t type, ShiftMask_t mask) {
+                note("modifierReleased", {number(code), number(type), number(mask)});
+            });
+    }
+
+    // What was written since the last call.
+    QStringList take() { return std::exchange(lines, {}); }
+
+private:
+    static QString number(int value) { return QString::number(value); }
+
+    void note(const QString& signal, const QStringList& arguments)
+    {
+        lines << signal + ' ' + arguments.join(' ');
+    }
+
+    QStringList lines;
+};
+
+} // namespace
+
+class KbdKeyTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    // The cap.
+    void theCapHasTheColoursOfItsState_data();
+    void theCapHasTheColoursOfItsState();
+    void theTopSitsHigherThanTheMiddle();
+    void theBorderIsATenthOfTheShorterSide();
+    void partsOfAUnitAreCutOff();
+    void cornersAreRounded();
+    void anOutlineIsDrawnAsItStands();
+    void anOutlineWithoutATopGetsARectangularOne();
+    void aKeyWithoutGroupsPaintsNothing();
+    void aKeyThatTheKeymapLacksPaintsNothing();
+    void aKeyWithoutSymbolsHasAnEmptyCap();
+    void paintingLeavesThePainterAsItWas();
+    void theWholeKeyIsWithinItsBounds();
+    void aClickCountsWithinTheOutlineOnly();
+    void aRectangleIsHitEverywhere();
+    void aKeyTakesNoFocus();
+    void deadKeysAreThoseOfTheKeysymList_data();
+    void deadKeysAreThoseOfTheKeysymList();
+
+    // One label.
+    void theLabelIsThatOfTheActiveSymbol_data();
+    void theLabelIsThatOfTheActiveSymbol();
+    void aLabelHasItsSizeFromTheShorterSide_data();
+    void aLabelHasItsSizeFromTheShorterSide();
+    void aTallReturnKeyHasSmallerLabels_data();
+    void aTallReturnKeyHasSmallerLabels();
+    void aLabelOfOneCharacterIsCentredAtTheBottom();
+    void aLongerLabelBeginsAtTheLeftOfTheBottom();
+    void aLabelOfTwoLinesHasTwoLines();
+    void aLabelThatDoesNotFitIsShrunk();
+    void noLabelIsSmallerThanFourPixels();
+    void aKeyTooSmallForItsMarginsStillPaints();
+    void aLongLabelStaysOnTheNarrowPartOfAnOutline();
+    void symbolsThatStandForNothingAreNotLabelled_data();
+    void symbolsThatStandForNothingAreNotLabelled();
+    void capsLockChangesTheCaseOfLetters_data();
+    void capsLockChangesTheCaseOfLetters();
+    void labelsHaveTheColourOfTheirState_data();
+    void labelsHaveTheColourOfTheirState();
+    void aLevelBeyondTheKeysOwnIsBlank();
+
+    // Several labels.
+    void fourLabelsStandInTheQuarters();
+    void twoLabelsShareTheWholeWidth();
+    void aThirdLevelAloneStandsAtTheRight();
+    void labelsAmongOthersAreNotDoubled();
+    void deadKeysAmongOthersHaveAGroundOfTheirOwn();
+    void aDeadKeyAmongOthersLeavesTheCapNormal();
+    void aSymbolThatIsNoDeadKeyHasNoGround();
+    void oneSymbolOnBothLevelsIsShownOnce();
+    void oneSymbolOnBothLevelsIsShownTwiceBesideAThird();
+    void aKeyOfOneLevelIsShownAsBefore();
+    void aSymbolOffThePositionsIsShownAlone();
+    void capsLockChangesTheCaseAmongOthers();
+
+    // Groups.
+    void theSelectedGroupIsShown();
+    void aKeyWithFewerGroupsKeepsTheGroupShown();
+    void theSelectedGroupChoosesTheLanguage();
+
+    // Clicks and the physical key.
+    void anOrdinaryKeyTypes();
+    void aClickReportsTheActiveSymbol();
+    void aDoubleClickIsASecondPress();
+    void aMomentaryModifierIsHeldWithTheMouse();
+    void aModifierIsToggled();
+    void aModifierThatIsHeldInPartIsPressed();
+    void aTwinIsToggledAsWell();
+    void aMomentaryModifierHasNoUseForItsTwin();
+    void aPhysicalKeyLightsUp();
+    void aPhysicalKeyReportsTheSymbolOfItsEvent();
+    void aPhysicalModifierIsReported();
+    void aPhysicalKeyNeedsNoState();
+    void aKeyWithoutGroupsReportsNothing();
+    void aKeyThatTheKeymapLacksReportsNothing();
+
+    void modifiersAreNamedByTheirFirstKeysym_data();
+    void modifiersAreNamedByTheirFirstKeysym();
+    void onlySettingAndLockingMakesAModifier_data();
+    void onlySettingAndLockingMakesAModifier();
+    void aKeyIsFoundByAllOfItsName();
+
+private:
+    std::unique_ptr<KbdKey> key(const char* name, const KeyShape& shape = square);
+    std::unique_ptr<KbdKey> keyOf(int type, const std::vector<KeySym>& keysyms,
+        const KeyShape& shape = square, KeyCode code = keyA);
+    std::unique_ptr<KbdKey> modifierKey(KeyCode code, KeySym keysym, ShiftMask_t mask);
+
+    std::unique_ptr<FakeKeymap> keymap;
+    XDisplayClass noDisplay{nullptr};
+    KbdLabelTable labels;
+    QStringList layouts{"us"};
+    ShiftMask_t momentaryMask = 0;
+};
+
+Q_DECLARE_METATYPE(CapRow)
+Q_DECLARE_METATYPE(TextColour)
+Q_DECLARE_METATYPE(KeyShape)
+
+void KbdKeyTest::init()
+{
+    keymap = std::make_unique<FakeKeymap>();
+    layouts = QStringList{"us"};
+    momentaryMask = 0;
+}
+
+std::unique_ptr<KbdKey> KbdKeyTest::key(const char* name, const KeyShape& shape)
+{
+    const KeyContext context{&noDisplay, keymap->xkb(), &labels, layouts, {}, momentaryMask};
+    return std::make_unique<KbdKey>(context, name, shape, nullptr);
+}
+
+std::unique_ptr<KbdKey> KbdKeyTest::keyOf(
+    int type, const std::vector<KeySym>& keysyms, const KeyShape& shape, KeyCode code)
+{
+    keymap->addKey("KEY", code, {{type, keysyms}});
+    return key("KEY", shape);
+}
+
+std::unique_ptr<KbdKey> KbdKeyTest::modifierKey(KeyCode code, KeySym keysym, ShiftMask_t mask)
+{
+    keymap->addKey("MODI", code, {{keymap->oneLevel(), {keysym}}});
+    keymap->setAction(code, XkbSA_SetMods, mask);
+    return key("MODI");
+}
+
+void KbdKeyTest::theCapHasTheColoursOfItsState_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::addColumn<bool>("setsModifiers");
+    QTest::addColumn<bool>("isPressed");
+    QTest::addColumn<ColourScheme>("scheme");
+    QTest::addColumn<CapRow>("cap");
+
+    for (const ColourScheme scheme : {ColourScheme::OnScreen, ColourScheme::OnPaper}) {
+        const char* const place = scheme == ColourScheme::OnScreen ? "on screen" : "on paper";
+        const auto row = [&](const char* name) -> QTestData& {
+            return QTest::addRow("%s, %s", name, place);
+        };
+        row("normal") << KeySym(XK_a) << false << false << scheme << normalCap;
+        row("modifier") << KeySym(XK_a) << true << false << scheme << modifierCap;
+        row("dead") << KeySym(XK_dead_acute) << false << false << scheme << deadCap;
+        row("dead goes before modifier")
+            << KeySym(XK_dead_acute) << true << false << scheme << deadCap;
+        row("pressed") << KeySym(XK_a) << false << true << scheme << pressedCap;
+        row("pressed goes before dead")
+            << KeySym(XK_dead_acute) << false << true << scheme << pressedCap;
+        row("pressed goes before modifier") << KeySym(XK_a) << true << true << scheme << pressedCap;
+    }
+}
+
+void KbdKeyTest::theCapHasTheColoursOfItsState()
+{
+    QFETCH(KeySym, keysym);
+    QFETCH(bool, setsModifiers);
+    QFETCH(bool, isPressed);
+    QFETCH(ColourScheme, scheme);
+    QFETCH(CapRow, cap);
+    if (setsModifiers)
+        keymap->setAction(keyA, XkbSA_SetMods, shift);
+    const auto item = keyOf(keymap->oneLevel(), {keysym});
+    if (isPressed)
+        item->keyPressEventIn();
+    item->setColourScheme(scheme);
+
+    const QImage image = paintedOn(*item);
+    const auto index = static_cast<std::size_t>(scheme);
+    QCOMPARE(at(image, 9, 90), QColor(cap.body[index]));
+    QCOMPARE(at(image, 90, 165), QColor(cap.body[index]));
+    QCOMPARE(at(image, 155, 15), QColor(cap.top[index]));
+    QCOMPARE(at(image, 25, 15), QColor(cap.top[index]));
+}
+
+// The border of a key of 180 by 180 is 18 at the sides, 9 above and 27 below.
+void KbdKeyTest::theTopSitsHigherThanTheMiddle()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_VoidSymbol});
+    const QImage image = paintedOn(*item);
+    const QColor body(normalCap.body[0]);
+    const QColor top(normalCap.top[0]);
+    QCOMPARE(at(image, 17, 80), body);
+    QCOMPARE(at(image, 18, 80), QColor(black));
+    QCOMPARE(at(image, 19, 80), top);
+    QCOMPARE(at(image, 161, 80), top);
+    QCOMPARE(at(image, 162, 80), QColor(black));
+    QCOMPARE(at(image, 163, 80), body);
+    QCOMPARE(at(image, 90, 8), body);
+    QCOMPARE(at(image, 90, 9), QColor(black));
+    QCOMPARE(at(image, 90, 10), top);
+    QCOMPARE(at(image, 90, 152), top);
+    QCOMPARE(at(image, 90, 153), QColor(black));
+    QCOMPARE(at(image, 90, 154), body);
+    QCOMPARE(at(image, 0, 90), QColor(black));
+    QCOMPARE(at(image, 180, 90), QColor(black));
+}
+
+void KbdKeyTest::theBorderIsATenthOfTheShorterSide()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_VoidSymbol}, rectangle(400, 100));
+    const QImage image = paintedOn(*item);
+    QCOMPARE(at(image, 9, 50), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 11, 50), QColor(normalCap.top[0]));
+    QCOMPARE(at(image, 389, 50), QColor(normalCap.top[0]));
+    QCOMPARE(at(image, 391, 50), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 200, 4), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 200, 6), QColor(normalCap.top[0]));
+    QCOMPARE(at(image, 200, 84), QColor(normalCap.top[0]));
+    QCOMPARE(at(image, 200, 86), QColor(normalCap.body[0]));
+}
+
+// The top of a key of 187 by 187 lies at (18.7, 9.35) and measures 149.6.
+void KbdKeyTest::partsOfAUnitAreCutOff()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_VoidSymbol}, rectangle(187.9, 187));
+    const QImage image = paintedOn(*item);
+    QCOMPARE(at(image, 18, 80), QColor(black));
+    QCOMPARE(at(image, 90, 9), QColor(black));
+    QCOMPARE(at(image, 18 + 150, 80), QColor(black));
+    QCOMPARE(at(image, 90, 9 + 149), QColor(black));
+    QCOMPARE(at(image, 187, 90), QColor(black));
+    QCOMPARE(at(image, 188, 90), QColor(ground));
+}
+
+void KbdKeyTest::cornersAreRounded()
+{
+    KeyShape shape = square;
+    shape.cornerRadius = 40;
+    const auto item = keyOf(keymap->oneLevel(), {XK_VoidSymbol}, shape);
+    const QImage image = paintedOn(*item);
+    QCOMPARE(at(image, 5, 5), QColor(ground));
+    QCOMPARE(at(image, 174, 174), QColor(ground));
+    QCOMPARE(at(image, 90, 5), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 23, 14), QColor(normalCap.body[0]));
+}
+
+void KbdKeyTest::anOutlineIsDrawnAsItStands()
+{
+    KeyShape shape = rectangle(280, 370);
+    shape.outline = QPolygon({{0, 0}, {280, 0}, {280, 370}, {50, 370}, {50, 180}, {0, 180}});
+    shape.topOutline = QPolygon({{100, 10}, {260, 10}, {260, 350}, {100, 350}});
+    const auto item = keyOf(keymap->oneLevel(), {XK_VoidSymbol}, shape);
+    const QImage image = paintedOn(*item);
+    QCOMPARE(at(image, 25, 270), QColor(ground));
+    QCOMPARE(at(image, 49, 181), QColor(ground));
+    QCOMPARE(at(image, 25, 90), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 90, 270), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 270, 270), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 110, 20), QColor(normalCap.top[0]));
+    QCOMPARE(at(image, 250, 340), QColor(normalCap.top[0]));
+}
+
+void KbdKeyTest::anOutlineWithoutATopGetsARectangularOne()
+{
+    KeyShape shape = square;
+    shape.outline = QPolygon({{0, 0}, {180, 0}, {180, 180}, {90, 180}, {0, 90}});
+    const auto item = keyOf(keymap->oneLevel(), {XK_VoidSymbol}, shape);
+    const QImage image = paintedOn(*item);
+    QCOMPARE(at(image, 5, 175), QColor(ground));
+    QCOMPARE(at(image, 9, 80), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 30, 145), QColor(normalCap.top[0]));
+}
+
+void KbdKeyTest::aKeyWithoutGroupsPaintsNothing()
+{
+    keymap->addKey("AC01", keyA);
+    const auto item = key("AC01");
+    QImage empty = paintedOn(*item);
+    QCOMPARE(item->groupCount(), 0);
+    QCOMPARE(item->x11Keycode(), keyA);
+    QImage untouched = empty;
+    untouched.fill(ground);
+    QCOMPARE(empty, untouched);
+}
+
+void KbdKeyTest::aKeyThatTheKeymapLacksPaintsNothing()
+{
+    const auto item = key("AC01");
+    QImage empty = paintedOn(*item);
+    QCOMPARE(item->x11Keycode(), KeyCode(0));
+    QImage untouched = empty;
+    untouched.fill(ground);
+    QCOMPARE(empty, untouched);
+}
+
+void KbdKeyTest::aKeyWithoutSymbolsHasAnEmptyCap()
+{
+    const auto item = keyOf(keymap->addType(0, {}), {});
+    QCOMPARE(item->groupCount(), 1);
+    QCOMPARE(at(paintedOn(*item), 25, 15), QColor(normalCap.top[0]));
+    QVERIFY(textsOf(*item).isEmpty());
+    item->setMultipleCharacters(true);
+    QVERIFY(textsOf(*item).isEmpty());
+}
+
+void KbdKeyTest::paintingLeavesThePainterAsItWas()
+{
+    const auto item = keyOf(keymap->fourLevels(), {XK_a, XK_dead_acute, XK_b, XK_B});
+    QImage image(300, 300, QImage::Format_ARGB32_Premultiplied);
+    QFont font;
+    font.setPixelSize(77);
+    for (const bool multiple : {false, true}) {
+        item->setMultipleCharacters(multiple);
+        QPainter painter(&image);
+        painter.setBrush(Qt::yellow);
+        painter.setPen(QPen(Qt::green, 3));
+        painter.setFont(font);
+        item->paint(&painter, nullptr, nullptr);
+        QCOMPARE(painter.brush(), QBrush(Qt::yellow));
+        QCOMPARE(painter.pen(), QPen(Qt::green, 3));
+        QCOMPARE(painter.font(), font);
+    }
+}
+
+void KbdKeyTest::theWholeKeyIsWithinItsBounds()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_a}, rectangle(271.5, 180));
+    QCOMPARE(item->boundingRect(), QRectF(0, 0, 271.5, 180));
+}
+
+void KbdKeyTest::aClickCountsWithinTheOutlineOnly()
+{
+    KeyShape shape = rectangle(280, 370);
+    shape.outline = QPolygon({{0, 0}, {280, 0}, {280, 370}, {50, 370}, {50, 180}, {0, 180}});
+    const QPainterPath path = keyOf(keymap->oneLevel(), {XK_Return}, shape)->shape();
+    QVERIFY(path.contains(QPointF(5, 5)));
+    QVERIFY(path.contains(QPointF(5, 175)));
+    QVERIFY(path.contains(QPointF(55, 365)));
+    QVERIFY(path.contains(QPointF(275, 365)));
+    QVERIFY(!path.contains(QPointF(45, 185)));
+    QVERIFY(!path.contains(QPointF(5, 365)));
+}
+
+void KbdKeyTest::aRectangleIsHitEverywhere()
+{
+    const QPainterPath path = keyOf(keymap->oneLevel(), {XK_Return})->shape();
+    QVERIFY(path.contains(QRectF(1, 1, 178, 178)));
+    QVERIFY(!path.contains(QPointF(181, 90)));
+    QVERIFY(!path.contains(QPointF(90, -1)));
+}
+
+void KbdKeyTest::aKeyTakesNoFocus()
+{
+    QVERIFY(!keyOf(keymap->oneLevel(), {XK_a})->flags().testFlag(QGraphicsItem::ItemIsFocusable));
+}
+
+void KbdKeyTest::deadKeysAreThoseOfTheKeysymList_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::addColumn<bool>("isDead");
+    QTest::newRow("before the first") << KeySym(0xfe4f) << false;
+    QTest::newRow("the first") << KeySym(0xfe50) << true;
+    QTest::newRow("one of them") << KeySym(XK_dead_cedilla) << true;
+    QTest::newRow("the last") << KeySym(0xfe66) << true;
+    QTest::newRow("behind the last") << KeySym(0xfe67) << false;
+}
+
+void KbdKeyTest::deadKeysAreThoseOfTheKeysymList()
+{
+    QFETCH(KeySym, keysym);
+    QFETCH(bool, isDead);
+    const auto item = keyOf(keymap->oneLevel(), {keysym});
+    QCOMPARE(at(paintedOn(*item), 9, 90), QColor(isDead ? deadCap.body[0] : normalCap.body[0]));
+}
+
+void KbdKeyTest::theLabelIsThatOfTheActiveSymbol_data()
+{
+    QTest::addColumn<ShiftMask_t>("state");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<KeySym>("keysym");
+    QTest::newRow("plain") << noModifiers << "q" << KeySym(XK_q);
+    QTest::newRow("Shift") << shift << "1" << KeySym(XK_1);
+    QTest::newRow("third level") << mod5 << "@" << KeySym(XK_at);
+    QTest::newRow("Shift and third level")
+        << both(shift, mod5) << "\u03A9" << KeySym(XK_Greek_OMEGA);
+    QTest::newRow("an unrelated modifier") << control << "q" << KeySym(XK_q);
+    QTest::newRow("Shift and an unrelated modifier") << both(shift, control) << "1" << KeySym(XK_1);
+}
+
+void KbdKeyTest::theLabelIsThatOfTheActiveSymbol()
+{
+    QFETCH(ShiftMask_t, state);
+    QFETCH(QString, label);
+    const auto item = keyOf(keymap->fourLevels(), {XK_q, XK_1, XK_at, XK_Greek_OMEGA});
+    item->setCurrentModifiers(state);
+    QCOMPARE(labelsOf(*item), QStringList{label});
+    QCOMPARE(item->activeLabel(), label);
+    QTEST(item->activeKeysym(), "keysym");
+}
+
+void KbdKeyTest::aLabelHasItsSizeFromTheShorterSide_data()
+{
+    QTest::addColumn<KeyShape>("shape");
+    QTest::addColumn<KeySym>("keysym");
+    QTest::addColumn<int>("size");
+    QTest::newRow("a word on a wide key") << wide << KeySym(XK_Delete) << 53; // 53.6
+    QTest::newRow("a letter on a tall key is twice as high")
+        << tall << KeySym(XK_x) << 107; // 107.2
+    QTest::newRow("a word on a tall key") << rectangle(360, 1000) << KeySym(XK_End) << 111; // 111.2
+    QTest::newRow("a small key") << rectangle(1000, 50) << KeySym(XK_End) << 12;
+}
+
+void KbdKeyTest::aLabelHasItsSizeFromTheShorterSide()
+{
+    QFETCH(KeyShape, shape);
+    QFETCH(KeySym, keysym);
+    const PaintedText text = textOf(*keyOf(keymap->oneLevel(), {keysym}, shape));
+    QTEST(text.pixelSize, "size");
+    QCOMPARE(text.weight, int(QFont::Normal));
+}
+
+void KbdKeyTest::aTallReturnKeyHasSmallerLabels_data()
+{
+    QTest::addColumn<KeyShape>("shape");
+    QTest::addColumn<int>("keycode");
+    QTest::addColumn<int>("size");
+    QTest::newRow("Return, tall") << tall << int(returnKey) << 37; // 0.7 × 53.6
+    QTest::newRow("another tall key") << tall << int(keyA) << 53;
+    QTest::newRow("Return, as high as wide") << rectangle(800, 800) << int(returnKey) << 252;
+    QTest::newRow("Return, higher by a bit") << rectangle(800, 801) << int(returnKey) << 176;
+    QTest::newRow("Return, wide") << wide << int(returnKey) << 53;
+}
+
+void KbdKeyTest::aTallReturnKeyHasSmallerLabels()
+{
+    QFETCH(KeyShape, shape);
+    QFETCH(int, keycode);
+    const auto item = keyOf(keymap->oneLevel(), {XK_End}, shape, static_cast<KeyCode>(keycode));
+    QTEST(textOf(*item).pixelSize, "size");
+}
+
+// The room for a label on a key of 180 by 600 lies at (28, 14) and measures 129 by 554.
+void KbdKeyTest::aLabelOfOneCharacterIsCentredAtTheBottom()
+{
+    const PaintedText text = textOf(*keyOf(keymap->oneLevel(), {XK_x}, tall));
+    QFont font;
+    font.setPixelSize(text.pixelSize);
+    const QFontMetricsF metrics(font);
+    const double centre = text.baseline.x() + metrics.horizontalAdvance("x") / 2;
+    QVERIFY(std::abs(centre - (28 + 129 / 2.0)) <= 1);
+    QVERIFY(std::abs(text.baseline.y() + metrics.descent() - (14 + 554)) <= 1.5);
+}
+
+// The room for a label on a key of 1000 by 180 ends at 153 - 5.
+void KbdKeyTest::aLongerLabelBeginsAtTheLeftOfTheBottom()
+{
+    const PaintedText text = textOf(*keyOf(keymap->oneLevel(), {XK_Delete}, wide));
+    QFont font;
+    font.setPixelSize(text.pixelSize);
+    QCOMPARE(text.baseline.x(), 28.0);
+    QVERIFY(std::abs(text.baseline.y() + QFontMetricsF(font).descent() - 148) <= 1.5);
+}
+
+void KbdKeyTest::aLabelOfTwoLinesHasTwoLines()
+{
+    const QList<PaintedText> lines = textsOf(*keyOf(keymap->oneLevel(), {XK_Caps_Lock}, wide));
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines.first().text, QString("Caps"));
+    QCOMPARE(lines.last().text, QString("Lock"));
+    QCOMPARE(lines.first().baseline.x(), lines.last().baseline.x());
+    QVERIFY(lines.first().baseline.y() < lines.last().baseline.y());
+}
+
+void KbdKeyTest::aLabelThatDoesNotFitIsShrunk()
+{
+    const PaintedText text = textOf(*keyOf(keymap->oneLevel(), {XK_Delete}));
+
+    const double size = 53.6;
+    const QRectF room(28, 14, 129, 134);
+    PaintRecorder recorder;
+    QPainter painter(&recorder);
+    QFont font = painter.font();
+    font.setPixelSize(static_cast<int>(size));
+    painter.setFont(font);
+    const QRectF needed = painter.boundingRect(room, Qt::AlignLeft | Qt::AlignBottom, "Delete");
+    QVERIFY(needed.width() > room.width());
+    const double ratio =
+        std::max(needed.width() / room.width(), needed.height() / room.height()) + 0.05;
+    QCOMPARE(text.pixelSize, static_cast<int>(size / ratio));
+
+    font.setPixelSize(text.pixelSize);
+    QVERIFY(QFontMetricsF(font).horizontalAdvance("Delete") <= room.width());
+}
+
+void KbdKeyTest::noLabelIsSmallerThanFourPixels()
+{
+    constexpr KeySym raiseVolume = 0x1008ff13;
+    const PaintedText text = textOf(*keyOf(keymap->oneLevel(), {raiseVolume}, rectangle(50, 50)));
+    QCOMPARE(text.text, QString("AudioRaiseVolume"));
+    QCOMPARE(text.pixelSize, 4);
+}
+
+void KbdKeyTest::aKeyTooSmallForItsMarginsStillPaints()
+{
+    const auto item = keyOf(keymap->fourLevels(), {XK_a, XK_A, XK_b, XK_B}, rectangle(15, 15));
+    for (const bool multiple : {false, true}) {
+        item->setMultipleCharacters(multiple);
+        const QList<PaintedText> texts = textsOf(*item);
+        QCOMPARE(texts.size(), multiple ? 4 : 1);
+        for (const PaintedText& text : texts)
+            QCOMPARE(text.pixelSize, 4);
+    }
+}
+
+void KbdKeyTest::aLongLabelStaysOnTheNarrowPartOfAnOutline()
+{
+    constexpr int narrowFrom = 80;
+    KeyShape shape = rectangle(280, 370);
+    const KeyShape whole = shape;
+    shape.outline =
+        QPolygon({{0, 0}, {280, 0}, {280, 370}, {narrowFrom, 370}, {narrowFrom, 180}, {0, 180}});
+    const PaintedText moved = textOf(*keyOf(keymap->oneLevel(), {XK_Delete}, shape));
+    QVERIFY(moved.baseline.x() >= narrowFrom);
+    const PaintedText plain = textOf(*keyOf(keymap->oneLevel(), {XK_Delete}, whole));
+    QCOMPARE(plain.baseline.x(), 38.0);
+    QVERIFY(moved.pixelSize < plain.pixelSize);
+}
+
+void KbdKeyTest::symbolsThatStandForNothingAreNotLabelled_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::newRow("Void") << KeySym(XK_VoidSymbol);
+    QTest::newRow("None") << KeySym(x11::none);
+}
+
+void KbdKeyTest::symbolsThatStandForNothingAreNotLabelled()
+{
+    QFETCH(KeySym, keysym);
+    const auto item = keyOf(keymap->twoLevels(), {keysym, XK_a});
+    QVERIFY(textsOf(*item).isEmpty());
+    item->setMultipleCharacters(true);
+    QCOMPARE(labelsOf(*item), QStringList{"a"});
+}
+
+void KbdKeyTest::capsLockChangesTheCaseOfLetters_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::addColumn<ShiftMask_t>("state");
+    QTest::addColumn<QString>("label");
+    QTest::newRow("without Lock") << KeySym(XK_a) << noModifiers << "a";
+    QTest::newRow("Lock") << KeySym(XK_a) << lock << "A";
+    QTest::newRow("Lock and Shift") << KeySym(XK_a) << both(lock, shift) << "a";
+    QTest::newRow("a capital, Lock and Shift") << KeySym(XK_A) << both(lock, shift) << "a";
+    QTest::newRow("a capital, Shift alone") << KeySym(XK_A) << shift << "A";
+    QTest::newRow("Lock and another modifier") << KeySym(XK_a) << both(lock, mod1) << "A";
+    QTest::newRow("a letter with an accent") << KeySym(XK_adiaeresis) << lock << "\u00C4";
+    QTest::newRow("a Greek letter") << KeySym(XK_Greek_alpha) << lock << "\u0391";
+    QTest::newRow("a figure") << KeySym(XK_7) << lock << "7";
+    QTest::newRow("a word") << KeySym(XK_End) << lock << "End";
+    QTest::newRow("a word, with Shift") << KeySym(XK_End) << both(lock, shift) << "End";
+}
+
+void KbdKeyTest::capsLockChangesTheCaseOfLetters()
+{
+    QFETCH(KeySym, keysym);
+    QFETCH(ShiftMask_t, state);
+    QFETCH(QString, label);
+    const auto item = keyOf(keymap->oneLevel(), {keysym});
+    item->setCurrentModifiers(state);
+    QCOMPARE(labelsOf(*item), QStringList{label});
+}
+
+void KbdKeyTest::labelsHaveTheColourOfTheirState_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::addColumn<bool>("multiple");
+    QTest::addColumn<ShiftMask_t>("state");
+    QTest::addColumn<TextColour>("colour");
+    QTest::newRow("normal") << KeySym(XK_Delete) << false << noModifiers << normalText;
+    QTest::newRow("dead") << KeySym(XK_dead_acute) << false << noModifiers << deadText;
+    QTest::newRow("modifier on") << KeySym(XK_Delete) << false << control << modifierOnText;
+    QTest::newRow("modifier on in part")
+        << KeySym(XK_Delete) << false << both(control, lock) << modifierOnText;
+    QTest::newRow("modifier on goes before dead")
+        << KeySym(XK_dead_acute) << false << control << modifierOnText;
+    QTest::newRow("another modifier on") << KeySym(XK_Delete) << false << lock << normalText;
+    QTest::newRow("off the positions") << KeySym(XK_Delete) << true << mod1 << offPositionText;
+    QTest::newRow("off the positions goes before dead")
+        << KeySym(XK_dead_acute) << true << mod1 << offPositionText;
+    QTest::newRow("modifier on goes before off the positions")
+        << KeySym(XK_Delete) << true << both(mod1, control) << modifierOnText;
+    QTest::newRow("pressed changes nothing")
+        << KeySym(XK_End) << false << noModifiers << normalText;
+}
+
+void KbdKeyTest::labelsHaveTheColourOfTheirState()
+{
+    QFETCH(KeySym, keysym);
+    QFETCH(bool, multiple);
+    QFETCH(ShiftMask_t, state);
+    QFETCH(TextColour, colour);
+    keymap->setAction(keyA, XkbSA_SetMods, both(control, shift));
+    const auto item = keyOf(keymap->addType(2, {{mod1, 1}}), {keysym, keysym});
+    item->setMultipleCharacters(multiple);
+    item->setCurrentModifiers(state);
+    if (keysym == XK_End)
+        item->keyPressEventIn();
+    QCOMPARE(textOf(*item).colour, QColor(colour.onScreen));
+    item->setColourScheme(ColourScheme::OnPaper);
+    QCOMPARE(textOf(*item).colour, QColor(colour.onPaper));
+}
+
+void KbdKeyTest::aLevelBeyondTheKeysOwnIsBlank()
+{
+    const auto item = keyOf(keymap->addType(2, {{shift, 5}}), {XK_a, XK_A});
+    item->setCurrentModifiers(shift);
+    QVERIFY(textsOf(*item).isEmpty());
+    QCOMPARE(item->activeKeysym(), x11::none);
+    QCOMPARE(item->activeLabel(), QString());
+    item->setMultipleCharacters(true);
+    QCOMPARE(labelsOf(*item).mid(0, 1), QStringList{"a"});
+}
+
+// A key of 185 by 181 has its cells, of 74.4 by 72.4, at 18 and 92 across and at 9 and 81 down.
+void KbdKeyTest::fourLabelsStandInTheQuarters()
+{
+    const auto item = keyOf(keymap->fourLevels(), {XK_a, XK_b, XK_c, XK_d}, rectangle(185, 181));
+    item->setMultipleCharacters(true);
+    const QList<PaintedText> texts = textsOf(*item);
+    QCOMPARE(labelsOf(*item), QStringList({"a", "b", "c", "d"}));
+    constexpr QSizeF cell(74.4, 72.4);
+    const QList<QRectF> cells{{{18, 81}, cell}, {{18, 9}, cell}, {{92, 81}, cell}, {{92, 9}, cell}};
+    for (int i = 0; i < cells.size(); ++i) {
+        QFont font;
+        font.setPixelSize(texts.at(i).pixelSize);
+        const QFontMetricsF metrics(font);
+        const QRectF room(
+            cells.at(i).x() + 10, cells.at(i).y() + 5, cell.width() - 15, cell.height() - 10);
+        const double middle =
+            texts.at(i).baseline.x() + metrics.horizontalAdvance(texts.at(i).text) / 2;
+        QVERIFY(std::abs(middle - room.center().x()) <= 1);
+        QVERIFY(std::abs(texts.at(i).baseline.y() + metrics.descent() - room.bottom()) <= 1.5);
+    }
+}
+
+void KbdKeyTest::twoLabelsShareTheWholeWidth()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_b}, rectangle(185, 181));
+    item->setMultipleCharacters(true);
+    const QList<PaintedText> texts = textsOf(*item);
+    QCOMPARE(labelsOf(*item), QStringList({"a", "b"}));
+    const double roomCentre = 18 + 10 + (148.8 - 15) / 2;
+    for (const PaintedText& text : texts) {
+        QFont font;
+        font.setPixelSize(text.pixelSize);
+        const double half = QFontMetricsF(font).horizontalAdvance(text.text) / 2;
+        QVERIFY(std::abs(text.baseline.x() + half - roomCentre) <= 1);
+    }
+    QVERIFY(texts.first().baseline.y() > 81);
+    QVERIFY(texts.last().baseline.y() < 81);
+}
+
+void KbdKeyTest::aThirdLevelAloneStandsAtTheRight()
+{
+    const auto item = keyOf(keymap->addType(2, {{mod5, 1}}), {XK_a, XK_b});
+    item->setMultipleCharacters(true);
+    const QList<PaintedText> texts = textsOf(*item);
+    QCOMPARE(labelsOf(*item), QStringList({"a", "b"}));
+    QVERIFY(texts.first().baseline.x() < 90);
+    QVERIFY(texts.last().baseline.x() > 90);
+    QVERIFY(texts.last().baseline.y() > 81);
+}
+
+// On a key of 1000 by 180 a label has 53 pixels, which the half of its height has room for.
+void KbdKeyTest::labelsAmongOthersAreNotDoubled()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_End}, rectangle(200, 1000));
+    item->setMultipleCharacters(true);
+    const QList<PaintedText> texts = textsOf(*item);
+    QCOMPARE(texts.size(), 2);
+    QCOMPARE(texts.first().pixelSize, 60);
+    QCOMPARE(texts.last().pixelSize, 60);
+}
+
+// The grounds on a key of 185 by 181 are 71 by 69, one unit within the cells' upper left corners.
+void KbdKeyTest::deadKeysAmongOthersHaveAGroundOfTheirOwn()
+{
+    const auto item = keyOf(keymap->fourLevels(),
+        {XK_dead_grave, XK_dead_acute, XK_dead_circumflex, XK_dead_tilde}, rectangle(185, 181));
+    item->setMultipleCharacters(true);
+    const QImage image = paintedOn(*item);
+    const QColor dead(deadCap.top[0]);
+    const QColor top(normalCap.top[0]);
+    for (const int left : {18, 92}) {
+        for (const int upper : {9, 81}) {
+            QCOMPARE(at(image, left + 1, upper + 1), dead);
+            QCOMPARE(at(image, left + 71, upper + 1), dead);
+            QCOMPARE(at(image, left + 1, upper + 69), dead);
+            QCOMPARE(at(image, left + 71, upper + 69), dead);
+        }
+    }
+    for (const int beside : {90, 91, 92})
+        QCOMPARE(at(image, beside, 40), top);
+    for (const int beside : {79, 80, 81})
+        QCOMPARE(at(image, 20, beside), top);
+
+    item->setColourScheme(ColourScheme::OnPaper);
+    QCOMPARE(at(paintedOn(*item), 20, 20), QColor(deadCap.top[1]));
+}
+
+void KbdKeyTest::aDeadKeyAmongOthersLeavesTheCapNormal()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_dead_acute, XK_a});
+    QCOMPARE(at(paintedOn(*item), 9, 90), QColor(deadCap.body[0]));
+    item->setMultipleCharacters(true);
+    const QImage image = paintedOn(*item);
+    QCOMPARE(at(image, 9, 90), QColor(normalCap.body[0]));
+    QCOMPARE(at(image, 20, 20), QColor(normalCap.top[0]));
+    QCOMPARE(at(image, 20, 90), QColor(deadCap.top[0]));
+    const QList<PaintedText> texts = textsOf(*item);
+    QCOMPARE(texts.first().colour, QColor(deadText.onScreen));
+    QCOMPARE(texts.last().colour, QColor(normalText.onScreen));
+}
+
+void KbdKeyTest::aSymbolThatIsNoDeadKeyHasNoGround()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_b});
+    item->setMultipleCharacters(true);
+    const QImage image = paintedOn(*item);
+    QCOMPARE(at(image, 20, 20), QColor(normalCap.top[0]));
+    QCOMPARE(at(image, 20, 90), QColor(normalCap.top[0]));
+}
+
+void KbdKeyTest::oneSymbolOnBothLevelsIsShownOnce()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_x, XK_x}, tall);
+    item->setMultipleCharacters(true);
+    const PaintedText text = textOf(*item);
+    QCOMPARE(text.text, QString("x"));
+    QCOMPARE(text.pixelSize, 107);
+    QCOMPARE(text.colour, QColor(normalText.onScreen));
+}
+
+void KbdKeyTest::oneSymbolOnBothLevelsIsShownTwiceBesideAThird()
+{
+    const auto item = keyOf(keymap->fourLevels(), {XK_x, XK_x, XK_y, XK_y});
+    item->setMultipleCharacters(true);
+    QCOMPARE(labelsOf(*item), QStringList({"x", "x", "y", "y"}));
+}
+
+void KbdKeyTest::aKeyOfOneLevelIsShownAsBefore()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_x}, tall);
+    const QList<PaintedText> before = textsOf(*item);
+    item->setMultipleCharacters(true);
+    QCOMPARE(textsOf(*item), before);
+}
+
+void KbdKeyTest::aSymbolOffThePositionsIsShownAlone()
+{
+    const auto item =
+        keyOf(keymap->addType(3, {{shift, 1}, {mod1, 2}}), {XK_a, XK_A, XK_dead_acute}, tall);
+    item->setMultipleCharacters(true);
+    QCOMPARE(labelsOf(*item), QStringList({"a", "A"}));
+    item->setCurrentModifiers(mod1);
+    const PaintedText text = textOf(*item);
+    QCOMPARE(text.text, QString("\u00B4"));
+    QCOMPARE(text.pixelSize, 107);
+    QCOMPARE(text.colour, QColor(offPositionText.onScreen));
+    QCOMPARE(at(paintedOn(*item), 9, 90), QColor(normalCap.body[0]));
+}
+
+void KbdKeyTest::capsLockChangesTheCaseAmongOthers()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_A});
+    item->setMultipleCharacters(true);
+    item->setCurrentModifiers(lock);
+    QCOMPARE(labelsOf(*item), QStringList({"A", "A"}));
+    item->setCurrentModifiers(both(lock, shift));
+    QCOMPARE(labelsOf(*item), QStringList({"a", "a"}));
+}
+
+void KbdKeyTest::theSelectedGroupIsShown()
+{
+    layouts = QStringList{"us", "gr"};
+    const int two = keymap->twoLevels();
+    keymap->addKey("AC01", keyA, {{two, {XK_a, XK_A}}, {two, {XK_Greek_alpha, XK_Greek_ALPHA}}});
+    const auto item = key("AC01");
+    item->setSelectedGroup(1);
+    QCOMPARE(labelsOf(*item), QStringList{"\u03B1"});
+    item->setCurrentModifiers(shift);
+    QCOMPARE(item->activeKeysym(), KeySym(XK_Greek_ALPHA));
+    item->setSelectedGroup(0);
+    QCOMPARE(item->activeKeysym(), KeySym(XK_A));
+}
+
+void KbdKeyTest::aKeyWithFewerGroupsKeepsTheGroupShown()
+{
+    layouts = QStringList{"us", "gr", "ru"};
+    const int one = keymap->oneLevel();
+    keymap->addKey("AC01", keyA, {{one, {XK_a}}, {one, {XK_Greek_alpha}}});
+    const auto item = key("AC01");
+    item->setSelectedGroup(1);
+    item->setSelectedGroup(2);
+    QCOMPARE(item->activeKeysym(), KeySym(XK_Greek_alpha));
+}
+
+void KbdKeyTest::theSelectedGroupChoosesTheLanguage()
+{
+    layouts = QStringList{"us", "de"};
+    const auto item = keyOf(keymap->oneLevel(), {XK_Home});
+    QCOMPARE(labelsOf(*item), QStringList{"Home"});
+    item->setSelectedGroup(1);
+    QCOMPARE(labelsOf(*item), QStringList{"Pos 1"});
+    item->setSelectedGroup(3);
+    QCOMPARE(labelsOf(*item), QStringList{"Home"});
+}
+
+void KbdKeyTest::anOrdinaryKeyTypes()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_Delete, XK_a});
+    KeyLog log(*item);
+    press(*item);
+    QCOMPARE(log.take(), QStringList({"virtualKeyPress Delete Delete", "mouseKeyPressOut 38"}));
+    QVERIFY(!item->isPressed());
+    release(*item);
+    QCOMPARE(log.take(), QStringList({"virtualKeyRelease Delete Delete", "mouseKeyReleaseOut 38"}));
+}
+
+void KbdKeyTest::aClickReportsTheActiveSymbol()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_1, XK_exclam});
+    KeyLog log(*item);
+    item->setCurrentModifiers(shift);
+    press(*item);
+    item->setCurrentModifiers(noModifiers);
+    release(*item);
+    QCOMPARE(log.take(),
+        QStringList({"virtualKeyPress ! exclam", "mouseKeyPressOut 38", "virtualKeyRelease 1 1",
+            "mouseKeyReleaseOut 38"}));
+}
+
+void KbdKeyTest::aDoubleClickIsASecondPress()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_a});
+    KeyLog log(*item);
+    sendMouse(*item, QEvent::GraphicsSceneMouseDoubleClick);
+    QCOMPARE(log.take(), QStringList({"virtualKeyPress a a", "mouseKeyPressOut 38"}));
+}
+
+void KbdKeyTest::aMomentaryModifierIsHeldWithTheMouse()
+{
+    momentaryMask = both(lock, mod1);
+    keymap->addKey("CAPS", capsLock, {{keymap->oneLevel(), {XK_Caps_Lock}}});
+    keymap->setAction(capsLock, XkbSA_LockMods, lock);
+    const auto item = key("CAPS");
+    KeyLog log(*item);
+    const QString label("Caps\nLock Caps_Lock");
+    for (const ShiftMask_t state : {noModifiers, lock}) {
+        item->setCurrentModifiers(state);
+        press(*item);
+        QCOMPARE(log.take(), QStringList({"virtualKeyPress " + label, "modifierPressed 66 3 2"}));
+        release(*item);
+        QCOMPARE(
+            log.take(), QStringList({"virtualKeyRelease " + label, "modifierReleased 66 3 2"}));
+    }
+}
+
+void KbdKeyTest::aModifierIsToggled()
+{
+    const auto item = modifierKey(leftShift, XK_Shift_L, shift);
+    KeyLog log(*item);
+    const QString label("\u21E7 Shift_L");
+    press(*item);
+    QCOMPARE(log.take(), QStringList({"virtualKeyPress " + label, "modifierPressed 50 1 1"}));
+    release(*item);
+    QCOMPARE(log.take(), QStringList{"virtualKeyRelease " + label});
+
+    item->setCurrentModifiers(both(shift, mod1));
+    press(*item);
+    QCOMPARE(log.take(), QStringList({"virtualKeyPress " + label, "modifierReleased 50 1 1"}));
+    release(*item);
+    QCOMPARE(log.take(), QStringList{"virtualKeyRelease " + label});
+}
+
+void KbdKeyTest::aModifierThatIsHeldInPartIsPressed()
+{
+    const auto item = modifierKey(leftShift, XK_Shift_L, both(shift, mod1));
+    KeyLog log(*item);
+    item->setCurrentModifiers(mod1);
+    press(*item);
+    QCOMPARE(log.take().last(), QString("modifierPressed 50 1 9"));
+    item->setCurrentModifiers(both(shift, mod1));
+    press(*item);
+    QCOMPARE(log.take().last(), QString("modifierReleased 50 1 9"));
+}
+
+void KbdKeyTest::aTwinIsToggledAsWell()
+{
+    const auto item = modifierKey(leftShift, XK_Shift_L, shift);
+    item->setTwinKeycode(rightShift);
+    KeyLog log(*item);
+    press(*item);
+    QCOMPARE(log.take().mid(1), QStringList({"modifierPressed 50 1 1", "modifierPressed 62 1 1"}));
+    release(*item);
+    QCOMPARE(log.take().size(), 1);
+    item->setCurrentModifiers(shift);
+    press(*item);
+    QCOMPARE(
+        log.take().mid(1), QStringList({"modifierReleased 50 1 1", "modifierReleased 62 1 1"}));
+}
+
+void KbdKeyTest::aMomentaryModifierHasNoUseForItsTwin()
+{
+    momentaryMask = shift;
+    const auto item = modifierKey(leftShift, XK_Shift_L, shift);
+    item->setTwinKeycode(rightShift);
+    KeyLog log(*item);
+    press(*item);
+    QCOMPARE(log.take().mid(1), QStringList{"modifierPressed 50 1 1"});
+    release(*item);
+    QCOMPARE(log.take().mid(1), QStringList{"modifierReleased 50 1 1"});
+}
+
+void KbdKeyTest::aPhysicalKeyLightsUp()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_a});
+    KeyLog log(*item);
+    item->keyPressEventIn(noModifiers);
+    QVERIFY(item->isPressed());
+    QCOMPARE(at(paintedOn(*item), 9, 90), QColor(pressedCap.body[0]));
+    QCOMPARE(log.take(), QStringList{"virtualKeyPress a a"});
+    item->keyReleaseEventIn(noModifiers);
+    QVERIFY(!item->isPressed());
+    QCOMPARE(at(paintedOn(*item), 9, 90), QColor(normalCap.body[0]));
+    QCOMPARE(log.take(), QStringList{"virtualKeyRelease a a"});
+}
+
+void KbdKeyTest::aPhysicalKeyReportsTheSymbolOfItsEvent()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_1, XK_exclam});
+    item->setCurrentModifiers(noModifiers);
+    KeyLog log(*item);
+    item->keyPressEventIn(shift);
+    item->keyReleaseEventIn(noModifiers);
+    QCOMPARE(log.take(), QStringList({"virtualKeyPress ! exclam", "virtualKeyRelease 1 1"}));
+}
+
+void KbdKeyTest::aPhysicalModifierIsReported()
+{
+    const auto item = modifierKey(leftShift, XK_Shift_L, shift);
+    item->setTwinKeycode(rightShift);
+    KeyLog log(*item);
+    item->setCurrentModifiers(shift);
+    item->keyPressEventIn(noModifiers);
+    QCOMPARE(log.take(), QStringList({"modifierPressed 50 1 1", "virtualKeyPress \u21E7 Shift_L"}));
+    item->keyReleaseEventIn(shift);
+    QCOMPARE(
+        log.take(), QStringList({"modifierReleased 50 1 1", "virtualKeyRelease \u21E7 Shift_L"}));
+}
+
+void KbdKeyTest::aPhysicalKeyNeedsNoState()
+{
+    const auto item = keyOf(keymap->twoLevels(), {XK_1, XK_exclam});
+    item->setCurrentModifiers(shift);
+    KeyLog log(*item);
+    item->keyPressEventIn();
+    item->keyReleaseEventIn();
+    QCOMPARE(log.take(), QStringList({"virtualKeyPress 1 1", "virtualKeyRelease 1 1"}));
+}
+
+void KbdKeyTest::aKeyWithoutGroupsReportsNothing()
+{
+    keymap->addKey("LFSH", leftShift);
+    keymap->setAction(leftShift, XkbSA_SetMods, shift);
+    const auto item = key("LFSH");
+    KeyLog log(*item);
+    press(*item);
+    release(*item);
+    item->keyPressEventIn();
+    item->keyReleaseEventIn();
+    QCOMPARE(log.take(), QStringList());
+}
+
+void KbdKeyTest::aKeyThatTheKeymapLacksReportsNothing()
+{
+    const auto item = key("I999");
+    KeyLog log(*item);
+    press(*item);
+    release(*item);
+    item->keyPressEventIn();
+    item->keyReleaseEventIn();
+    QCOMPARE(log.take(), QStringList());
+}
+
+void KbdKeyTest::modifiersAreNamedByTheirFirstKeysym_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("Caps_Lock") << KeySym(XK_Caps_Lock) << "CapsLock";
+    QTest::newRow("Num_Lock") << KeySym(XK_Num_Lock) << "NumLock";
+    QTest::newRow("Scroll_Lock") << KeySym(XK_Scroll_Lock) << "ScrollLock";
+    QTest::newRow("Shift_L") << KeySym(XK_Shift_L) << "Shift";
+    QTest::newRow("Shift_R") << KeySym(XK_Shift_R) << "Shift";
+    QTest::newRow("Control_L") << KeySym(XK_Control_L) << "Control";
+    QTest::newRow("Control_R") << KeySym(XK_Control_R) << "Control";
+    QTest::newRow("Meta_L") << KeySym(XK_Meta_L) << "Meta";
+    QTest::newRow("Meta_R") << KeySym(XK_Meta_R) << "Meta";
+    QTest::newRow("Alt_L") << KeySym(XK_Alt_L) << "Alt";
+    QTest::newRow("Alt_R") << KeySym(XK_Alt_R) << "Alt";
+    QTest::newRow("Super_L") << KeySym(XK_Super_L) << "Super";
+    QTest::newRow("Super_R") << KeySym(XK_Super_R) << "Super";
+    QTest::newRow("Hyper_L") << KeySym(XK_Hyper_L) << "Hyper";
+    QTest::newRow("Hyper_R") << KeySym(XK_Hyper_R) << "Hyper";
+    QTest::newRow("ISO_Level3_Shift") << KeySym(XK_ISO_Level3_Shift) << "LevelThree";
+    QTest::newRow("ISO_Level3_Latch") << KeySym(XK_ISO_Level3_Latch) << "LevelThree";
+    QTest::newRow("ISO_Level3_Lock") << KeySym(XK_ISO_Level3_Lock) << "LevelThree";
+    QTest::newRow("ISO_Level5_Shift") << KeySym(XK_ISO_Level5_Shift) << "";
+    QTest::newRow("a") << KeySym(XK_a) << "";
+    QTest::newRow("none") << x11::none << "";
+}
+
+void KbdKeyTest::modifiersAreNamedByTheirFirstKeysym()
+{
+    QFETCH(KeySym, keysym);
+    QTEST(keyOf(keymap->twoLevels(), {keysym, XK_Shift_L})->modifierName(), "name");
+}
+
+void KbdKeyTest::onlySettingAndLockingMakesAModifier_data()
+{
+    QTest::addColumn<int>("action");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("mask");
+    QTest::newRow("set") << int(XkbSA_SetMods) << 1 << 5;
+    QTest::newRow("lock") << int(XkbSA_LockMods) << 3 << 5;
+    QTest::newRow("latch") << int(XkbSA_LatchMods) << 0 << 0;
+    QTest::newRow("set the group") << int(XkbSA_SetGroup) << 0 << 0;
+    QTest::newRow("none") << int(XkbSA_NoAction) << 0 << 0;
+}
+
+void KbdKeyTest::onlySettingAndLockingMakesAModifier()
+{
+    QFETCH(int, action);
+    keymap->setAction(keyA, static_cast<unsigned char>(action), both(shift, control));
+    const auto item = keyOf(keymap->oneLevel(), {XK_a});
+    QTEST(int(item->keyType()), "type");
+    QTEST(int(item->keyModifiers()), "mask");
+}
+
+void KbdKeyTest::aKeyIsFoundByAllOfItsName()
+{
+    const int one = keymap->oneLevel();
+    keymap->addKey("AE01", 10, {{one, {XK_1}}});
+    keymap->addKey("AE0", 11, {{one, {XK_2}}});
+    keymap->addKey("AE01", 12, {{one, {XK_3}}});
+    QCOMPARE(key("AE01")->x11Keycode(), KeyCode(10));
+    QCOMPARE(key("AE0")->x11Keycode(), KeyCode(11));
+    QCOMPARE(key("AE")->x11Keycode(), KeyCode(0));
+}
+
+QTEST_MAIN(KbdKeyTest)
+
+#include "tst_kbdkey.moc"
