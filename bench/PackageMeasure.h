@@ -5,7 +5,7 @@
 
 // What the tests for font packages cost at a start of the program.
 struct PackageFigures {
-    int testsAsShipped = 0; // runs of dpkg at one start, with the spec table as it is
+    int testsAsShipped = 0; // runs of dpkg at one start, with the keyboard table as it is
     int testsWithoutNames = 0; // the same with a table without names in a native script
     Compared start; // with the one table and with the other, milliseconds
 };

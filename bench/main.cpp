@@ -2,8 +2,9 @@
 //
 //   kbd-bench PROGRAM DIRECTORY [RUNS]
 //
-// DIRECTORY holds the spec table and the icons. Everything runs on a private X server. The figures
-// are medians; they judge nothing, because they depend on the machine and on what else it does.
+// DIRECTORY holds the keyboard table and the icons. Everything runs on a private X server. The
+// figures are medians; they judge nothing, because they depend on the machine and on what else it
+// does.
 
 #include "ChoiceMeasure.h"
 #include "ClickMeasure.h"

@@ -7,7 +7,7 @@
 
 class PackageTest;
 
-// The choice of keyboards that the spec table lists, sorted by their display names, and a
+// The choice of keyboards that the keyboard table lists, sorted by their display names, and a
 // "<Custom>" entry for a keyboard that matches none of them.
 class CKbdSpecSelector : public QComboBox {
     Q_OBJECT

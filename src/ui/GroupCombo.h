@@ -12,7 +12,7 @@ class QComboBox;
 class QLabel;
 
 // The choice of the XKB group that the picture shows: a caption and a combo box in a row, one item
-// for each group, with the flag of the group's layout where the spec table knows one.
+// for each group, with the flag of the group's layout where the keyboard table knows one.
 class GroupCombo : public QBoxLayout {
     Q_OBJECT
 

@@ -10,8 +10,9 @@
 #include <QImage>
 #include <QTemporaryDir>
 
-// The places where the program looks for the spec table and its icons, all of them empty, for one
-// test: a directory in the build tree in place of the installed one, and a working directory with
+// The places where the program looks for the keyboard table and its icons, all of them empty, for
+// one test: a directory in the build tree in place of the installed one, and a working directory
+// with
 // "../src/" beside it.
 class DataFixture {
 public:

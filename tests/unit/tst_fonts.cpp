@@ -137,7 +137,7 @@ private:
 
 } // namespace
 
-// The fonts that the package asks for draw every label of every keyboard of the spec table.
+// The fonts that the package asks for draw every label of every keyboard of the keyboard table.
 class tst_fonts : public QObject {
     Q_OBJECT
 
