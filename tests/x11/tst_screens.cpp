@@ -1,0 +1,114 @@
+#include "support/PictureLocator.h"
+#include "support/PrivateServer.h"
+#include "support/ProgramRun.h"
+#include "support/ProgramWindows.h"
+#include "support/WindowManager.h"
+#include "support/XTools.h"
+
+#include <QTest>
+
+namespace {
+
+// Of the picture's ground and keys: the picture without its captions, in tenths of a millimetre.
+constexpr QRectF ground{0, 0, 4317, 1269};
+constexpr QRgb groundColour = qRgb(169, 169, 169);
+
+// Wide enough for the frame that a window manager puts around a window, in pixels.
+constexpr int frameWidth = 12;
+constexpr int titleHeight = 40;
+
+} // namespace
+
+// The real program on screens of many sizes, at the scale factors that desktops use.
+class TestScreens : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theWindowFitsAndThePictureIsCentred_data();
+    void theWindowFitsAndThePictureIsCentred();
+
+private:
+    static QRect rectangleOf(Display* display, Window window);
+};
+
+void TestScreens::theWindowFitsAndThePictureIsCentred_data()
+{
+    QTest::addColumn<QStringList>("server");
+    QTest::addColumn<QRect>("screen"); // where the window is to be
+    QTest::addColumn<QString>("scale");
+    QTest::addColumn<QString>("mode");
+
+    const auto add = [](const char* size, const QSize& pixels, const char* scale) {
+        const QStringList server{
+            QStringLiteral("-screen"), QStringLiteral("0"), QString::fromLatin1(size)};
+        for (const char* mode : {"--tofocus", "--standalone"})
+            QTest::addRow("%s, scale %s, %s", size, scale, mode)
+                << server << QRect(QPoint(), pixels) << QString::fromLatin1(scale)
+                << QString::fromLatin1(mode);
+    };
+    add("800x600x24", {800, 600}, "1");
+    add("800x600x24", {800, 600}, "1.5");
+    add("1280x1024x24", {1280, 1024}, "1.5");
+    add("3840x2160x24", {3840, 2160}, "1");
+    add("3840x2160x24", {3840, 2160}, "2");
+
+    QTest::newRow("two screens side by side")
+        << QStringList{QStringLiteral("-screen"), QStringLiteral("0"),
+               QStringLiteral("1024x768x24"), QStringLiteral("-screen"), QStringLiteral("1"),
+               QStringLiteral("1024x768x24"), QStringLiteral("+xinerama")}
+        << QRect(0, 0, 1024, 768) << QStringLiteral("1") << QStringLiteral("--tofocus");
+}
+
+QRect TestScreens::rectangleOf(Display* display, Window window)
+{
+    XWindowAttributes attributes{};
+    XGetWindowAttributes(display, window, &attributes);
+    int x = 0;
+    int y = 0;
+    Window child = x11::none;
+    XTranslateCoordinates(display, window, DefaultRootWindow(display), 0, 0, &x, &y, &child);
+    return {x, y, attributes.width, attributes.height};
+}
+
+void TestScreens::theWindowFitsAndThePictureIsCentred()
+{
+    QFETCH(QStringList, server);
+    QFETCH(QRect, screen);
+    QFETCH(QString, scale);
+    QFETCH(QString, mode);
+    const PrivateServer privateServer(server);
+    const XConnection display = openDisplay(privateServer.display());
+    const WindowManager windowManager("openbox", privateServer.display());
+    QVERIFY(setKeyboard(privateServer.display(),
+        {QStringLiteral("-model"), QStringLiteral("pc105"), QStringLiteral("-layout"),
+            QStringLiteral("us")}));
+
+    ProgramRun program(QStringLiteral(KBD_PROGRAM), privateServer.display());
+    program.setVariable(QStringLiteral("QT_SCALE_FACTOR"), scale);
+    program.setWorkingDirectory(QStringLiteral(KBD_LAYOUT_DIRECTORY));
+    program.start({mode});
+    const Window window = program.waitForWindow(display.get());
+    QVERIFY2(window != x11::none, program.errors().constData());
+    PictureLocator locator(display.get(), window, ground, groundColour);
+    QVERIFY(locator.waitForPicture());
+
+    const QRect frame = rectangleOf(display.get(), window)
+                            .adjusted(-frameWidth, -titleHeight, frameWidth, frameWidth);
+    QVERIFY2(screen.adjusted(-frameWidth, -titleHeight, frameWidth, frameWidth).contains(frame),
+        qPrintable(QStringLiteral("%1x%2+%3+%4")
+                       .arg(frame.width())
+                       .arg(frame.height())
+                       .arg(frame.x())
+                       .arg(frame.y())));
+    const QRect inside = rectangleOf(display.get(), window);
+    const double left = locator.area().left() - inside.left();
+    const double right = inside.left() + inside.width() - locator.area().right();
+    QVERIFY2(qAbs(left - right) < 6, qPrintable(QStringLiteral("%1 and %2").arg(left).arg(right)));
+    if (mode == QLatin1String("--tofocus")) {
+        const int centre = inside.left() + inside.width() / 2;
+        QVERIFY(qAbs(centre - screen.center().x()) < 6);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestScreens)
+#include "tst_screens.moc"
