@@ -157,7 +157,8 @@ int main(int argc, char** argv)
         application->installEventFilter(&paints);
         measure(paints, *mainWindow(), runs);
     } catch (KbdApp::ExceptionType exception) {
-        KbdApp::endWith(exception);
+        KbdApp::report(exception);
+        return EXIT_FAILURE;
     }
     std::fflush(stdout);
     _exit(EXIT_SUCCESS);

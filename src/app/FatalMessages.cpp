@@ -8,22 +8,32 @@
 #include <cstdio>
 #include <cstdlib>
 #include <unistd.h>
+#include <xcb/xcb.h>
 
 namespace {
 
 QList<QString>& heldMessages()
 {
-    static QList<QString> held;
-    return held;
+    // The toolkit has its say until the very end of the process: this is never destroyed.
+    static auto* const held = new QList<QString>;
+    return *held;
 }
 
 bool holding = true;
+
+bool serverAnswers()
+{
+    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    const bool answers = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return answers;
+}
 
 [[noreturn]] void endProcess(const QString& message)
 {
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
     const bool starting = QGuiApplication::platformName().isEmpty();
-    if (starting && platform.startsWith(QLatin1StringView("xcb"))) {
+    if (starting && platform.startsWith(QLatin1StringView("xcb")) && !serverAnswers()) {
         const char* display = std::getenv("DISPLAY");
         std::fprintf(stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n",
             display ? display : "");

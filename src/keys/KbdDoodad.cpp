@@ -55,13 +55,11 @@ void KbdDoodad::readShape()
     }
 }
 
-// False when the geometry has no such shape: the item keeps its unit size.
-bool KbdDoodad::takeShape(int index)
+// An item whose shape the geometry does not have keeps its unit size.
+void KbdDoodad::takeShape(int index)
 {
-    if (index < 0 || index >= geometry.num_shapes)
-        return false;
-    shapeData = KeyShape(geometry.shapes[index]);
-    return true;
+    if (index >= 0 && index < geometry.num_shapes)
+        shapeData = KeyShape(geometry.shapes[index]);
 }
 
 void KbdDoodad::readText()

@@ -49,7 +49,7 @@ private:
     void readShape();
     void readText();
     void readLogo();
-    bool takeShape(int index);
+    void takeShape(int index);
     void loadPixmap(const QString& path);
 
     void paintShape(QPainter* painter) const;

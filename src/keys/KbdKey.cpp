@@ -105,7 +105,7 @@ void KbdKey::readSymbols()
         symbolNames.resize(slotCount);
         symbolLabels.resize(slotCount);
         for (int g = 0; g < groupCount(); ++g)
-            keyTypes << &map.types[std::min<int>(symbols.kt_index[g], map.num_types - 1)];
+            keyTypes << &map.types[symbols.kt_index[g]];
 
         for (int layout = 0; layout < context.layoutNames.size(); ++layout) {
             const std::optional<int> wrappedGroup = wrapped(layout);

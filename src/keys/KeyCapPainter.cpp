@@ -102,26 +102,48 @@ void KeyCapPainter::drawLabel(const CapLabel& label)
     const QString text = withCaseOf(label.text, label.modifiers);
     QRectF room = textRectangle(label.cell);
     painter->setPen(keyColour(label.colour, scheme));
-    fit(text, label.size, room);
-    if (!shape.outline.isEmpty() && !isOnCap(painter->boundingRect(room, alignment(text), text))) {
+    double factor = fit(text, label.size, room);
+    if (!shape.outline.isEmpty() && !isOnCap(placeOf(text, room, factor))) {
         room.setLeft(room.left() + capEdgeBelow(room.bottom()));
-        fit(text, label.size, room);
+        factor = fit(text, label.size, room);
     }
-    painter->drawText(room, alignment(text), text);
+    drawText(text, room, factor);
 }
 
-// Sets the painter's font to a size with which the text fits.
-void KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
+// Sets the painter's font to the size and says by what the text must be made smaller to fit.
+double KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
 {
+    const int pixels = std::max(1, static_cast<int>(size));
     QFont font = painter->font();
-    font.setPixelSize(std::max(1, static_cast<int>(size)));
+    font.setPixelSize(pixels);
     font.setWeight(QFont::Normal);
     painter->setFont(font);
     const QSizeF needed = painter->boundingRect(room, alignment(text), text).size();
     if (needed.width() <= room.width() && needed.height() <= room.height())
+        return 1;
+    return std::trunc(fittingSize(size, needed, room.size())) / pixels;
+}
+
+QRectF KeyCapPainter::placeOf(const QString& text, const QRectF& room, double factor) const
+{
+    const QRectF enlarged(room.topLeft(), room.size() / factor);
+    const QRectF place = painter->boundingRect(enlarged, alignment(text), text);
+    return {room.topLeft() + (place.topLeft() - room.topLeft()) * factor, place.size() * factor};
+}
+
+// A smaller size is drawn by scaling: another font for every size would cost the toolkit a search
+// through all fonts for each, most of what the first picture takes.
+void KeyCapPainter::drawText(const QString& text, const QRectF& room, double factor)
+{
+    if (factor == 1) {
+        painter->drawText(room, alignment(text), text);
         return;
-    font.setPixelSize(static_cast<int>(fittingSize(size, needed, room.size())));
-    painter->setFont(font);
+    }
+    const QTransform before = painter->transform();
+    painter->translate(room.topLeft());
+    painter->scale(factor, factor);
+    painter->drawText(QRectF(QPointF(), room.size() / factor), alignment(text), text);
+    painter->setTransform(before);
 }
 
 bool KeyCapPainter::isOnCap(const QRectF& place) const

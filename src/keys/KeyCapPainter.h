@@ -46,7 +46,9 @@ public:
 
 private:
     void drawFace(const QPolygon& polygon, const QRectF& rectangle);
-    void fit(const QString& text, double size, const QRectF& room);
+    double fit(const QString& text, double size, const QRectF& room);
+    QRectF placeOf(const QString& text, const QRectF& room, double factor) const;
+    void drawText(const QString& text, const QRectF& room, double factor);
     bool isOnCap(const QRectF& place) const;
     double capEdgeBelow(double y) const;
 

@@ -30,9 +30,20 @@ constexpr int captionGap = 30;
 constexpr double backgroundZ = -200;
 constexpr double captionZ = 200;
 
-// XKB's event state has the group in bits 13 and 14. Every group but the first is sent as the
-// second: receivers that know only Mode_switch know no other.
+// XKB's event state has the group in bits 13 and 14. Every group but the first is deliberately sent
+// as the second.
 constexpr unsigned int secondGroupState = 0x2000;
+
+// Whether the event is one of those expected, which it then is no longer.
+bool takeEcho(QHash<KeyCode, int>& echoes, const XKeyEvent* event)
+{
+    const auto expected = echoes.find(static_cast<KeyCode>(event->keycode));
+    if (expected == echoes.end())
+        return false;
+    if (--*expected == 0)
+        echoes.erase(expected);
+    return true;
+}
 
 QByteArray xkbKeyName(const char* name)
 {
@@ -98,8 +109,7 @@ void KbdGeometry::openDisplay()
         throw NoXkb;
 
     xDisplay = std::make_unique<XDisplayClass>(display);
-    screen = DefaultScreen(display);
-    rootWindow = RootWindow(display, screen);
+    rootWindow = DefaultRootWindow(display);
     sender = std::make_unique<KeySender>(display, rootWindow);
 }
 
@@ -207,7 +217,7 @@ QStringList KbdGeometry::groupNames() const
     return names;
 }
 
-// Only those of the geometry itself: a section's own doodads repeat what its keys show.
+// Only those of the geometry itself: a section's own doodads are left out on purpose.
 void KbdGeometry::addDoodads()
 {
     for (int i = 0; i < xkb->geom->num_doodads; ++i)
@@ -431,6 +441,8 @@ void KbdGeometry::setPrintMode(quint8 print)
 
 void KbdGeometry::releasePhysicalKeys()
 {
+    pressEchoes.clear();
+    releaseEchoes.clear();
     for (KbdKey* key : std::as_const(keys)) {
         if (key->isPressed())
             key->keyReleaseEventIn();
@@ -439,12 +451,16 @@ void KbdGeometry::releasePhysicalKeys()
 
 void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
 {
+    if (takeEcho(pressEchoes, event))
+        return;
     if (KbdKey* key = keysByKeycode.value(static_cast<KeyCode>(event->keycode)))
         key->keyPressEventIn(static_cast<ShiftMask_t>(event->state));
 }
 
 void KbdGeometry::x11KeyReleaseEventIn(XKeyEvent* event)
 {
+    if (takeEcho(releaseEchoes, event))
+        return;
     if (KbdKey* key = keysByKeycode.value(static_cast<KeyCode>(event->keycode)))
         key->keyReleaseEventIn(static_cast<ShiftMask_t>(event->state));
 }
@@ -606,20 +622,29 @@ QList<KeyCode> KbdGeometry::heldModifierKeys() const
     return held;
 }
 
+void KbdGeometry::expectEchoes(
+    QHash<KeyCode, int>& echoes, const QList<KeyCode>& modifierKeys) const
+{
+    if (!isActiveWindow())
+        return;
+    for (const KeyCode keycode : modifierKeys)
+        ++echoes[keycode];
+}
+
 void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
 {
-    if (useXTest)
-        sender->pressThroughXTest(x11Keycode, heldModifierKeys());
-    else
-        sendEvent(x11::keyPress, x11Keycode);
+    if (!useXTest)
+        return sendEvent(x11::keyPress, x11Keycode);
+    const QList<KeyCode> modifierKeys = heldModifierKeys();
+    expectEchoes(pressEchoes, modifierKeys);
+    sender->pressThroughXTest(x11Keycode, modifierKeys);
 }
 
 void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)
 {
-    if (useXTest)
-        sender->releaseThroughXTest(x11Keycode);
-    else
-        sendEvent(x11::keyRelease, x11Keycode);
+    if (!useXTest)
+        return sendEvent(x11::keyRelease, x11Keycode);
+    expectEchoes(releaseEchoes, sender->releaseThroughXTest(x11Keycode));
 }
 
 void KbdGeometry::sendEvent(int type, KeyCode keycode)

@@ -141,11 +141,11 @@ private:
     void showGroup(KeyGroup_t group);
     ShiftMask_t heldModifiers() const;
     QList<KeyCode> heldModifierKeys() const;
+    void expectEchoes(QHash<KeyCode, int>& echoes, const QList<KeyCode>& modifierKeys) const;
     void switchIndicator(ShiftMask_t mask);
     void sendEvent(int type, KeyCode keycode);
 
     std::unique_ptr<XDisplayClass> xDisplay;
-    int screen = 0;
     Window rootWindow = 0;
     XkbDescription xkb;
     std::unique_ptr<GeometryColours> colours;
@@ -176,5 +176,9 @@ private:
     std::unique_ptr<KeySender> sender;
     GroupObserver groupObserver;
     KeyGroup_t groupAtLoad = 0; // locked in the server
+    // Of modifier keys pressed and released around a clicked key while this window has the focus,
+    // how many events are still to come back: they are not the user's.
+    QHash<KeyCode, int> pressEchoes;
+    QHash<KeyCode, int> releaseEchoes;
     Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
 };

@@ -23,16 +23,17 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     XFlush(display);
 }
 
-void KeySender::releaseThroughXTest(KeyCode keycode)
+QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
 {
     if (!held.contains(keycode))
-        return;
+        return {};
     const QList<KeyCode> modifierKeys = held.take(keycode);
     unsigned long delay = 0;
     XTestFakeKeyEvent(display, keycode, x11::xFalse, delay++);
     for (const KeyCode modifier : modifierKeys)
         XTestFakeKeyEvent(display, modifier, x11::xFalse, delay++);
     XFlush(display);
+    return modifierKeys;
 }
 
 void KeySender::releaseAll()

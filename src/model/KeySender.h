@@ -29,9 +29,9 @@ public:
     // Presses the modifier keys in the order given, one millisecond apart, and then the key.
     void pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
-    // Releases the key and then the modifier keys that were pressed with it. Nothing for a key
-    // that is not held: it may be a physical one.
-    void releaseThroughXTest(KeyCode keycode);
+    // Releases the key and then the modifier keys that were pressed with it, and returns those.
+    // Nothing for a key that is not held: it may be a physical one.
+    QList<KeyCode> releaseThroughXTest(KeyCode keycode);
 
     // Releases every key that is held, and waits until the server has taken note.
     void releaseAll();

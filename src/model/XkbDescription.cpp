@@ -20,10 +20,36 @@ bool keyTypesExist(const XkbDescRec& xkb)
     return true;
 }
 
+bool symbolsExist(const XkbDescRec& xkb)
+{
+    const XkbClientMapRec& map = *xkb.map;
+    for (int code = xkb.min_key_code; code <= xkb.max_key_code; ++code) {
+        const XkbSymMapRec& symbols = map.key_sym_map[code];
+        const int count = XkbNumGroups(symbols.group_info) * symbols.width;
+        if (count > 0 && (!map.syms || symbols.offset + count > map.num_syms))
+            return false;
+    }
+    return true;
+}
+
+bool actionsExist(const XkbDescRec& xkb)
+{
+    const XkbServerMapRec& server = *xkb.server;
+    if (!server.key_acts)
+        return true;
+    for (int code = xkb.min_key_code; code <= xkb.max_key_code; ++code) {
+        if (server.key_acts[code] != 0
+            && (!server.acts || server.key_acts[code] >= server.num_acts))
+            return false;
+    }
+    return true;
+}
+
 bool isComplete(const XkbDescRec& xkb)
 {
     return xkb.geom && xkb.names && xkb.names->keys && xkb.map && xkb.map->types
-        && xkb.map->key_sym_map && xkb.server && keyTypesExist(xkb);
+        && xkb.map->key_sym_map && xkb.server && keyTypesExist(xkb) && symbolsExist(xkb)
+        && actionsExist(xkb);
 }
 
 } // namespace

@@ -9,7 +9,7 @@ struct FreeXkbDescription {
 };
 
 // A complete keyboard description: names, client and server map and a geometry are all there, and
-// every key type that a key refers to exists.
+// every key type, symbol and action that a key refers to exists.
 using XkbDescription = std::unique_ptr<XkbDescRec, FreeXkbDescription>;
 
 // Has the server compile the named components and returns what it made of them, without loading

@@ -165,7 +165,11 @@ void MainWindow::connectView()
         SLOT(x11KeyReleaseEventIn(XKeyEvent*)));
     connect(this, SIGNAL(x11LockStateChangedOut()), view, SLOT(x11LockStateChangedIn()));
     connect(this, SIGNAL(x11NewKbdEventOut()), view, SLOT(x11NewKbdEventIn()));
-    view->observeGroup([this](KeyGroup_t group) { groupCombo->setCurrentIndex(group); });
+    view->observeGroup([this](KeyGroup_t group) {
+        // The server has this group already: locking it again could undo the next change.
+        const QSignalBlocker quiet(groupCombo);
+        groupCombo->setCurrentIndex(group);
+    });
 }
 
 void MainWindow::showLayoutSelector(bool visible)

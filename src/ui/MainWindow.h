@@ -59,8 +59,9 @@ public slots:
     void levelChanged(int which);
     void printButtonClicked(bool checked);
 
-    // Replaces the keyboard by the one that the entry describes. Changes nothing when its
-    // components cannot be had. Throws KbdGeometry::ExceptionType when they make no keyboard.
+    // Replaces the keyboard by the one that the entry, which is the selector's, describes. Changes
+    // nothing when its components cannot be had. Throws KbdGeometry::ExceptionType when they make
+    // no keyboard; the window is without a picture then.
     void newKbdSelected(kbdSpec_t* spec);
 
     void x11KeyPressEventIn(XKeyEvent* event);
@@ -84,7 +85,6 @@ private:
     void addBottomRow();
     void connectView();
     void dropCustomEntry();
-    void replaceView(KbdGeometry* newView);
     QStringList translatedGroupNames() const;
 
     QWidget* mainWidget = nullptr;

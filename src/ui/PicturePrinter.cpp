@@ -38,4 +38,5 @@ void printPicture(KbdGeometry* view, QWidget* parent)
     const PaperColours colours(view);
     painter.begin(&printer); // refused and harmless: the painter is active already
     view->render(&painter);
+    painter.end();
 }

@@ -12,7 +12,7 @@
 // A run of text that was painted.
 struct PaintedText {
     QString text;
-    int pixelSize;
+    int pixelSize; // as it appears, whatever scaling makes it so
     int weight;
     QColor colour;
     QPointF baseline; // its left end
@@ -74,7 +74,9 @@ private:
         void drawTextItem(const QPointF& baseline, const QTextItem& item) override
         {
             const QFont font = item.font();
-            texts.append({item.text(), font.pixelSize(), font.weight(), colour, baseline});
+            const QTransform transform = painter()->transform();
+            texts.append({item.text(), qRound(font.pixelSize() * transform.m11()), font.weight(),
+                colour, transform.map(baseline)});
         }
 
         QColor colour = QColor(qRgb(0, 0, 0)); // a painter begins with a black pen

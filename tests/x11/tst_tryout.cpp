@@ -34,6 +34,7 @@ private slots:
     void thirdLevelCharactersAreTyped();
     void theClickDoesNotLeaveTheWindowsFocus();
     void aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus();
+    void modifiersStayHeldAfterAnotherKeyboardWasChosen();
 
 private:
     static MainWindow* window();
@@ -215,6 +216,27 @@ void TestTryOut::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
     other.close();
     window()->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window()));
+}
+
+// The new picture types through XTest, and its own window gets the modifiers around each key.
+void TestTryOut::modifiersStayHeldAfterAnotherKeyboardWasChosen()
+{
+    auto* selector = window()->findChild<CKbdSpecSelector*>();
+    selector->setCurrent(QStringLiteral("pc105"), QStringLiteral("de"), QString());
+    QTRY_VERIFY(window()->picture()->isVisible());
+    QTRY_COMPARE(QApplication::focusWidget(), window());
+    click("RALT");
+    click("AD01");
+    QTRY_COMPARE(typed(), QStringLiteral("@"));
+    click("AD01");
+    QTRY_COMPARE(typed(), QStringLiteral("@@"));
+    QCOMPARE(int(window()->picture()->modifiers()), int(x11::mod5Mask));
+    click("RALT");
+    QCOMPARE(int(window()->picture()->modifiers()), 0);
+    physicalKey(XK_Control_L, true);
+    QTRY_COMPARE(int(window()->picture()->modifiers()), int(x11::controlMask));
+    physicalKey(XK_Control_L, false);
+    QTRY_COMPARE(int(window()->picture()->modifiers()), 0);
 }
 
 int main(int argc, char** argv)
