@@ -13,7 +13,10 @@ packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
   poppler-utils libxkbcommon-dev clang-format
+  desktop-file-utils appstream mandoc groff
 )
+packages_package=(git debhelper dpkg-dev lintian)
+packages_package_test=(debootstrap util-linux)
 packages_bench=(xvfb openbox libxcb-damage0-dev)
 
 as_root() {

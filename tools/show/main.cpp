@@ -2,7 +2,10 @@
 // and a terminal it types a line into the terminal by clicking keys, prints the line that arrived,
 // and leaves a screenshot. Ends with 0 only if the right line has arrived.
 //
-//   kbd-show --program FILE --directory DIR --screenshot FILE [-- program's arguments]
+//   kbd-show --program FILE --directory DIR --screenshot FILE [--xkb-directory DIR]
+//            [-- program's arguments]
+//
+// The server's keyboard data are those of the build, unless another directory is named.
 
 #include "LineTyper.h"
 #include "Terminal.h"
@@ -108,6 +111,7 @@ struct Show {
     QString program;
     QString directory;
     QString screenshot;
+    QString xkbDirectory;
     QStringList arguments;
 
     bool typesIntoTerminal() const { return arguments.contains(QStringLiteral("--tofocus")); }
@@ -164,20 +168,38 @@ int run(const Show& show, const QByteArray& displayName)
     return right ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-Show readArguments(const QCoreApplication& application)
+Show readArguments(const QStringList& commandLine)
 {
-    const QCommandLineOption program(QStringLiteral("program"), QString(), QStringLiteral("file"));
-    const QCommandLineOption directory(
-        QStringLiteral("directory"), QString(), QStringLiteral("directory"));
-    const QCommandLineOption screenshot(
-        QStringLiteral("screenshot"), QString(), QStringLiteral("file"));
+    const QString value = QStringLiteral("value");
+    const QCommandLineOption program(QStringLiteral("program"), QString(), value);
+    const QCommandLineOption directory(QStringLiteral("directory"), QString(), value);
+    const QCommandLineOption screenshot(QStringLiteral("screenshot"), QString(), value);
+    const QCommandLineOption xkbDirectory(QStringLiteral("xkb-directory"), QString(), value);
     QCommandLineParser parser;
-    parser.addOptions({program, directory, screenshot});
-    parser.process(application);
+    parser.addOptions({program, directory, screenshot, xkbDirectory});
+    parser.process(commandLine);
     QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
         arguments << QStringLiteral("--tofocus");
-    return {parser.value(program), parser.value(directory), parser.value(screenshot), arguments};
+    return {parser.value(program), parser.value(directory), parser.value(screenshot),
+        parser.value(xkbDirectory), arguments};
+}
+
+// The server takes the last directory that it is given.
+QStringList serverArguments(const Show& show)
+{
+    if (show.xkbDirectory.isEmpty())
+        return {};
+    return {QStringLiteral("-xkbdir"), show.xkbDirectory};
+}
+
+// The application object is yet to come: it needs the server, which needs the arguments.
+QStringList commandLineOf(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
 }
 
 } // namespace
@@ -185,10 +207,11 @@ Show readArguments(const QCoreApplication& application)
 int main(int argc, char** argv)
 {
     try {
-        const PrivateServer server;
+        const Show show = readArguments(commandLineOf(argc, argv));
+        const PrivateServer server(serverArguments(show));
         server.useForThisProcess();
         const QApplication application(argc, argv);
-        return run(readArguments(application), server.display());
+        return run(show, server.display());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "kbd-show: %s\n", failure.what());
     } catch (KbdGeometry::ExceptionType) {
