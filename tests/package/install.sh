@@ -64,8 +64,9 @@ the_program_starts_with_its_dependencies_alone() {
   said=$(here orvix-kbd-display --tofocus 2>&1) || status=$?
   [ "$status" -eq 1 ] && [ "$said" = "orvix-kbd-display: cannot connect to the X server ''" ] \
     || fail "without an X server: status $status, '$said'"
-  said=$(here orvix-kbd-switcher 2>&1) && fail "the switcher takes no arguments for good"
-  [[ "$said" != *"shared librar"* ]] || fail "$said"
+  status=0
+  said=$(here orvix-kbd-switcher 2>&1) || status=$?
+  [ "$status" -eq 1 ] && [[ "$said" != "" ]] || fail "the switcher alone: status $status, '$said'"
 }
 
 its_manual_pages_are_found() {
@@ -80,8 +81,9 @@ it_types_into_a_terminal() {
   install "$show" "$root/tmp/kbd-show"
   before=$(files)
   they_install
+  mkdir -m 700 "$root/tmp/home"
   # A network of its own keeps the servers of other tests away.
-  here unshare --net env XDG_RUNTIME_DIR=/tmp XDG_CACHE_HOME=/tmp /tmp/kbd-show \
+  here unshare --net env HOME=/tmp/home XDG_RUNTIME_DIR=/tmp/home /tmp/kbd-show \
     --program /usr/bin/orvix-kbd-display --xkb-directory /usr/share/X11/xkb \
     --directory / --screenshot /tmp/typed.png -- --tofocus || fail "nothing is typed"
   cp "$root/tmp/typed.png" "$checkout/build/packages/"
