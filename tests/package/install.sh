@@ -52,7 +52,7 @@ they_install() {
   quietly dpkg --install /tmp/orvix-kbd-display.deb /tmp/orvix-kbd-switcher.deb
 }
 
-# Whatever they left is told by name.
+# Whatever they leave is told by name.
 they_go_without_a_trace() {
   quietly dpkg --purge orvix-kbd-display orvix-kbd-switcher
   diff <(printf '%s\n' "$before") <(files) >&2 || fail "what was there before, and what is left"
@@ -67,6 +67,14 @@ the_program_starts_with_its_dependencies_alone() {
   status=0
   said=$(here orvix-kbd-switcher 2>&1) || status=$?
   [ "$status" -eq 1 ] && [[ "$said" != "" ]] || fail "the switcher alone: status $status, '$said'"
+}
+
+# The rules of the X server's keyboards and the tool that reads them come as dependencies, too.
+the_keyboard_tools_have_come_along() {
+  local said
+  said=$(here setxkbmap -print -rules evdev -model pc105 -layout de -display :99 2>&1 || true)
+  [[ "$said" == *"annot open display"* ]] || fail "setxkbmap: '$said'"
+  [ -s "$root/usr/share/X11/xkb/rules/evdev" ] || fail "no XKB rules"
 }
 
 its_manual_pages_are_found() {
@@ -95,6 +103,7 @@ packages_are_unpacked
 before=$(files)
 they_install
 the_program_starts_with_its_dependencies_alone
+the_keyboard_tools_have_come_along
 its_manual_pages_are_found
 they_go_without_a_trace
 it_types_into_a_terminal
