@@ -2,6 +2,7 @@
 
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
+#include "keys/KeyColours.h"
 #include "model/KbdGeometry.h"
 
 #include <QGuiApplication>
@@ -35,6 +36,19 @@ QImage grab(const QRect& area)
         .toImage();
 }
 
+// What the program types into itself comes back to the picture as a key press.
+bool isLit(const QImage& cap)
+{
+    const QRgb lit = keyColour(KeyColour::BodyPressed, ColourScheme::OnScreen).rgb();
+    for (int y = 0; y < cap.height(); ++y) {
+        for (int x = 0; x < cap.width(); ++x) {
+            if (cap.pixel(x, y) == lit)
+                return true;
+        }
+    }
+    return false;
+}
+
 // Releases of every key, XTest's too, whatever window has the focus.
 void selectKeyReleases(Display* display)
 {
@@ -46,10 +60,12 @@ void selectKeyReleases(Display* display)
 
 } // namespace
 
-LineTyper::LineTyper(Display* xDisplay, const KbdGeometry& samePicture, const PictureLocator& place)
+LineTyper::LineTyper(Display* xDisplay, const KbdGeometry& samePicture, const PictureLocator& place,
+    Target typedInto)
     : display(xDisplay)
     , picture(samePicture)
     , locator(place)
+    , target(typedInto)
 {
     int major = 2;
     int minor = 2;
@@ -128,6 +144,10 @@ void LineTyper::typeLine(const QString& line)
 {
     for (const QChar character : line)
         typeStroke(strokeFor(character));
+}
+
+void LineTyper::typeReturn()
+{
     click(keyNamed("RTRN"));
 }
 
@@ -155,15 +175,23 @@ void LineTyper::click(const KbdKey* key)
     // To the right of the middle: that is cap on an L-shaped Return, too.
     XTestFakeMotionEvent(
         display, -1, cap.x() + cap.width() * 7 / 10, cap.y() + cap.height() * 6 / 10, CurrentTime);
-    XTestFakeButtonEvent(display, Button1, x11::xTrue, CurrentTime);
-    XTestFakeButtonEvent(display, Button1, x11::xFalse, CurrentTime);
-    XFlush(display);
-
-    const bool done = QTest::qWaitFor([&] {
-        return key->keyType() == 0 ? keyWasReleased(key->x11Keycode()) : grab(cap) != before;
+    const bool typesHere = target == Target::OwnLine && key->keyType() == 0;
+    setButton(true);
+    bool done = !typesHere || QTest::qWaitFor([&] { return isLit(grab(cap)); });
+    setButton(false);
+    done = done && QTest::qWaitFor([&] {
+        if (key->keyType() != 0)
+            return grab(cap) != before;
+        return typesHere ? !isLit(grab(cap)) : keyWasReleased(key->x11Keycode());
     });
     if (!done)
         throw std::runtime_error("a click on " + key->name().toStdString() + " has no effect");
+}
+
+void LineTyper::setButton(bool down)
+{
+    XTestFakeButtonEvent(display, Button1, down ? x11::xTrue : x11::xFalse, CurrentTime);
+    XFlush(display);
 }
 
 bool LineTyper::keyWasReleased(KeyCode keycode)

@@ -13,17 +13,22 @@ class KbdKey;
 // Types by clicking the keys of a picture that another program shows, with the real pointer.
 class LineTyper {
 public:
+    // Where the program types.
+    enum class Target { FocusedWindow, OwnLine };
+
     // `picture` is the same keyboard as the one shown and tells where its keys are; both are
     // borrowed, as is the display.
-    LineTyper(Display* xDisplay, const KbdGeometry& samePicture, const PictureLocator& place);
+    LineTyper(Display* xDisplay, const KbdGeometry& samePicture, const PictureLocator& place,
+        Target typedInto);
 
     // A line that this keyboard can type: words with a capital, and a character of the third level
     // where there is one.
     QString suggestLine() const;
 
-    // Clicks the line's keys, each with the modifier keys that its character needs, and Return.
-    // Throws std::runtime_error when a click has no effect.
+    // Clicks the line's keys, each with the modifier keys that its character needs. Throws
+    // std::runtime_error when a click has no effect, as does the next.
     void typeLine(const QString& line);
+    void typeReturn();
 
 private:
     struct Stroke {
@@ -39,9 +44,11 @@ private:
     void typeStroke(const Stroke& stroke);
     void click(const KbdKey* key);
     QRect capOnScreen(const KbdKey* key) const;
+    void setButton(bool down);
     bool keyWasReleased(KeyCode keycode);
 
     Display* display;
     const KbdGeometry& picture;
     const PictureLocator& locator;
+    const Target target;
 };

@@ -22,7 +22,7 @@ Terminal::Terminal(const QByteArray& display)
     process.start(QStringLiteral("xterm"),
         {QStringLiteral("-u8"), QStringLiteral("-fa"), QStringLiteral("Monospace"),
             QStringLiteral("-fs"), QStringLiteral("16"), QStringLiteral("-geometry"),
-            QStringLiteral("60x8+220+60"), QStringLiteral("-e"), QStringLiteral("sh"),
+            QStringLiteral("60x8+250+300"), QStringLiteral("-e"), QStringLiteral("sh"),
             QStringLiteral("-c"), QString::fromLatin1(readLine), QStringLiteral("sh"), lineFile()});
     process.waitForStarted();
 }

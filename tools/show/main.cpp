@@ -1,13 +1,17 @@
 // Shows the program at work where there is no display: on a private X server with a window manager
 // and a terminal it types a line into the terminal by clicking keys, prints the line that arrived,
-// and leaves a screenshot. Ends with 0 only if the right line has arrived.
+// and leaves a screenshot. Ends with 0 only if every click had its effect and the right line has
+// arrived.
 //
-//   kbd-show --program FILE --directory DIR --screenshot FILE [--xkb-directory DIR]
+//   kbd-show --program FILE --directory DIR --screenshot FILE [--crop] [--xkb-directory DIR]
 //            [-- program's arguments]
 //
-// The server's keyboard data are those of the build, unless another directory is named.
+// With --standalone the line goes to the program's own sample line. --crop leaves the windows only,
+// without the bare screen around them. The server's keyboard data are those of the build, unless
+// another directory is named.
 
 #include "LineTyper.h"
+#include "Screenshot.h"
 #include "Terminal.h"
 
 #include "app/description/ComponentNames.h"
@@ -19,7 +23,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cstdio>
@@ -96,22 +100,13 @@ Window waitForWindow(Display* display, qint64 processId)
     return window;
 }
 
-bool leaveScreenshot(const QString& file)
-{
-    if (!QGuiApplication::primaryScreen()->grabWindow(0).save(file)) {
-        std::fprintf(stderr, "kbd-show: cannot write %s\n", qPrintable(file));
-        return false;
-    }
-    std::printf("Screenshot: %s\n", qPrintable(file));
-    return true;
-}
-
 // What the user asked to be shown.
 struct Show {
     QString program;
     QString directory;
     QString screenshot;
     QString xkbDirectory;
+    bool crop = false;
     QStringList arguments;
 
     bool typesIntoTerminal() const { return arguments.contains(QStringLiteral("--tofocus")); }
@@ -126,6 +121,31 @@ void start(QProcess& process, const Show& show)
         throw std::runtime_error("the program cannot be started");
 }
 
+void waitForFocus(Display* display, Window window)
+{
+    if (!QTest::qWaitFor([&] { return hasFocus(display, window); }, startDeadline))
+        throw std::runtime_error("a window does not get the focus");
+}
+
+// Types into the terminal and says whether the line has arrived there.
+bool typeInto(Terminal& terminal, LineTyper& typer)
+{
+    const QString line = typer.suggestLine();
+    typer.typeLine(line);
+    typer.typeReturn();
+    const QString arrived = terminal.waitForLine();
+    std::printf("Typed:      %s\nArrived:    %s\n", qPrintable(line), qPrintable(arrived));
+    return arrived == line;
+}
+
+void end(QProcess& program)
+{
+    program.terminate();
+    if (!program.waitForFinished())
+        program.kill();
+    program.waitForFinished();
+}
+
 int run(const Show& show, const QByteArray& displayName)
 {
     const XConnection display = openDisplay(displayName);
@@ -133,38 +153,35 @@ int run(const Show& show, const QByteArray& displayName)
     if (!setKeyboard(displayName, setxkbmapArguments(settings)))
         throw std::runtime_error("setxkbmap does not know this keyboard");
     const WindowManager windowManager("openbox", displayName);
+    screenshot::paintGround(display.get());
 
     std::optional<Terminal> terminal;
     if (show.typesIntoTerminal()) {
         terminal.emplace(displayName);
-        const Window window = waitForWindow(display.get(), terminal->processId());
-        if (!QTest::qWaitFor([&] { return hasFocus(display.get(), window); }, startDeadline))
-            throw std::runtime_error("the terminal does not get the focus");
+        waitForFocus(display.get(), waitForWindow(display.get(), terminal->processId()));
     }
 
     QProcess program;
     start(program, show);
     const Window window = waitForWindow(display.get(), program.processId());
+    if (!terminal)
+        waitForFocus(display.get(), window);
     const std::unique_ptr<KbdGeometry> picture = samePicture(display.get(), settings);
     PictureLocator locator(
         display.get(), window, PictureLocator::groundOf(picture->sceneRect()), pictureGround);
     if (!locator.waitForPicture(startDeadline))
         throw std::runtime_error("the program shows no keyboard");
 
+    LineTyper typer(display.get(), *picture, locator,
+        terminal ? LineTyper::Target::FocusedWindow : LineTyper::Target::OwnLine);
     bool right = true;
-    if (terminal) {
-        LineTyper typer(display.get(), *picture, locator);
-        const QString line = typer.suggestLine();
-        typer.typeLine(line);
-        const QString arrived = terminal->waitForLine();
-        std::printf("Typed:      %s\nArrived:    %s\n", qPrintable(line), qPrintable(arrived));
-        right = arrived == line;
-    }
-    right = leaveScreenshot(show.screenshot) && right;
-    program.terminate();
-    if (!program.waitForFinished())
-        program.kill();
-    program.waitForFinished();
+    if (terminal)
+        right = typeInto(*terminal, typer);
+    else
+        typer.typeLine(typer.suggestLine());
+    const QImage image = show.crop ? screenshot::ofWindows() : screenshot::ofScreen();
+    right = screenshot::leave(image, show.screenshot) && right;
+    end(program);
     return right ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
@@ -174,15 +191,16 @@ Show readArguments(const QStringList& commandLine)
     const QCommandLineOption program(QStringLiteral("program"), QString(), value);
     const QCommandLineOption directory(QStringLiteral("directory"), QString(), value);
     const QCommandLineOption screenshot(QStringLiteral("screenshot"), QString(), value);
+    const QCommandLineOption crop(QStringLiteral("crop"));
     const QCommandLineOption xkbDirectory(QStringLiteral("xkb-directory"), QString(), value);
     QCommandLineParser parser;
-    parser.addOptions({program, directory, screenshot, xkbDirectory});
+    parser.addOptions({program, directory, screenshot, crop, xkbDirectory});
     parser.process(commandLine);
     QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
         arguments << QStringLiteral("--tofocus");
     return {parser.value(program), parser.value(directory), parser.value(screenshot),
-        parser.value(xkbDirectory), arguments};
+        parser.value(xkbDirectory), parser.isSet(crop), arguments};
 }
 
 // The server takes the last directory that it is given.
@@ -208,6 +226,9 @@ int main(int argc, char** argv)
 {
     try {
         const Show show = readArguments(commandLineOf(argc, argv));
+        // The toolkit makes such a directory itself where there is none, but not without a word.
+        const QTemporaryDir runtimeDirectory;
+        qputenv("XDG_RUNTIME_DIR", runtimeDirectory.path().toLocal8Bit());
         const PrivateServer server(serverArguments(show));
         server.useForThisProcess();
         const QApplication application(argc, argv);
