@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/FailurePictures.h"
 #include "support/PrivateServer.h"
 #include "support/XErrors.h"
 
@@ -8,13 +9,13 @@
 
 // The main function of a test that shows windows: a private X server, the application on it, and
 // every X error a failure.
-#define KBD_X11_TEST_MAIN(TestClass)            \
-    int main(int argc, char** argv)             \
-    {                                           \
-        const PrivateServer server;             \
-        server.useForThisProcess();             \
-        QApplication application(argc, argv);   \
-        failOnXErrors();                        \
-        TestClass test;                         \
-        return QTest::qExec(&test, argc, argv); \
+#define KBD_X11_TEST_MAIN(TestClass)                                       \
+    int main(int argc, char** argv)                                        \
+    {                                                                      \
+        const PrivateServer server;                                        \
+        server.useForThisProcess();                                        \
+        QApplication application(argc, argv);                              \
+        failOnXErrors();                                                   \
+        TestClass test;                                                    \
+        return runWithFailurePictures(test, server.display(), argc, argv); \
     }

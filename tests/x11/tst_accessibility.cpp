@@ -3,6 +3,7 @@
 #include "keys/KbdLabelTable.h"
 #include "model/KbdGeometry.h"
 #include "model/SpokenName.h"
+#include "support/FailurePictures.h"
 #include "support/KeyTargetProcess.h"
 #include "support/PrivateServer.h"
 #include "support/XErrors.h"
@@ -537,7 +538,7 @@ int main(int argc, char** argv)
     const PrivateServer server;
     server.useForThisProcess();
     AccessibilityTest test(server.display());
-    return QTest::qExec(&test, argc, argv);
+    return runWithFailurePictures(test, server.display(), argc, argv);
 }
 
 #include "tst_accessibility.moc"

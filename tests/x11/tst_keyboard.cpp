@@ -4,6 +4,7 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
+#include "support/FailurePictures.h"
 #include "support/PrivateServer.h"
 #include "support/XErrors.h"
 #include "support/XTools.h"
@@ -870,7 +871,7 @@ int main(int argc, char** argv)
     const PrivateServer server;
     server.useForThisProcess();
     KeyboardTest test(server.display());
-    return QTest::qExec(&test, argc, argv);
+    return runWithFailurePictures(test, server.display(), argc, argv);
 }
 
 #include "tst_keyboard.moc"

@@ -2,6 +2,7 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
+#include "support/FailurePictures.h"
 #include "support/KeyTargetProcess.h"
 #include "support/NestedServer.h"
 #include "support/XErrors.h"
@@ -362,7 +363,7 @@ int main(int argc, char** argv)
     const NestedServer inner(outer);
     inner.useForThisProcess();
     PhysicalKeysTest test(outer.display(), inner.display());
-    return QTest::qExec(&test, argc, argv);
+    return runWithFailurePictures(test, inner.display(), argc, argv);
 }
 
 #include "tst_physicalkeys.moc"

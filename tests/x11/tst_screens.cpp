@@ -1,3 +1,4 @@
+#include "support/FailurePictures.h"
 #include "support/PictureLocator.h"
 #include "support/PrivateServer.h"
 #include "support/ProgramRun.h"
@@ -77,6 +78,7 @@ void TestScreens::theWindowFitsAndThePictureIsCentred()
     QFETCH(QString, scale);
     QFETCH(QString, mode);
     const PrivateServer privateServer(server);
+    privateServer.useForThisProcess();
     const XConnection display = openDisplay(privateServer.display());
     const WindowManager windowManager("openbox", privateServer.display());
     QVERIFY(setKeyboard(privateServer.display(),
@@ -110,5 +112,11 @@ void TestScreens::theWindowFitsAndThePictureIsCentred()
     }
 }
 
-QTEST_GUILESS_MAIN(TestScreens)
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    TestScreens test;
+    return runWithFailurePictures(test, {}, argc, argv);
+}
+
 #include "tst_screens.moc"

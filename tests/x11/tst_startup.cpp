@@ -3,6 +3,7 @@
 #include "app/description/ComponentNames.h"
 #include "app/description/ToolkitDisplay.h"
 #include "support/ExtensionHider.h"
+#include "support/FailurePictures.h"
 #include "support/ProgramRun.h"
 #include "support/ProgramWindows.h"
 #include "support/XTestMain.h"
@@ -913,7 +914,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     failOnXErrors();
     StartupTest test;
-    return QTest::qExec(&test, argc, argv);
+    return runWithFailurePictures(test, server.display(), argc, argv);
 }
 
 #include "tst_startup.moc"

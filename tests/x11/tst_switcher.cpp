@@ -1,3 +1,4 @@
+#include "support/FailurePictures.h"
 #include "support/KeyTargetProcess.h"
 #include "support/PrivateServer.h"
 #include "support/XErrors.h"
@@ -824,7 +825,7 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     failOnXErrors();
     TestSwitcher test;
-    return QTest::qExec(&test, argc, argv);
+    return runWithFailurePictures(test, server.display(), argc, argv);
 }
 
 #include "tst_switcher.moc"

@@ -1,6 +1,7 @@
 #include "app/KbdApp.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
+#include "support/FailurePictures.h"
 #include "support/PrivateServer.h"
 #include "support/WindowManager.h"
 #include "support/XErrors.h"
@@ -254,7 +255,7 @@ int main(int argc, char** argv)
     KbdApp application(2, arguments);
     failOnXErrors();
     TestTryOut test(server.display());
-    return QTest::qExec(&test, argc, argv);
+    return runWithFailurePictures(test, server.display(), argc, argv);
 }
 
 #include "tst_tryout.moc"

@@ -1,6 +1,7 @@
 #include "app/KbdApp.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
+#include "support/FailurePictures.h"
 #include "support/KeyTargetProcess.h"
 #include "support/PrivateServer.h"
 #include "support/WindowManager.h"
@@ -612,7 +613,7 @@ int main(int argc, char** argv)
     const PrivateServer server;
     server.useForThisProcess();
     TypingTest test(server.display());
-    return QTest::qExec(&test, argc, argv);
+    return runWithFailurePictures(test, server.display(), argc, argv);
 }
 
 #include "tst_typing.moc"

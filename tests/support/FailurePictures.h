@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdio>
+
+class QObject;
+
+// While it lives, every test function that fails leaves a picture of the screen as it was at that
+// moment, and says where. It listens to what QtTest prints on the standard output, which is before
+// the function's windows and programs go.
+class FailurePictures {
+public:
+    // `display` is the server to look at (empty: the one that DISPLAY names at that moment),
+    // `directory` is made when needed. What is printed goes on to `output`, which is borrowed.
+    FailurePictures(const QByteArray& display, const QString& directory, std::FILE* output);
+    ~FailurePictures();
+    FailurePictures(const FailurePictures&) = delete;
+    FailurePictures& operator=(const FailurePictures&) = delete;
+
+private:
+    static ssize_t print(void* self, const char* text, size_t size);
+    void leavePicture() const;
+
+    QByteArray display;
+    QString directory;
+    std::FILE* output;
+    std::FILE* previous; // the standard output until then
+    std::FILE* watched;
+};
+
+// Runs the test as QTest::qExec() does, with pictures of `display` in "failures/" of the build
+// tree.
+int runWithFailurePictures(QObject& test, const QByteArray& display, int argc, char** argv);
