@@ -84,6 +84,14 @@ its_manual_pages_are_found() {
   done
 }
 
+the_desktop_knows_it() {
+  local file share=$root/usr/share
+  for file in applications/orvix-kbd-display.desktop icons/hicolor/scalable/apps/orvix-kbd-display.svg \
+    metainfo/invalid.orvix.kbd_display.metainfo.xml; do
+    [ -s "$share/$file" ] || fail "no $file"
+  done
+}
+
 it_types_into_a_terminal() {
   quietly apt-get install -y --no-install-recommends xvfb openbox xterm libqt6test6
   install "$show" "$root/tmp/kbd-show"
@@ -105,6 +113,7 @@ they_install
 the_program_starts_with_its_dependencies_alone
 the_keyboard_tools_have_come_along
 its_manual_pages_are_found
+the_desktop_knows_it
 they_go_without_a_trace
 it_types_into_a_terminal
 they_go_without_a_trace
