@@ -1,5 +1,5 @@
-# The icons that the keyboard spec table names, and the two key caps of the keycap control. All are
-# made at build time: flags from the distribution's own, badges from a template.
+# The icons that the keyboard table names, the two key caps of the keycap control, and the window's.
+# All are made at build time: flags from the distribution's own, badges from a template.
 
 set(KBD_FLAG_DIR /usr/share/iso-flags-svg/country-4x3 CACHE PATH
   "Country flags: SVG files in the proportions 4:3, named after ISO 3166 codes in lower case")
@@ -10,7 +10,7 @@ set(KBD_ICON_SOURCE_DIR ${CMAKE_CURRENT_LIST_DIR}/../src/icons)
 # Sharp in the flag holder of a picture as wide as a screen of 3840 pixels, where it is 200 wide.
 set(KBD_FLAG_SIZE --width=320 --height=240)
 # Three times the small icon size and twice the large one, so that both come out crisp.
-set(KBD_KEYCAP_SIZE --width=48 --height=48)
+set(KBD_OWN_SIZE --width=48 --height=48)
 
 # kbd_icons(SPECS file OUTPUT_DIRECTORY directory)
 #
@@ -23,7 +23,7 @@ function(kbd_icons)
 
   file(MAKE_DIRECTORY ${ICONS_OUTPUT_DIRECTORY})
   set(files)
-  foreach(name IN LISTS names ITEMS singlekey.png fullkey.png)
+  foreach(name IN LISTS names ITEMS singlekey.png fullkey.png orvix-kbd-display.png)
     kbd_icon_source(${name} source size)
     set(file ${ICONS_OUTPUT_DIRECTORY}/${name})
     add_custom_command(OUTPUT ${file}
@@ -71,14 +71,14 @@ function(kbd_icon_source name source size)
     string(TOUPPER ${CMAKE_MATCH_1} BADGE_LETTERS)
     set(file ${CMAKE_CURRENT_BINARY_DIR}/badges/${CMAKE_MATCH_1}.svg)
     configure_file(${KBD_ICON_SOURCE_DIR}/badge.svg.in ${file} @ONLY)
-  elseif(name MATCHES "^(singlekey|fullkey)\\.png$")
+  elseif(name MATCHES "^(singlekey|fullkey|orvix-kbd-display)\\.png$")
     set(file ${KBD_ICON_SOURCE_DIR}/${CMAKE_MATCH_1}.svg)
-    set(${size} ${KBD_KEYCAP_SIZE} PARENT_SCOPE)
+    set(${size} ${KBD_OWN_SIZE} PARENT_SCOPE)
   else()
-    message(FATAL_ERROR "The keyboard spec table names \"${name}\", which is no flag and no badge.")
+    message(FATAL_ERROR "The keyboard table names \"${name}\", which is no flag and no badge.")
   endif()
   if(NOT EXISTS ${file})
-    message(FATAL_ERROR "The keyboard spec table names the flag \"${name}\", but ${file} is missing.")
+    message(FATAL_ERROR "The keyboard table names the flag \"${name}\", but ${file} is missing.")
   endif()
   set(${source} ${file} PARENT_SCOPE)
 endfunction()

@@ -11,9 +11,11 @@
 #include "app/description/ToolkitDisplay.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
+#include "ui/KbdConstants.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 
+#include <QIcon>
 #include <QLabel>
 #include <QLocale>
 #include <QTranslator>
@@ -27,6 +29,7 @@
 namespace {
 
 constexpr char instanceName[] = "orvix-kbd-display-tofocus";
+constexpr char iconFile[] = "orvix-kbd-display.png";
 constexpr char translationDirectory[] = "/usr/share/orvix-i18n/";
 constexpr char translationPrefix[] = "orvix-keyboard-layout_";
 
@@ -117,6 +120,7 @@ void KbdApp::startUp(char** argv)
 {
     installTranslation();
     setApplicationName(tr("Arvane Virtual Keyboard"));
+    setWindowIcon(QIcon(KbdConstants::iconPath(QString::fromLatin1(iconFile))));
     readRegistry();
     std::setlocale(LC_ALL, "");
     parseArguments(argumentCount, argv);

@@ -36,7 +36,9 @@ MainWindow::MainWindow(QString model, QString layout, QString variant, QString o
     XkbComponentNamesRec* names, bool wantXTest, QWidget* parent, Qt::WindowFlags flags)
     : QMainWindow(parent, flags)
 {
-    setWindowIcon(QIcon(QPixmap(QString::fromLatin1(windowIconFile))));
+    // Where that icon theme is not installed, the application's icon stands.
+    if (const QPixmap icon(QString::fromLatin1(windowIconFile)); !icon.isNull())
+        setWindowIcon(QIcon(icon));
     // The text line composes dead keys itself: an input method must not take them away.
     setAttribute(Qt::WA_InputMethodEnabled, false);
     PackageTest fontPackages;

@@ -27,6 +27,7 @@ private slots:
     void initTestCase();
     void init();
 
+    void theWindowBringsItsIcon();
     void aClickedKeyIsTypedAndLitWhileItIsDown();
     void aClickedShiftMakesACapital();
     void aClickedDeadKeyComposesWithTheNextClick();
@@ -132,6 +133,23 @@ void TestTryOut::init()
 {
     sampleLine()->setText(QString());
     QTRY_COMPARE(QApplication::focusWidget(), window());
+}
+
+// Width, height and that many pixels at least (EWMH, _NET_WM_ICON).
+void TestTryOut::theWindowBringsItsIcon()
+{
+    Atom type = x11::none;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display.get(), window()->winId(),
+        XInternAtom(display.get(), "_NET_WM_ICON", x11::xFalse), 0, 1 << 20, x11::xFalse,
+        AnyPropertyType, &type, &format, &count, &rest, &data);
+    const x11::Owned<unsigned char> owned(data);
+    QCOMPARE(format, 32);
+    const auto* values = reinterpret_cast<const unsigned long*>(data);
+    QVERIFY(values[0] >= 16 && values[1] >= 16 && count >= 2 + values[0] * values[1]);
 }
 
 void TestTryOut::aClickedKeyIsTypedAndLitWhileItIsDown()
