@@ -14,8 +14,10 @@
 #include <QGraphicsRectItem>
 #include <QGraphicsTextItem>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QWindow>
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -453,6 +455,7 @@ void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
 {
     if (takeEcho(pressEchoes, event))
         return;
+    const QScopedValueRollback following(followsServer, true);
     if (KbdKey* key = keysByKeycode.value(static_cast<KeyCode>(event->keycode)))
         key->keyPressEventIn(static_cast<ShiftMask_t>(event->state));
 }
@@ -561,11 +564,17 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
 
     if (type != XkbSA_LockMods)
         return;
+    if (!followsServer)
+        lockInServer();
+    switchIndicator(mask);
+}
+
+void KbdGeometry::lockInServer()
+{
     // The server refuses values outside the modifiers that are to be affected.
     XkbLockModifiers(
         xDisplay->xDisplay(), x11::coreKeyboard, lockModifiers, modifierState & lockModifiers);
     XFlush(xDisplay->xDisplay());
-    switchIndicator(mask);
 }
 
 // One lamp for one key: the first lock that the mask belongs to.
@@ -589,11 +598,15 @@ void KbdGeometry::x11LockStateChangedIn()
 
 void KbdGeometry::followLocks(ShiftMask_t locked)
 {
+    const QScopedValueRollback following(followsServer, true);
+    KeyCode standIn = 0;
     for (const auto& lock :
         {QStringLiteral("CapsLock"), QStringLiteral("NumLock"), QStringLiteral("ScrollLock")}) {
+        ++standIn;
         const ShiftMask_t mask = maskOf(lock);
+        const KeyCode keycode = modifierKeycodes[lock];
         if (mask & (locked ^ modifierState))
-            modifierPressed(modifierKeycodes[lock], XkbSA_LockMods, mask);
+            modifierPressed(keycode != 0 ? keycode : standIn, XkbSA_LockMods, mask);
     }
 }
 
@@ -611,15 +624,36 @@ ShiftMask_t KbdGeometry::heldModifiers() const
     return modifierState & ~lockModifiers;
 }
 
-QList<KeyCode> KbdGeometry::heldModifierKeys() const
+// What the user holds on the real keyboard is left out: it acts already, and the release of a
+// second press would end it.
+QList<KeyCode> KbdGeometry::modifierKeysToPress() const
 {
-    QList<KeyCode> held;
+    if (heldModifiers() == 0)
+        return {};
+    ShiftMask_t missing = heldModifiers() & ~serverState().base_mods;
+    QList<KeyCode> toPress;
+    const ShiftMask_t wanted = missing;
     for (auto mask = modifierMasks.cbegin(); mask != modifierMasks.cend(); ++mask) {
         const KeyCode keycode = modifierKeycodes.value(mask.key());
-        if ((mask.value() & heldModifiers()) && keycode != 0)
-            held << keycode;
+        if (!(mask.value() & wanted) || keycode == 0)
+            continue;
+        toPress << keycode;
+        missing &= ~mask.value();
     }
-    return held;
+    return toPress + unnamedKeysHolding(missing);
+}
+
+// Keys such as that of the fifth level, which go by no modifier's name.
+QList<KeyCode> KbdGeometry::unnamedKeysHolding(ShiftMask_t modifiers) const
+{
+    QList<KeyCode> keycodes;
+    for (auto held = pressedModifiers.cbegin(); held != pressedModifiers.cend(); ++held) {
+        const KbdKey* key = keysByKeycode.value(held.key());
+        if ((held.value() & modifiers) && key && key->keyType() == XkbSA_SetMods)
+            keycodes << held.key();
+    }
+    std::sort(keycodes.begin(), keycodes.end());
+    return keycodes;
 }
 
 void KbdGeometry::expectEchoes(
@@ -635,7 +669,7 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
 {
     if (!useXTest)
         return sendEvent(x11::keyPress, x11Keycode);
-    const QList<KeyCode> modifierKeys = heldModifierKeys();
+    const QList<KeyCode> modifierKeys = modifierKeysToPress();
     expectEchoes(pressEchoes, modifierKeys);
     sender->pressThroughXTest(x11Keycode, modifierKeys);
 }

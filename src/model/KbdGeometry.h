@@ -140,7 +140,9 @@ private:
     void followGroup(KeyGroup_t locked);
     void showGroup(KeyGroup_t group);
     ShiftMask_t heldModifiers() const;
-    QList<KeyCode> heldModifierKeys() const;
+    QList<KeyCode> modifierKeysToPress() const;
+    QList<KeyCode> unnamedKeysHolding(ShiftMask_t modifiers) const;
+    void lockInServer();
     void expectEchoes(QHash<KeyCode, int>& echoes, const QList<KeyCode>& modifierKeys) const;
     void switchIndicator(ShiftMask_t mask);
     void sendEvent(int type, KeyCode keycode);
@@ -165,7 +167,12 @@ private:
     ShiftMask_t lockModifiers = 0;
     QMap<QString, ShiftMask_t> modifierMasks; // real modifiers by modifier name
     QMap<QString, KeyCode> modifierKeycodes; // by modifier name; 0 where the picture has no key
-    QHash<KeyCode, ShiftMask_t> pressedModifiers; // by the modifier key of the picture
+    // By the modifier key of the picture; a lock that has none stands under a number below every
+    // key code.
+    QHash<KeyCode, ShiftMask_t> pressedModifiers;
+    // The picture takes over a lock that the server has already. Written back, it would undo what
+    // the user has done there since.
+    bool followsServer = false;
     KbdDoodad* numLockIndicator = nullptr;
     KbdDoodad* capsLockIndicator = nullptr;
     KbdDoodad* scrollLockIndicator = nullptr;

@@ -54,6 +54,7 @@ constexpr char ourGeometry[] = "pc-arvane(pc105)";
 constexpr char lamplessGeometry[] = "digital_vndr/lk(lk201)";
 
 // Symbols that bind Scroll Lock to a modifier, which the usual ones do not.
+constexpr char neoSymbols[] = "pc+de(neo)+inet(evdev)";
 constexpr char scrollLockSymbols[] = "pc+us+inet(evdev)+digital_vndr/lk(common)";
 
 constexpr int anyXkbEvent = -1; // in place of an event type of the core protocol
@@ -91,6 +92,26 @@ public:
         waitForTheProgram();
         XkbLockGroup(display(), x11::coreKeyboard, group);
         sync();
+    }
+
+    // From now on counts the changes of the locked modifiers, whoever makes them.
+    void watchLocks() const
+    {
+        XkbSelectEventDetails(
+            display(), x11::coreKeyboard, XkbStateNotify, XkbModifierLockMask, XkbModifierLockMask);
+        sync();
+    }
+
+    int lockChanges() const
+    {
+        waitForTheProgram();
+        sync();
+        int changes = 0;
+        for (; XPending(display()) > 0; ++changes) {
+            XEvent event{};
+            XNextEvent(display(), &event);
+        }
+        return changes;
     }
 
     // A key gets another keysym: not a new keyboard, but a change of its map.
@@ -262,6 +283,9 @@ private slots:
     void locksAreFollowedWhileTheFocusIsElsewhere();
     void aPhysicalLockIsFollowedWhileTheFocusIsElsewhere_data();
     void aPhysicalLockIsFollowedWhileTheFocusIsElsewhere();
+    void whatIsFollowedIsNotWrittenBack();
+    void aPhysicalLockIsLeftToTheServer();
+    void locksThatHaveNoKeyAreFollowedTogether();
     void aClickedLockIsLockedInTheServerUntilTheNextClick();
     void aLockIsClickedWhileShiftIsHeld();
     void theLocksOfTheStartAreShownUntilAModifierChanges();
@@ -274,6 +298,8 @@ private slots:
     void releasingALockKeyChangesNothing();
 
     // Groups.
+    void aModifierThatTheUserHoldsStaysHeldAfterAClick();
+
     void theGroupIsShownAndLockedInTheServer();
     void aKeyWithFewerGroupsKeepsItsGroup();
     void aGroupLockedByAnotherProgramIsShown();
@@ -591,6 +617,49 @@ void KeyboardTest::aPhysicalLockIsFollowedWhileTheFocusIsElsewhere()
     }
 }
 
+// The user may have changed it again by the time that it arrives.
+void KeyboardTest::whatIsFollowedIsNotWrittenBack()
+{
+    startOnlyToolkit();
+    const auto view = newPicture();
+    other->watchLocks();
+    other->lockModifiers(all, both(lock, num));
+    view->x11LockStateChangedIn();
+    QCOMPARE(view->modifiers(), both(lock, num));
+    QCOMPARE(other->lockChanges(), 1);
+}
+
+void KeyboardTest::aPhysicalLockIsLeftToTheServer()
+{
+    startOnlyToolkit();
+    const auto view = newPicture();
+    other->watchLocks();
+    sendKeyEvent(*view, x11::keyPress, capsLock);
+    sendKeyEvent(*view, x11::keyRelease, capsLock);
+    QCOMPARE(view->modifiers(), lock);
+    QCOMPARE(lampsOf(*view), capsLamp);
+    QCOMPARE(other->lockChanges(), 0);
+}
+
+void KeyboardTest::locksThatHaveNoKeyAreFollowedTogether()
+{
+    startOnlyToolkit();
+    const auto view = newPicture(ourGeometry, neoSymbols);
+    for (const KbdKey* key : view->keyItems())
+        QVERIFY(key->modifierName() != "CapsLock" && key->modifierName() != "NumLock");
+    other->lockModifiers(num, num);
+    view->x11LockStateChangedIn();
+    other->lockModifiers(lock, lock);
+    view->x11LockStateChangedIn();
+    QCOMPARE(view->modifiers(), both(lock, num));
+    QCOMPARE(lampsOf(*view), QList<bool>({true, true, false}));
+    other->lockModifiers(num, 0);
+    view->x11LockStateChangedIn();
+    QCOMPARE(view->modifiers(), lock);
+    QCOMPARE(lampsOf(*view), capsLamp);
+    QCOMPARE(other->state().locked_mods, lock);
+}
+
 void KeyboardTest::aClickedLockIsLockedInTheServerUntilTheNextClick()
 {
     startApplication({"--tofocus"});
@@ -743,6 +812,22 @@ void KeyboardTest::releasingALockKeyChangesNothing()
     view->modifierPressed(capsLock, XkbSA_LockMods, lock);
     view->modifierReleased(capsLock, XkbSA_LockMods, lock);
     QCOMPARE(view->modifiers(), noModifiers);
+}
+
+void KeyboardTest::aModifierThatTheUserHoldsStaysHeldAfterAClick()
+{
+    startApplication({"--tofocus"});
+    other->takeFocus();
+    other->key(leftShift, true);
+    picture().modifierPressed(leftShift, XkbSA_SetMods, shift);
+    press(picture(), keyA);
+    QTRY_VERIFY(pressedKeys(display).contains(keyA));
+    QCOMPARE(other->state().base_mods, shift);
+    release(picture(), keyA);
+    QTRY_COMPARE(pressedKeys(display), QList<int>{leftShift});
+    QCOMPARE(other->state().base_mods, shift);
+    other->key(leftShift, false);
+    QCOMPARE(other->state().base_mods, noModifiers);
 }
 
 void KeyboardTest::theGroupIsShownAndLockedInTheServer()

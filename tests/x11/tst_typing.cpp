@@ -292,6 +292,7 @@ private slots:
     void theKeypadTypesDigitsWhileNumLockIsOn();
     void lettersAreDrawnAndTypedAsCapitalsWhileCapsLockIsOn_data();
     void lettersAreDrawnAndTypedAsCapitalsWhileCapsLockIsOn();
+    void theFifthLevelIsTyped();
     void capsLockIsSwitchedWhileShiftIsHeld();
     void theTextLineShowsWhatIsDrawn_data();
     void theTextLineShowsWhatIsDrawn();
@@ -563,6 +564,32 @@ void TypingTest::lettersAreDrawnAndTypedAsCapitalsWhileCapsLockIsOn()
     QCOMPARE(text.size(), letters);
     QVERIFY(switchModifiers(state, false));
     QTRY_COMPARE(serverLocks(), 0U);
+}
+
+// Its key goes by no modifier's name.
+void TypingTest::theFifthLevelIsTyped()
+{
+    QVERIFY(startApplication("--tofocus", {"-model", "pc105", "-layout", "de", "-variant", "neo"}));
+    QVERIFY(startTarget());
+    const QList<KbdKey*> keys = picture().keyItems();
+    const auto fifthLevel = std::find_if(keys.begin(), keys.end(),
+        [](const KbdKey* key) { return key->activeKeysym() == XK_ISO_Level5_Shift; });
+    QVERIFY(fifthLevel != keys.end());
+    QVERIFY(click(**fifthLevel));
+    QVERIFY(waitUntil([&] { return picture().modifiers() == (*fifthLevel)->keyModifiers(); }));
+
+    const QList<Shown> shown = ordinaryKeys(picture());
+    const QList<KeyTargetLine> presses = typed(shown);
+    QCOMPARE(presses.size(), shown.size());
+    QStringList changed;
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        QCOMPARE(shown.at(i).keysym, presses.at(i).keysym);
+        if (shown.at(i).keysym == "Home" || shown.at(i).keysym == "End")
+            changed << shown.at(i).key->name();
+    }
+    QVERIFY(changed.contains("AC01"));
+    QVERIFY(click(**fifthLevel));
+    QVERIFY(waitUntil([&] { return picture().modifiers() == 0; }));
 }
 
 void TypingTest::capsLockIsSwitchedWhileShiftIsHeld()
