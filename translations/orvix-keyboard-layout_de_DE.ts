@@ -301,7 +301,7 @@
     </message>
     <message>
         <source>Faroe Islands</source>
-        <translation>Färöer-Inseln</translation>
+        <translation>Färöer</translation>
     </message>
     <message>
         <source>Finland</source>
@@ -1038,19 +1038,19 @@ Feststellender Modifikator %1=0x%2</translation>
     </message>
     <message>
         <source>Left</source>
-        <translation>Pfeiltaste links</translation>
+        <translation>Pfeiltaste nach links</translation>
     </message>
     <message>
         <source>Up</source>
-        <translation>Pfeiltaste oben</translation>
+        <translation>Pfeiltaste nach oben</translation>
     </message>
     <message>
         <source>Right</source>
-        <translation>Pfeiltaste rechts</translation>
+        <translation>Pfeiltaste nach rechts</translation>
     </message>
     <message>
         <source>Down</source>
-        <translation>Pfeiltaste unten</translation>
+        <translation>Pfeiltaste nach unten</translation>
     </message>
     <message>
         <source>Page Up</source>
@@ -1138,7 +1138,7 @@ Feststellender Modifikator %1=0x%2</translation>
     </message>
     <message>
         <source>blank</source>
-        <translation>leer</translation>
+        <translation>nicht belegt</translation>
     </message>
 </context>
 <context>

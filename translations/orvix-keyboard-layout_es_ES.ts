@@ -810,27 +810,27 @@ Modificador de bloqueo %1=0x%2</translation>
     </message>
     <message>
         <source>double arrow left and right</source>
-        <translation>flecha doble izquierda y derecha</translation>
+        <translation>flecha doble hacia la izquierda y la derecha</translation>
     </message>
     <message>
         <source>double arrow right</source>
-        <translation>flecha doble derecha</translation>
+        <translation>flecha doble hacia la derecha</translation>
     </message>
     <message>
         <source>arrow left</source>
-        <translation>flecha izquierda</translation>
+        <translation>flecha hacia la izquierda</translation>
     </message>
     <message>
         <source>arrow up</source>
-        <translation>flecha arriba</translation>
+        <translation>flecha hacia arriba</translation>
     </message>
     <message>
         <source>arrow right</source>
-        <translation>flecha derecha</translation>
+        <translation>flecha hacia la derecha</translation>
     </message>
     <message>
         <source>arrow down</source>
-        <translation>flecha abajo</translation>
+        <translation>flecha hacia abajo</translation>
     </message>
     <message>
         <source>Alt Gr</source>
@@ -850,155 +850,155 @@ Modificador de bloqueo %1=0x%2</translation>
     </message>
     <message>
         <source>dead grave</source>
-        <translation>acento grave muerto</translation>
+        <translation>tecla muerta: acento grave</translation>
     </message>
     <message>
         <source>dead acute</source>
-        <translation>acento agudo muerto</translation>
+        <translation>tecla muerta: acento agudo</translation>
     </message>
     <message>
         <source>dead circumflex</source>
-        <translation>acento circunflejo muerto</translation>
+        <translation>tecla muerta: acento circunflejo</translation>
     </message>
     <message>
         <source>dead tilde</source>
-        <translation>virgulilla muerta</translation>
+        <translation>tecla muerta: virgulilla</translation>
     </message>
     <message>
         <source>dead macron</source>
-        <translation>macrón muerto</translation>
+        <translation>tecla muerta: macrón</translation>
     </message>
     <message>
         <source>dead breve</source>
-        <translation>breve muerta</translation>
+        <translation>tecla muerta: breve</translation>
     </message>
     <message>
         <source>dead dot above</source>
-        <translation>punto superior muerto</translation>
+        <translation>tecla muerta: punto superior</translation>
     </message>
     <message>
         <source>dead diaeresis</source>
-        <translation>diéresis muerta</translation>
+        <translation>tecla muerta: diéresis</translation>
     </message>
     <message>
         <source>dead ring above</source>
-        <translation>anillo superior muerto</translation>
+        <translation>tecla muerta: anillo superior</translation>
     </message>
     <message>
         <source>dead double acute</source>
-        <translation>doble acento agudo muerto</translation>
+        <translation>tecla muerta: doble acento agudo</translation>
     </message>
     <message>
         <source>dead caron</source>
-        <translation>carón muerto</translation>
+        <translation>tecla muerta: carón</translation>
     </message>
     <message>
         <source>dead cedilla</source>
-        <translation>cedilla muerta</translation>
+        <translation>tecla muerta: cedilla</translation>
     </message>
     <message>
         <source>dead ogonek</source>
-        <translation>ogonek muerto</translation>
+        <translation>tecla muerta: ogonek</translation>
     </message>
     <message>
         <source>dead iota</source>
-        <translation>iota muerta</translation>
+        <translation>tecla muerta: iota</translation>
     </message>
     <message>
         <source>dead voiced sound mark</source>
-        <translation>dakuten muerto</translation>
+        <translation>tecla muerta: dakuten</translation>
     </message>
     <message>
         <source>dead semi-voiced sound mark</source>
-        <translation>handakuten muerto</translation>
+        <translation>tecla muerta: handakuten</translation>
     </message>
     <message>
         <source>dead dot below</source>
-        <translation>punto inferior muerto</translation>
+        <translation>tecla muerta: punto inferior</translation>
     </message>
     <message>
         <source>dead hook</source>
-        <translation>gancho muerto</translation>
+        <translation>tecla muerta: gancho</translation>
     </message>
     <message>
         <source>dead horn</source>
-        <translation>cuerno muerto</translation>
+        <translation>tecla muerta: cuerno</translation>
     </message>
     <message>
         <source>dead stroke</source>
-        <translation>barra muerta</translation>
+        <translation>tecla muerta: barra</translation>
     </message>
     <message>
         <source>dead comma above</source>
-        <translation>coma superior muerta</translation>
+        <translation>tecla muerta: coma superior</translation>
     </message>
     <message>
         <source>dead reversed comma above</source>
-        <translation>coma superior invertida muerta</translation>
+        <translation>tecla muerta: coma superior invertida</translation>
     </message>
     <message>
         <source>dead double grave</source>
-        <translation>doble acento grave muerto</translation>
+        <translation>tecla muerta: doble acento grave</translation>
     </message>
     <message>
         <source>dead ring below</source>
-        <translation>anillo inferior muerto</translation>
+        <translation>tecla muerta: anillo inferior</translation>
     </message>
     <message>
         <source>dead macron below</source>
-        <translation>macrón inferior muerto</translation>
+        <translation>tecla muerta: macrón inferior</translation>
     </message>
     <message>
         <source>dead circumflex below</source>
-        <translation>acento circunflejo inferior muerto</translation>
+        <translation>tecla muerta: acento circunflejo inferior</translation>
     </message>
     <message>
         <source>dead tilde below</source>
-        <translation>virgulilla inferior muerta</translation>
+        <translation>tecla muerta: virgulilla inferior</translation>
     </message>
     <message>
         <source>dead breve below</source>
-        <translation>breve inferior muerta</translation>
+        <translation>tecla muerta: breve inferior</translation>
     </message>
     <message>
         <source>dead diaeresis below</source>
-        <translation>diéresis inferior muerta</translation>
+        <translation>tecla muerta: diéresis inferior</translation>
     </message>
     <message>
         <source>dead inverted breve</source>
-        <translation>breve invertida muerta</translation>
+        <translation>tecla muerta: breve invertida</translation>
     </message>
     <message>
         <source>dead comma below</source>
-        <translation>coma inferior muerta</translation>
+        <translation>tecla muerta: coma inferior</translation>
     </message>
     <message>
         <source>dead currency sign</source>
-        <translation>símbolo de moneda muerto</translation>
+        <translation>tecla muerta: símbolo de moneda</translation>
     </message>
     <message>
         <source>dead Greek</source>
-        <translation>letra griega muerta</translation>
+        <translation>tecla muerta: letra griega</translation>
     </message>
     <message>
         <source>dead hamza</source>
-        <translation>hamza muerta</translation>
+        <translation>tecla muerta: hamza</translation>
     </message>
     <message>
         <source>dead low line</source>
-        <translation>línea baja muerta</translation>
+        <translation>tecla muerta: guion bajo</translation>
     </message>
     <message>
         <source>dead vertical line above</source>
-        <translation>línea vertical superior muerta</translation>
+        <translation>tecla muerta: línea vertical superior</translation>
     </message>
     <message>
         <source>dead vertical line below</source>
-        <translation>línea vertical inferior muerta</translation>
+        <translation>tecla muerta: línea vertical inferior</translation>
     </message>
     <message>
         <source>dead long solidus</source>
-        <translation>barra oblicua larga muerta</translation>
+        <translation>tecla muerta: barra oblicua larga</translation>
     </message>
     <message>
         <source>Backspace</source>
@@ -1110,7 +1110,7 @@ Modificador de bloqueo %1=0x%2</translation>
     </message>
     <message>
         <source>Shift Lock</source>
-        <translation>Bloqueo de la tecla Mayús</translation>
+        <translation>Bloqueo de la tecla Mayúsculas</translation>
     </message>
     <message>
         <source>Super</source>

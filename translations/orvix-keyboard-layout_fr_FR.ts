@@ -93,7 +93,7 @@
     </message>
     <message>
         <source>N&apos;Ko</source>
-        <translation>N&apos;Ko</translation>
+        <translation>N’Ko</translation>
     </message>
     <message>
         <source>Northern Sami</source>
@@ -694,7 +694,7 @@
     </message>
     <message>
         <source>Arvane Trial Keyboard</source>
-        <translation>Clavier d&apos;essai Arvane</translation>
+        <translation>Clavier d’essai Arvane</translation>
     </message>
 </context>
 <context>
@@ -746,7 +746,7 @@ Modificateur %1=0x%2</translation>
         <source>
 Lock Modifier %1=0x%2</source>
         <translation>
-Modificateur verrouillable %1=0x%2</translation>
+Modificateur verrouillant %1=0x%2</translation>
     </message>
 </context>
 <context>
@@ -776,7 +776,7 @@ Modificateur verrouillable %1=0x%2</translation>
     </message>
     <message>
         <source>Keycap display mode</source>
-        <translation>Mode d&apos;affichage des touches</translation>
+        <translation>Mode d’affichage des touches</translation>
     </message>
 </context>
 <context>
@@ -806,7 +806,7 @@ Modificateur verrouillable %1=0x%2</translation>
     </message>
     <message>
         <source>soft hyphen</source>
-        <translation>trait d&apos;union conditionnel</translation>
+        <translation>trait d’union conditionnel</translation>
     </message>
     <message>
         <source>double arrow left and right</source>
@@ -1066,7 +1066,7 @@ Modificateur verrouillable %1=0x%2</translation>
     </message>
     <message>
         <source>Print Screen</source>
-        <translation>Impression d&apos;écran</translation>
+        <translation>Impression d’écran</translation>
     </message>
     <message>
         <source>Insert</source>
@@ -1086,11 +1086,11 @@ Modificateur verrouillable %1=0x%2</translation>
     </message>
     <message>
         <source>Enter</source>
-        <translation>Entrée</translation>
+        <translation>Entrée du pavé numérique</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation>Commencement</translation>
+        <translation>Centre du pavé numérique</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -1110,7 +1110,7 @@ Modificateur verrouillable %1=0x%2</translation>
     </message>
     <message>
         <source>Shift Lock</source>
-        <translation>Verrouillage de la touche Maj</translation>
+        <translation>Verrouillage de la touche Majuscule</translation>
     </message>
     <message>
         <source>Super</source>
@@ -1134,7 +1134,7 @@ Modificateur verrouillable %1=0x%2</translation>
     </message>
     <message>
         <source>narrow no-break space</source>
-        <translation>espace insécable étroite</translation>
+        <translation>espace fine insécable</translation>
     </message>
     <message>
         <source>blank</source>
@@ -1145,7 +1145,7 @@ Modificateur verrouillable %1=0x%2</translation>
     <name>TypingArea</name>
     <message>
         <source>Sample Text Area</source>
-        <translation>Zone de texte d&apos;essai</translation>
+        <translation>Zone de texte d’essai</translation>
     </message>
 </context>
 </TS>

@@ -261,7 +261,7 @@
     </message>
     <message>
         <source>Canada, multilingual</source>
-        <translation>カナダ、複数言語</translation>
+        <translation>カナダ、多言語</translation>
     </message>
     <message>
         <source>China</source>
@@ -285,7 +285,7 @@
     </message>
     <message>
         <source>Denmark, no dead keys</source>
-        <translation>デンマーク、デッドキー無し</translation>
+        <translation>デンマーク、デッドキーなし</translation>
     </message>
     <message>
         <source>DR Congo</source>
@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>France, no dead keys</source>
-        <translation>フランス、デッドキー無し</translation>
+        <translation>フランス、デッドキーなし</translation>
     </message>
     <message>
         <source>Georgia</source>
@@ -341,7 +341,7 @@
     </message>
     <message>
         <source>Germany, no dead keys</source>
-        <translation>ドイツ、デッドキー無し</translation>
+        <translation>ドイツ、デッドキーなし</translation>
     </message>
     <message>
         <source>Ghana</source>
@@ -353,7 +353,7 @@
     </message>
     <message>
         <source>Greece, polytonic</source>
-        <translation>ギリシャ、多調式</translation>
+        <translation>ギリシャ、ポリトニック</translation>
     </message>
     <message>
         <source>Hungary</source>
@@ -493,7 +493,7 @@
     </message>
     <message>
         <source>Norway, no dead keys</source>
-        <translation>ノルウェー、デッドキー無し</translation>
+        <translation>ノルウェー、デッドキーなし</translation>
     </message>
     <message>
         <source>Pakistan</source>
@@ -561,7 +561,7 @@
     </message>
     <message>
         <source>Spain, no dead keys</source>
-        <translation>スペイン、デッドキー無し</translation>
+        <translation>スペイン、デッドキーなし</translation>
     </message>
     <message>
         <source>Sri Lanka</source>
@@ -573,7 +573,7 @@
     </message>
     <message>
         <source>Sweden, no dead keys</source>
-        <translation>スウェーデン、デッドキー無し</translation>
+        <translation>スウェーデン、デッドキーなし</translation>
     </message>
     <message>
         <source>Switzerland, French</source>
@@ -585,7 +585,7 @@
     </message>
     <message>
         <source>Switzerland, German, no dead keys</source>
-        <translation>スイス、ドイツ語、デッドキー無し</translation>
+        <translation>スイス、ドイツ語、デッドキーなし</translation>
     </message>
     <message>
         <source>Syria</source>
@@ -724,7 +724,7 @@
     </message>
     <message>
         <source>X11 Identity:  Name=&apos;%1&apos;, Code=0x%2</source>
-        <translation>X11 識別:  名前=&apos;%1&apos;、コード=0x%2</translation>
+        <translation>X11 識別情報:  名前=&apos;%1&apos;、コード=0x%2</translation>
     </message>
     <message>
         <source>Key symbol table:</source>
@@ -1038,19 +1038,19 @@ Lock Modifier %1=0x%2</source>
     </message>
     <message>
         <source>Left</source>
-        <translation>左</translation>
+        <translation>左方向キー</translation>
     </message>
     <message>
         <source>Up</source>
-        <translation>上</translation>
+        <translation>上方向キー</translation>
     </message>
     <message>
         <source>Right</source>
-        <translation>右</translation>
+        <translation>右方向キー</translation>
     </message>
     <message>
         <source>Down</source>
-        <translation>下</translation>
+        <translation>下方向キー</translation>
     </message>
     <message>
         <source>Page Up</source>

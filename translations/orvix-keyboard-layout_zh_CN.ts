@@ -93,7 +93,7 @@
     </message>
     <message>
         <source>N&apos;Ko</source>
-        <translation>西非书面字母</translation>
+        <translation>西非书面文字（N&apos;Ko）</translation>
     </message>
     <message>
         <source>Northern Sami</source>
@@ -1038,19 +1038,19 @@ Lock Modifier %1=0x%2</source>
     </message>
     <message>
         <source>Left</source>
-        <translation>左</translation>
+        <translation>左方向键</translation>
     </message>
     <message>
         <source>Up</source>
-        <translation>上</translation>
+        <translation>上方向键</translation>
     </message>
     <message>
         <source>Right</source>
-        <translation>右</translation>
+        <translation>右方向键</translation>
     </message>
     <message>
         <source>Down</source>
-        <translation>下</translation>
+        <translation>下方向键</translation>
     </message>
     <message>
         <source>Page Up</source>
@@ -1086,7 +1086,7 @@ Lock Modifier %1=0x%2</source>
     </message>
     <message>
         <source>Enter</source>
-        <translation>Enter</translation>
+        <translation>小键盘 Enter</translation>
     </message>
     <message>
         <source>Begin</source>
@@ -1138,7 +1138,7 @@ Lock Modifier %1=0x%2</source>
     </message>
     <message>
         <source>blank</source>
-        <translation>空白</translation>
+        <translation>未分配</translation>
     </message>
 </context>
 <context>
