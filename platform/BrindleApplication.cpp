@@ -3,7 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-BrindleApplication::BrindleApplication(int& argc, char** argv, bool, bool, bool)
+BrindleApplication::BrindleApplication( // NOLINT(readability-function-size): the platform's own has
+    int& argc, char** argv, bool, bool, bool)
     : QApplication(argc, argv)
 {
     installToolkitTranslation();

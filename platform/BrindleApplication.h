@@ -17,6 +17,7 @@ public:
     // has no use for them.
     BrindleApplication(int& argc, char** argv, bool flag1, bool flag2, bool flag3);
     ~BrindleApplication() override;
+    Q_DISABLE_COPY(BrindleApplication)
 
     // Ends the process with status 0 when another instance runs under this name on the same X
     // display. Otherwise this process is that instance until it ends, however it ends.
@@ -27,6 +28,8 @@ signals:
     void focusLost();
 
 public slots:
+    // The application's focusChanged signal: the widget that had the focus and the one that has it
+    // now; null for none of ours.
     void gotFocusChange(QWidget* old, QWidget* now);
 
 private:

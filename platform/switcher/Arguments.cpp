@@ -1,22 +1,23 @@
 #include "Arguments.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <map>
 #include <stdexcept>
+#include <string_view>
 
 namespace {
 
 using Values = std::map<std::string, std::string>;
 
+constexpr std::array<std::string_view, 9> options{"--parent", "--window", "--display", "--keycodes",
+    "--types", "--compat", "--symbols", "--geometry", "--static"};
+
 bool isKnown(const std::string& option)
 {
-    for (const char* known : {"--parent", "--window", "--display", "--keycodes", "--types",
-             "--compat", "--symbols", "--geometry", "--static"}) {
-        if (option == known)
-            return true;
-    }
-    return false;
+    return std::find(options.begin(), options.end(), option) != options.end();
 }
 
 Values readOptions(const std::vector<std::string>& words)

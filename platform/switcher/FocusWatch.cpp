@@ -24,22 +24,22 @@ bool isWithin(Display* display, Window inner, Window outer)
 
 } // namespace
 
-FocusWatch::FocusWatch(Display* display, Window window)
-    : m_display(display)
-    , m_window(window)
+FocusWatch::FocusWatch(Display* xDisplay, Window watchedWindow)
+    : display(xDisplay)
+    , window(watchedWindow)
 {
     XSelectInput(display, window, FocusChangeMask | StructureNotifyMask);
     XWindowAttributes attributes;
-    m_isGone = !XGetWindowAttributes(display, window, &attributes);
+    gone = !XGetWindowAttributes(display, window, &attributes);
     look();
 }
 
 void FocusWatch::handle(const XEvent& event)
 {
-    if (event.xany.window != m_window)
+    if (event.xany.window != window)
         return;
     if (event.type == DestroyNotify)
-        m_isGone = true;
+        gone = true;
     look();
 }
 
@@ -49,7 +49,7 @@ void FocusWatch::look()
 {
     Window focus = x11::none;
     int revertTo = 0;
-    XGetInputFocus(m_display, &focus, &revertTo);
+    XGetInputFocus(display, &focus, &revertTo);
     const bool isOnWindow = focus != x11::none && focus != PointerRoot;
-    m_isInside = !m_isGone && isOnWindow && isWithin(m_display, focus, m_window);
+    inside = !gone && isOnWindow && isWithin(display, focus, window);
 }

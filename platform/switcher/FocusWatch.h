@@ -6,12 +6,12 @@
 // its descendants. The other program notices nothing of it.
 class FocusWatch {
 public:
-    FocusWatch(Display* display, Window window);
+    FocusWatch(Display* xDisplay, Window watchedWindow);
 
-    bool isInside() const { return m_isInside; }
+    bool isInside() const { return inside; }
 
     // The window was destroyed, or was never there.
-    bool isWindowGone() const { return m_isGone; }
+    bool isWindowGone() const { return gone; }
 
     // To be given every event of the connection.
     void handle(const XEvent& event);
@@ -19,8 +19,8 @@ public:
 private:
     void look();
 
-    Display* m_display;
-    Window m_window;
-    bool m_isInside = false;
-    bool m_isGone = false;
+    Display* display;
+    Window window;
+    bool inside = false;
+    bool gone = false;
 };

@@ -3,17 +3,17 @@
 KeyRepeats KeyRepeats::of(Display* display, unsigned int device)
 {
     KeyRepeats repeats;
-    XkbDescription controls(XkbAllocKeyboard());
-    if (!controls)
+    XkbDescription present(XkbAllocKeyboard());
+    if (!present)
         return repeats;
-    controls->device_spec = static_cast<unsigned short>(device);
-    if (XkbGetControls(display, XkbPerKeyRepeatMask, controls.get()) == 0)
-        repeats.m_controls = std::move(controls);
+    present->device_spec = static_cast<unsigned short>(device);
+    if (XkbGetControls(display, XkbPerKeyRepeatMask, present.get()) == 0)
+        repeats.controls = std::move(present);
     return repeats;
 }
 
 void KeyRepeats::apply(Display* display) const
 {
-    if (m_controls)
-        XkbSetControls(display, XkbPerKeyRepeatMask, m_controls.get());
+    if (controls)
+        XkbSetControls(display, XkbPerKeyRepeatMask, controls.get());
 }

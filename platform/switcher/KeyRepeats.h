@@ -12,5 +12,5 @@ public:
     void apply(Display* display) const;
 
 private:
-    XkbDescription m_controls;
+    XkbDescription controls;
 };

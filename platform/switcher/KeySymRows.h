@@ -19,7 +19,7 @@ public:
 private:
     KeySym keysym(int key, int column) const;
 
-    int m_firstKey = 0;
-    int m_width = 0;
-    std::vector<KeySym> m_keysyms;
+    int firstKey = 0;
+    int width = 0;
+    std::vector<KeySym> keysyms;
 };

@@ -4,7 +4,6 @@
 
 #include <xcb/xinput.h>
 
-#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -13,12 +12,8 @@ struct CloseConnection {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
 };
 
-struct FreeReply {
-    void operator()(void* reply) const { std::free(reply); }
-};
-
 using Connection = std::unique_ptr<xcb_connection_t, CloseConnection>;
-using DeviceReply = std::unique_ptr<xcb_input_xi_query_device_reply_t, FreeReply>;
+using DeviceReply = x11::Reply<xcb_input_xi_query_device_reply_t>;
 
 DeviceReply queryDevices(xcb_connection_t* connection)
 {

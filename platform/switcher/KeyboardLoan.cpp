@@ -14,15 +14,15 @@ constexpr int getKbdByName = 23;
 
 } // namespace
 
-KeyboardLoan::KeyboardLoan(Display* display, const KeyboardComponents& components)
-    : m_display(display)
-    , m_components(components)
+KeyboardLoan::KeyboardLoan(Display* xDisplay, KeyboardComponents wanted)
+    : display(xDisplay)
+    , components(std::move(wanted))
 {
     int opcode = 0;
     int error = 0;
-    if (!XkbQueryExtension(display, &opcode, &m_xkbEvent, &error, nullptr, nullptr))
+    if (!XkbQueryExtension(display, &opcode, &xkbEvent, &error, nullptr, nullptr))
         throw std::runtime_error("the X server has no keyboard extension");
-    m_coreDevice = coreKeyboardDevice(display);
+    coreDevice = coreKeyboardDevice(display);
     XkbSelectEvents(display, x11::coreKeyboard, XkbNewKeyboardNotifyMask, XkbNewKeyboardNotifyMask);
 }
 
@@ -33,48 +33,48 @@ KeyboardLoan::~KeyboardLoan()
 
 void KeyboardLoan::begin()
 {
-    if (m_isOn)
+    if (on)
         return;
-    const std::vector<unsigned int> devices = keyboardDevices(m_display);
-    const ServerGrab grab(m_display);
-    if (!m_components.areLoaded(m_display)) {
+    const std::vector<unsigned int> devices = keyboardDevices(display);
+    const ServerGrab grab(display);
+    if (!components.areLoaded(display)) {
         std::vector<KeymapSnapshot> saved = save(devices);
-        m_savedLocks = LockState::of(m_display);
+        savedLocks = LockState::of(display);
         if (!load())
             throw std::runtime_error("the X server cannot load this keyboard");
-        m_saved = std::move(saved);
+        savedKeymaps = std::move(saved);
     }
-    m_isOn = true;
+    on = true;
 }
 
 void KeyboardLoan::end()
 {
-    if (!m_isOn)
+    if (!on)
         return;
-    m_isOn = false;
-    const std::vector<KeymapSnapshot> saved = std::exchange(m_saved, {});
+    on = false;
+    const std::vector<KeymapSnapshot> saved = std::exchange(savedKeymaps, {});
     if (saved.empty())
         return;
-    const ServerGrab grab(m_display);
+    const ServerGrab grab(display);
     handlePending();
-    if (!m_wasLoaded)
+    if (!wasLoaded)
         putBack(saved);
 }
 
 void KeyboardLoan::handle(const XEvent& event)
 {
-    if (event.type != m_xkbEvent)
+    if (event.type != xkbEvent)
         return;
     const auto& news = reinterpret_cast<const XkbEvent&>(event);
-    if (news.any.xkb_type == XkbNewKeyboardNotify && news.any.device == m_coreDevice)
-        m_wasLoaded |= news.new_kbd.req_minor == getKbdByName;
+    if (news.any.xkb_type == XkbNewKeyboardNotify && news.any.device == coreDevice)
+        wasLoaded |= news.new_kbd.req_minor == getKbdByName;
 }
 
 std::vector<KeymapSnapshot> KeyboardLoan::save(const std::vector<unsigned int>& devices) const
 {
     std::vector<KeymapSnapshot> saved;
     for (const unsigned int device : devices) {
-        auto snapshot = KeymapSnapshot::take(m_display, device);
+        auto snapshot = KeymapSnapshot::take(display, device);
         if (!snapshot)
             throw std::runtime_error("the present keyboard cannot be saved");
         saved.push_back(std::move(*snapshot));
@@ -86,24 +86,24 @@ std::vector<KeymapSnapshot> KeyboardLoan::save(const std::vector<unsigned int>& 
 bool KeyboardLoan::load()
 {
     handlePending();
-    m_wasLoaded = false;
-    m_components.load(m_display, x11::coreKeyboard);
+    wasLoaded = false;
+    components.load(display, x11::coreKeyboard);
     handlePending();
-    if (!std::exchange(m_wasLoaded, false))
+    if (!std::exchange(wasLoaded, false))
         return false;
-    m_loaded = ComponentAtoms::of(m_display, m_coreDevice);
-    m_loadedKeys = KeySymRows::of(m_display);
+    loadedComponents = ComponentAtoms::of(display, coreDevice);
+    loadedKeys = KeySymRows::of(display);
     return true;
 }
 
 void KeyboardLoan::putBack(const std::vector<KeymapSnapshot>& saved) const
 {
-    const LockState locks = m_savedLocks.carriedOn(LockState::of(m_display));
-    const KeySymRows keys = KeySymRows::of(m_display);
-    const std::vector<int> edited = keys.keysChangedSince(m_loadedKeys);
+    const LockState locks = savedLocks.carriedOn(LockState::of(display));
+    const KeySymRows keys = KeySymRows::of(display);
+    const std::vector<int> edited = keys.keysChangedSince(loadedKeys);
     putBackKeymaps(saved);
-    keys.write(m_display, edited);
-    locks.apply(m_display);
+    keys.write(display, edited);
+    locks.apply(display);
 }
 
 // The core keyboard comes first, as it hands what it gets to the others. The repeats come after all
@@ -114,21 +114,21 @@ void KeyboardLoan::putBackKeymaps(const std::vector<KeymapSnapshot>& saved) cons
     std::vector<KeyRepeats> repeats;
     for (const KeymapSnapshot& snapshot : saved) {
         // A device with another keyboard than ours was given it by someone else, who keeps it.
-        if (ComponentAtoms::of(m_display, snapshot.device()) != m_loaded)
+        if (ComponentAtoms::of(display, snapshot.device()) != loadedComponents)
             continue;
         ours.push_back(&snapshot);
-        repeats.push_back(KeyRepeats::of(m_display, snapshot.device()));
+        repeats.push_back(KeyRepeats::of(display, snapshot.device()));
     }
     for (const KeymapSnapshot* snapshot : ours)
-        snapshot->putBack(m_display);
+        snapshot->putBack(display);
     for (const KeyRepeats& each : repeats)
-        each.apply(m_display);
+        each.apply(display);
 }
 
 void KeyboardLoan::handlePending()
 {
-    XSync(m_display, x11::xFalse);
+    XSync(display, x11::xFalse);
     XEvent event;
-    while (XCheckTypedEvent(m_display, m_xkbEvent, &event))
+    while (XCheckTypedEvent(display, xkbEvent, &event))
         handle(event);
 }

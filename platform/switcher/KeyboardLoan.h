@@ -14,7 +14,7 @@
 // carried over.
 class KeyboardLoan {
 public:
-    KeyboardLoan(Display* display, const KeyboardComponents& components);
+    KeyboardLoan(Display* xDisplay, KeyboardComponents wanted);
 
     // Ends the loan.
     ~KeyboardLoan();
@@ -39,17 +39,17 @@ private:
     void putBackKeymaps(const std::vector<KeymapSnapshot>& saved) const;
     void handlePending();
 
-    Display* m_display;
-    KeyboardComponents m_components;
-    int m_xkbEvent = -1;
-    unsigned int m_coreDevice = 0;
+    Display* display;
+    KeyboardComponents components;
+    int xkbEvent = -1;
+    unsigned int coreDevice = 0;
 
-    bool m_isOn = false;
+    bool on = false;
     // Whether the core keyboard was loaded anew since this was last cleared.
-    bool m_wasLoaded = false;
+    bool wasLoaded = false;
     // Empty while nothing of ours is loaded.
-    std::vector<KeymapSnapshot> m_saved;
-    LockState m_savedLocks;
-    ComponentAtoms m_loaded;
-    KeySymRows m_loadedKeys;
+    std::vector<KeymapSnapshot> savedKeymaps;
+    LockState savedLocks;
+    ComponentAtoms loadedComponents;
+    KeySymRows loadedKeys;
 };

@@ -36,17 +36,17 @@ bool hasNamesMoreThan(const Atom (&present)[count], const Atom (&wanted)[count])
 
 } // namespace
 
-KeymapSnapshot::KeymapSnapshot(XkbDescription keymap)
-    : m_keymap(std::move(keymap))
+KeymapSnapshot::KeymapSnapshot(XkbDescription wholeKeymap)
+    : keymap(std::move(wholeKeymap))
 {
 }
 
 std::optional<KeymapSnapshot> KeymapSnapshot::take(Display* display, unsigned int device)
 {
-    XkbDescription keymap = read(display, device);
-    if (!keymap)
+    XkbDescription present = read(display, device);
+    if (!present)
         return std::nullopt;
-    return KeymapSnapshot(std::move(keymap));
+    return KeymapSnapshot(std::move(present));
 }
 
 void KeymapSnapshot::putBack(Display* display) const
@@ -55,7 +55,7 @@ void KeymapSnapshot::putBack(Display* display) const
     if (!present)
         return;
     if (!canBeSetOver(*present))
-        KeyboardComponents::of(display, *m_keymap).load(display, device());
+        KeyboardComponents::of(display, *keymap).load(display, device());
     set(display);
 }
 
@@ -64,21 +64,21 @@ void KeymapSnapshot::putBack(Display* display) const
 bool KeymapSnapshot::canBeSetOver(const XkbDescRec& present) const
 {
     const XkbNamesRec& now = *present.names;
-    const XkbNamesRec& then = *m_keymap->names;
+    const XkbNamesRec& then = *keymap->names;
     return !hasNamesMoreThan(now.vmods, then.vmods)
         && !hasNamesMoreThan(now.indicators, then.indicators)
         && !hasNamesMoreThan(now.groups, then.groups)
-        && present.indicators->phys_indicators == m_keymap->indicators->phys_indicators;
+        && present.indicators->phys_indicators == keymap->indicators->phys_indicators;
 }
 
 // The compatibility map goes first: the server derives actions from it when it gets the keys.
 void KeymapSnapshot::set(Display* display) const
 {
-    XkbDescPtr const keymap = m_keymap.get();
-    XkbSetCompatMap(display, XkbAllCompatMask, keymap, x11::xFalse);
-    XkbSetMap(display, XkbAllMapComponentsMask, keymap);
-    XkbSetNames(display, XkbAllNamesMask, 0, keymap->map->num_types, keymap);
-    XkbSetIndicatorMap(display, allIndicators, keymap);
-    if (keymap->geom)
-        XkbSetGeometry(display, device(), keymap->geom);
+    XkbDescRec* const whole = keymap.get();
+    XkbSetCompatMap(display, XkbAllCompatMask, whole, x11::xFalse);
+    XkbSetMap(display, XkbAllMapComponentsMask, whole);
+    XkbSetNames(display, XkbAllNamesMask, 0, whole->map->num_types, whole);
+    XkbSetIndicatorMap(display, allIndicators, whole);
+    if (whole->geom)
+        XkbSetGeometry(display, device(), whole->geom);
 }

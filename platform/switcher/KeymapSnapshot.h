@@ -11,17 +11,17 @@ public:
     // Nothing when the keyboard is not there or one of its parts cannot be read.
     static std::optional<KeymapSnapshot> take(Display* display, unsigned int device);
 
-    unsigned int device() const { return m_keymap->device_spec; }
+    unsigned int device() const { return keymap->device_spec; }
 
     // Gives the keyboard this keymap again, and those that feed it, if it is the core keyboard.
     // Does nothing when the keyboard has gone.
     void putBack(Display* display) const;
 
 private:
-    explicit KeymapSnapshot(XkbDescription keymap);
+    explicit KeymapSnapshot(XkbDescription wholeKeymap);
 
     bool canBeSetOver(const XkbDescRec& present) const;
     void set(Display* display) const;
 
-    XkbDescription m_keymap;
+    XkbDescription keymap;
 };

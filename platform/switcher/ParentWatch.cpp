@@ -13,26 +13,26 @@ constexpr int lookAgainMs = 500;
 } // namespace
 
 ParentWatch::ParentWatch(pid_t process)
-    : m_process(process)
-    , m_descriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0)))
+    : processId(process)
+    , processDescriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0)))
 {
 }
 
 ParentWatch::~ParentWatch()
 {
-    if (m_descriptor >= 0)
-        close(m_descriptor);
+    if (processDescriptor >= 0)
+        close(processDescriptor);
 }
 
 bool ParentWatch::isGone() const
 {
-    if (m_descriptor < 0)
-        return kill(m_process, 0) != 0 && errno == ESRCH;
-    pollfd process{m_descriptor, POLLIN, 0};
+    if (processDescriptor < 0)
+        return kill(processId, 0) != 0 && errno == ESRCH;
+    pollfd process{processDescriptor, POLLIN, 0};
     return poll(&process, 1, 0) == 1;
 }
 
 int ParentWatch::intervalMs() const
 {
-    return m_descriptor < 0 ? lookAgainMs : -1;
+    return processDescriptor < 0 ? lookAgainMs : -1;
 }

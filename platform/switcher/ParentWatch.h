@@ -13,12 +13,12 @@ public:
     bool isGone() const;
 
     // Becomes readable when the process ends; -1 on kernels that cannot tell.
-    int descriptor() const { return m_descriptor; }
+    int descriptor() const { return processDescriptor; }
 
     // When to look again, in ms; -1 when the descriptor tells.
     int intervalMs() const;
 
 private:
-    pid_t m_process;
-    int m_descriptor;
+    pid_t processId;
+    int processDescriptor;
 };

@@ -6,19 +6,19 @@
 // cannot be changed by another tool in between. Short work only; do not nest.
 class ServerGrab {
 public:
-    explicit ServerGrab(Display* display)
-        : m_display(display)
+    explicit ServerGrab(Display* xDisplay)
+        : display(xDisplay)
     {
-        XGrabServer(m_display);
+        XGrabServer(display);
     }
     ~ServerGrab()
     {
-        XUngrabServer(m_display);
-        XSync(m_display, x11::xFalse);
+        XUngrabServer(display);
+        XSync(display, x11::xFalse);
     }
     ServerGrab(const ServerGrab&) = delete;
     ServerGrab& operator=(const ServerGrab&) = delete;
 
 private:
-    Display* m_display;
+    Display* display;
 };

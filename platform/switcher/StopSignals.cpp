@@ -16,18 +16,18 @@ StopSignals::StopSignals()
         std::signal(number, SIG_DFL);
     }
     sigprocmask(SIG_BLOCK, &signals, nullptr);
-    m_descriptor = signalfd(-1, &signals, SFD_CLOEXEC);
-    if (m_descriptor < 0)
+    signalDescriptor = signalfd(-1, &signals, SFD_CLOEXEC);
+    if (signalDescriptor < 0)
         throw std::runtime_error("no descriptor for signals");
 }
 
 StopSignals::~StopSignals()
 {
-    close(m_descriptor);
+    close(signalDescriptor);
 }
 
 bool StopSignals::haveCome() const
 {
-    pollfd signals{m_descriptor, POLLIN, 0};
+    pollfd signals{signalDescriptor, POLLIN, 0};
     return poll(&signals, 1, 0) == 1;
 }

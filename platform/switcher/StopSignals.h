@@ -11,9 +11,9 @@ public:
     StopSignals& operator=(const StopSignals&) = delete;
 
     // Becomes readable when one has come.
-    int descriptor() const { return m_descriptor; }
+    int descriptor() const { return signalDescriptor; }
     bool haveCome() const;
 
 private:
-    int m_descriptor;
+    int signalDescriptor;
 };

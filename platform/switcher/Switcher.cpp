@@ -47,80 +47,80 @@ int sooner(int oneMs, int otherMs)
 } // namespace
 
 Switcher::Switcher(const Arguments& arguments)
-    : m_parent(arguments.parent)
-    , m_display(openDisplay(arguments.display))
-    , m_isStatic(arguments.isStatic)
-    , m_focus(m_display.get(), arguments.window)
-    , m_windowTurn(m_display.get(), windowTurnName(arguments.window))
-    , m_keyboardTurn(m_display.get(), "_ORVIX_KBD_SWITCHER_KEYBOARD")
-    , m_loan(m_display.get(), arguments.components)
+    : parent(arguments.parent)
+    , display(openDisplay(arguments.display))
+    , isStatic(arguments.isStatic)
+    , focus(display.get(), arguments.window)
+    , windowTurn(display.get(), windowTurnName(arguments.window))
+    , keyboardTurn(display.get(), "_ORVIX_KBD_SWITCHER_KEYBOARD")
+    , loan(display.get(), arguments.components)
 {
 }
 
 void Switcher::run()
 {
-    m_windowTurn.want();
+    windowTurn.want();
     while (!mustEnd()) {
         handleEvents();
         followWish();
         waitForNews();
     }
-    m_loan.end();
+    loan.end();
 }
 
 void Switcher::handleEvents()
 {
-    while (XPending(m_display.get()) > 0) {
+    while (XPending(display.get()) > 0) {
         XEvent event;
-        XNextEvent(m_display.get(), &event);
-        m_loan.handle(event);
-        m_focus.handle(event);
-        m_windowTurn.handle(event);
-        m_keyboardTurn.handle(event);
+        XNextEvent(display.get(), &event);
+        loan.handle(event);
+        focus.handle(event);
+        windowTurn.handle(event);
+        keyboardTurn.handle(event);
     }
-    m_windowTurn.checkDeadline();
-    m_keyboardTurn.checkDeadline();
+    windowTurn.checkDeadline();
+    keyboardTurn.checkDeadline();
 }
 
 // A static switcher does not look at the window: it lives as long as the parent.
 bool Switcher::mustEnd() const
 {
-    const bool isReplaced = m_windowTurn.isTaken() && !m_windowTurn.isWaiting();
-    return isReplaced || m_stopSignals.haveCome() || m_parent.isGone()
-        || (!m_isStatic && m_focus.isWindowGone());
+    const bool isReplaced = windowTurn.isTaken() && !windowTurn.isWaiting();
+    return isReplaced || stopSignals.haveCome() || parent.isGone()
+        || (!isStatic && focus.isWindowGone());
 }
 
 bool Switcher::wantsKeyboard() const
 {
-    return m_windowTurn.isMine() && (m_isStatic || m_focus.isInside());
+    return windowTurn.isMine() && (isStatic || focus.isInside());
 }
 
 void Switcher::followWish()
 {
     if (!wantsKeyboard()) {
-        m_loan.end();
-        m_keyboardTurn.drop();
+        loan.end();
+        keyboardTurn.drop();
         return;
     }
-    if (m_keyboardTurn.isTaken()) {
-        m_loan.end();
-        m_keyboardTurn.yield();
+    if (keyboardTurn.isTaken()) {
+        loan.end();
+        keyboardTurn.yield();
     }
-    m_keyboardTurn.want();
-    if (m_keyboardTurn.isMine())
-        m_loan.begin();
+    keyboardTurn.want();
+    if (keyboardTurn.isMine())
+        loan.begin();
 }
 
 void Switcher::waitForNews() const
 {
     // Events may have come in with replies; those the connection's descriptor does not tell of.
-    if (mustEnd() || XPending(m_display.get()) > 0)
+    if (mustEnd() || XPending(display.get()) > 0)
         return;
     std::array<pollfd, 3> sources{{
-        {ConnectionNumber(m_display.get()), POLLIN, 0},
-        {m_stopSignals.descriptor(), POLLIN, 0},
-        {m_parent.descriptor(), POLLIN, 0},
+        {ConnectionNumber(display.get()), POLLIN, 0},
+        {stopSignals.descriptor(), POLLIN, 0},
+        {parent.descriptor(), POLLIN, 0},
     }};
-    const int turnMs = sooner(m_windowTurn.remainingMs(), m_keyboardTurn.remainingMs());
-    poll(sources.data(), sources.size(), sooner(m_parent.intervalMs(), turnMs));
+    const int turnMs = sooner(windowTurn.remainingMs(), keyboardTurn.remainingMs());
+    poll(sources.data(), sources.size(), sooner(parent.intervalMs(), turnMs));
 }

@@ -27,7 +27,7 @@ public:
 
 private:
     struct CloseDisplay {
-        void operator()(Display* display) const { XCloseDisplay(display); }
+        void operator()(Display* connection) const { XCloseDisplay(connection); }
     };
 
     void handleEvents();
@@ -36,12 +36,12 @@ private:
     void followWish();
     void waitForNews() const;
 
-    StopSignals m_stopSignals;
-    ParentWatch m_parent;
-    std::unique_ptr<Display, CloseDisplay> m_display;
-    bool m_isStatic;
-    FocusWatch m_focus;
-    Turn m_windowTurn;
-    Turn m_keyboardTurn;
-    KeyboardLoan m_loan;
+    StopSignals stopSignals;
+    ParentWatch parent;
+    std::unique_ptr<Display, CloseDisplay> display;
+    bool isStatic;
+    FocusWatch focus;
+    Turn windowTurn;
+    Turn keyboardTurn;
+    KeyboardLoan loan;
 };

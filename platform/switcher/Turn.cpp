@@ -10,9 +10,9 @@ constexpr std::chrono::milliseconds patience(5000);
 
 } // namespace
 
-Turn::Turn(Display* display, const std::string& name)
-    : m_display(display)
-    , m_selection(XInternAtom(display, name.c_str(), x11::xFalse))
+Turn::Turn(Display* xDisplay, const std::string& name)
+    : display(xDisplay)
+    , selection(XInternAtom(display, name.c_str(), x11::xFalse))
 {
 }
 
@@ -23,52 +23,52 @@ Turn::~Turn()
 
 void Turn::want()
 {
-    m_isDropped = false;
-    if (m_window == x11::none && !m_isTaken)
+    dropped = false;
+    if (window == x11::none && !taken)
         take();
 }
 
 // While a former holder is at work the window stays, so that the next one waits for it too.
 void Turn::drop()
 {
-    m_isDropped = true;
-    m_isTaken = false;
-    m_taker = x11::none;
+    dropped = true;
+    taken = false;
+    taker = x11::none;
     if (!isWaiting())
         destroyWindow();
 }
 
 bool Turn::isMine() const
 {
-    return m_window != x11::none && !isWaiting() && !m_isTaken && !m_isDropped;
+    return window != x11::none && !isWaiting() && !taken && !dropped;
 }
 
 void Turn::yield()
 {
-    if (isWaiting() || m_window == x11::none)
+    if (isWaiting() || window == x11::none)
         return;
     destroyWindow();
-    if (m_taker == x11::none)
-        m_isTaken = false;
+    if (taker == x11::none)
+        taken = false;
 }
 
 void Turn::handle(const XEvent& event)
 {
-    if (event.type == SelectionClear && event.xselectionclear.selection == m_selection
-        && event.xselectionclear.window == m_window && m_window != x11::none) {
-        m_isTaken = true;
-        m_taker = watchedOwner();
+    if (event.type == SelectionClear && event.xselectionclear.selection == selection
+        && event.xselectionclear.window == window && window != x11::none) {
+        taken = true;
+        taker = watchedOwner();
     }
     if (event.type != DestroyNotify)
         return;
     const Window gone = event.xdestroywindow.window;
-    if (gone == m_former)
-        m_former = x11::none;
-    if (gone == m_taker)
-        m_taker = x11::none;
-    if (m_taker == x11::none && m_window == x11::none)
-        m_isTaken = false;
-    if (m_isDropped && !isWaiting())
+    if (gone == former)
+        former = x11::none;
+    if (gone == taker)
+        taker = x11::none;
+    if (taker == x11::none && window == x11::none)
+        taken = false;
+    if (dropped && !isWaiting())
         destroyWindow();
 }
 
@@ -76,8 +76,8 @@ void Turn::checkDeadline()
 {
     if (!isWaiting() || remainingMs() > 0)
         return;
-    m_former = x11::none;
-    if (m_isDropped)
+    former = x11::none;
+    if (dropped)
         destroyWindow();
 }
 
@@ -85,7 +85,7 @@ int Turn::remainingMs() const
 {
     if (!isWaiting())
         return -1;
-    const auto rest = m_deadline - std::chrono::steady_clock::now();
+    const auto rest = deadline - std::chrono::steady_clock::now();
     const auto whole = std::chrono::ceil<std::chrono::milliseconds>(rest).count();
     return static_cast<int>(std::max<decltype(whole)>(whole, 0));
 }
@@ -93,29 +93,29 @@ int Turn::remainingMs() const
 void Turn::take()
 {
     // So that of two who ask at once, the second sees the first.
-    const ServerGrab grab(m_display);
-    m_window = XCreateSimpleWindow(m_display, XDefaultRootWindow(m_display), -1, -1, 1, 1, 0, 0, 0);
-    m_former = watchedOwner();
-    m_deadline = std::chrono::steady_clock::now() + patience;
-    XSetSelectionOwner(m_display, m_selection, m_window, CurrentTime);
+    const ServerGrab grab(display);
+    window = XCreateSimpleWindow(display, XDefaultRootWindow(display), -1, -1, 1, 1, 0, 0, 0);
+    former = watchedOwner();
+    deadline = std::chrono::steady_clock::now() + patience;
+    XSetSelectionOwner(display, selection, window, CurrentTime);
 }
 
 void Turn::destroyWindow()
 {
-    if (m_window == x11::none)
+    if (window == x11::none)
         return;
-    XDestroyWindow(m_display, m_window);
-    XSync(m_display, x11::xFalse);
-    m_window = x11::none;
+    XDestroyWindow(display, window);
+    XSync(display, x11::xFalse);
+    window = x11::none;
 }
 
 // The window that holds the turn, with its end announced to us; none when there is no such window.
 Window Turn::watchedOwner()
 {
-    const Window owner = XGetSelectionOwner(m_display, m_selection);
+    const Window owner = XGetSelectionOwner(display, selection);
     if (owner == x11::none)
         return x11::none;
-    XSelectInput(m_display, owner, StructureNotifyMask);
+    XSelectInput(display, owner, StructureNotifyMask);
     XWindowAttributes attributes;
-    return XGetWindowAttributes(m_display, owner, &attributes) ? owner : x11::none;
+    return XGetWindowAttributes(display, owner, &attributes) ? owner : x11::none;
 }

@@ -10,7 +10,7 @@
 // and then destroys its window; until that, or for five seconds at most, the new one waits.
 class Turn {
 public:
-    Turn(Display* display, const std::string& name);
+    Turn(Display* xDisplay, const std::string& name);
 
     // Lets go at once.
     ~Turn();
@@ -27,11 +27,11 @@ public:
     bool isMine() const;
 
     // Another wants the turn: undo what was done under it, then call yield() and carry on.
-    bool isTaken() const { return m_isTaken; }
+    bool isTaken() const { return taken; }
     void yield();
 
     // Whether a former holder is still at work.
-    bool isWaiting() const { return m_former != x11::none; }
+    bool isWaiting() const { return former != x11::none; }
 
     // To be given every event of the connection, and to be called when remainingMs() are over.
     void handle(const XEvent& event);
@@ -45,13 +45,13 @@ private:
     void destroyWindow();
     Window watchedOwner();
 
-    Display* m_display;
-    Atom m_selection;
+    Display* display;
+    Atom selection;
     // Ours while we hold the turn or wait for it.
-    Window m_window = x11::none;
-    Window m_former = x11::none;
-    Window m_taker = x11::none;
-    bool m_isTaken = false;
-    bool m_isDropped = false;
-    std::chrono::steady_clock::time_point m_deadline;
+    Window window = x11::none;
+    Window former = x11::none;
+    Window taker = x11::none;
+    bool taken = false;
+    bool dropped = false;
+    std::chrono::steady_clock::time_point deadline;
 };

@@ -17,7 +17,7 @@ private:
     {
         const int sections = geometry ? geometry->num_sections : 0;
         for (int i = 0; i < sections; ++i) {
-            XkbSectionPtr const section = &geometry->sections[i];
+            XkbSectionRec* const section = &geometry->sections[i];
             XkbFreeGeomOverlays(section, 0, section->num_overlays, x11::xTrue);
         }
     }

@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
@@ -15,16 +16,31 @@ namespace {
 QList<QString>& heldMessages()
 {
     // The toolkit has its say until the very end of the process: this is never destroyed.
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): no object to keep it in
     static auto* const held = new QList<QString>;
     return *held;
 }
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 bool holding = true;
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
+const char* displayOption = nullptr; // of the command line
+
+// The server that the toolkit was to connect to.
+const char* displayAskedFor()
+{
+    const char* fromEnvironment = std::getenv("DISPLAY");
+    return displayOption ? displayOption : fromEnvironment ? fromEnvironment : "";
+}
+
+// Whether there is such a server, and such a screen of it.
 bool serverAnswers()
 {
-    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-    const bool answers = xcb_connection_has_error(connection) == 0;
+    int screen = 0;
+    xcb_connection_t* connection = xcb_connect(displayAskedFor(), &screen);
+    const bool answers = xcb_connection_has_error(connection) == 0
+        && screen < xcb_setup_roots_length(xcb_get_setup(connection));
     xcb_disconnect(connection);
     return answers;
 }
@@ -34,9 +50,8 @@ bool serverAnswers()
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
     const bool starting = QGuiApplication::platformName().isEmpty();
     if (starting && platform.startsWith(QLatin1StringView("xcb")) && !serverAnswers()) {
-        const char* display = std::getenv("DISPLAY");
-        std::fprintf(stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n",
-            display ? display : "");
+        std::fprintf(
+            stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n", displayAskedFor());
     } else {
         std::fprintf(
             stderr, "orvix-kbd-display: %s\n", message.simplified().toLocal8Bit().constData());
@@ -58,8 +73,12 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 
 } // namespace
 
-void endOnFatalMessages()
+void endOnFatalMessages(int argc, char** argv)
 {
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (std::strcmp(argv[i], "-display") == 0 || std::strcmp(argv[i], "--display") == 0)
+            displayOption = argv[i + 1];
+    }
     qInstallMessageHandler(handleMessage);
 }
 

@@ -34,8 +34,8 @@ constexpr char translationDirectory[] = "/usr/share/orvix-i18n/";
 constexpr char translationPrefix[] = "orvix-keyboard-layout_";
 
 struct FailureRow {
-    KbdApp::ExceptionType exception;
-    const char* message; // null: none
+    KbdApp::ExceptionType exception = KbdApp::UnknownError;
+    const char* message = nullptr; // null: none
     const char* advice = nullptr; // what the user can do, on a line of its own
 };
 
@@ -103,6 +103,20 @@ KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
 }
 
 } // namespace
+
+// Where the settings come from.
+struct KbdApp::SettingRow {
+    char* KbdApp::*setting;
+    const char* registryPath;
+    const char* option; // without its dashes
+};
+
+constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settings{{
+    {&KbdApp::xkbModel, "root/keyboard/XkbModel", "model"},
+    {&KbdApp::xkbLayout, "root/keyboard/XkbLayout", "layout"},
+    {&KbdApp::xkbVariant, "root/keyboard/XkbVariant", "variant"},
+    {&KbdApp::xkbOptions, "root/keyboard/XkbOptions", "options"},
+}};
 
 KbdApp::KbdApp(ArgumentCount arguments, char** argv, bool flag)
     : ArgumentCount(arguments)
@@ -200,19 +214,8 @@ void KbdApp::loadTranslator(const QString& locale)
 
 void KbdApp::readRegistry()
 {
-    struct RegistryRow {
-        char* KbdApp::*setting;
-        const char* key;
-    };
-    constexpr std::array<RegistryRow, 4> rows{{
-        {&KbdApp::xkbModel, "/keyboard/XkbModel"},
-        {&KbdApp::xkbLayout, "/keyboard/XkbLayout"},
-        {&KbdApp::xkbVariant, "/keyboard/XkbVariant"},
-        {&KbdApp::xkbOptions, "/keyboard/XkbOptions"},
-    }};
-    for (const RegistryRow& row : rows) {
-        const QString value =
-            readRegistryValue(QStringLiteral("root") + QLatin1StringView(row.key));
+    for (const SettingRow& row : settings) {
+        const QString value = readRegistryValue(QString::fromLatin1(row.registryPath));
         if (!value.isEmpty())
             assign(this->*row.setting, value.toUtf8().constData());
     }
@@ -233,19 +236,9 @@ void KbdApp::parseArguments(int argc, char** argv)
 // argument of its own.
 bool KbdApp::takeValue(int argc, char** argv, int& index)
 {
-    struct OptionRow {
-        char* KbdApp::*setting;
-        const char* name;
-    };
-    constexpr std::array<OptionRow, 4> rows{{
-        {&KbdApp::xkbModel, "model"},
-        {&KbdApp::xkbLayout, "layout"},
-        {&KbdApp::xkbVariant, "variant"},
-        {&KbdApp::xkbOptions, "options"},
-    }};
     const char* argument = argv[index];
-    for (const OptionRow& row : rows) {
-        const std::string single = std::string("-") + row.name;
+    for (const SettingRow& row : settings) {
+        const std::string single = std::string("-") + row.option;
         const std::string joined = "-" + single + "=";
         if (argument == single || argument == "-" + single) {
             if (index + 1 == argc)

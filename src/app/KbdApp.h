@@ -3,6 +3,7 @@
 #include "platform/BrindleApplication.h"
 #include "x11/X11.h"
 
+#include <array>
 #include <memory>
 
 class KbdSwitcher;
@@ -39,6 +40,7 @@ public:
     // application. Throws ExceptionType.
     KbdApp(int argc, char** argv, bool flag = false);
     ~KbdApp() override;
+    Q_DISABLE_COPY(KbdApp)
 
     // Prints the exception's message, if it has one. False for a value that is none of
     // ExceptionType's.
@@ -48,9 +50,14 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 signals:
+    // A key of the keyboard went down or up; the event is borrowed and valid during the call only.
     void x11KeyPressEventOut(XKeyEvent* event);
     void x11KeyReleaseEventOut(XKeyEvent* event);
+
+    // The server has another keyboard now. Only told while the window has the focus.
     void x11NewKbdEventOut();
+
+    // The locks or the group of the server's keyboard may have changed.
     void x11LockStateChangedOut();
 
 private slots:
@@ -61,6 +68,9 @@ private slots:
     bool x11EventFilter(XEvent* event);
 
 private:
+    struct SettingRow;
+    static const std::array<SettingRow, 4> settings;
+
     // Only makes the bases: the public one delegates to it, so that what it has acquired is
     // released when it throws.
     KbdApp(ArgumentCount arguments, char** argv, bool flag);
@@ -81,16 +91,18 @@ private:
     void connectMainWindow();
     void launchSwitcher();
 
+    // The settings, made by strdup, in UTF-8; null where there is none.
     char* xkbModel = nullptr;
     char* xkbLayout = nullptr;
     char* xkbVariant = nullptr;
     char* xkbOptions = nullptr;
+
     bool standalone = false;
     bool toFocus = false;
-    XkbComponentNamesRec* componentNames = nullptr;
-    MainWindow* mainWindow = nullptr;
-    int xkbEventBase = 0;
-    KbdSwitcher* switcher = nullptr;
+    XkbComponentNamesRec* componentNames = nullptr; // owned, and its strings with it
+    MainWindow* mainWindow = nullptr; // owned
+    int xkbEventBase = 0; // the keyboard extension's event code
+    KbdSwitcher* switcher = nullptr; // lives until the process ends
     std::unique_ptr<XcbEventBridge> eventBridge;
     std::unique_ptr<PhysicalKeys> physicalKeys; // only with toFocus
 };

@@ -1,5 +1,7 @@
 #include "app/KbdSwitcher.h"
 
+#include "app/description/ToolRun.h"
+
 #include <QCoreApplication>
 #include <QProcess>
 
@@ -8,12 +10,6 @@
 namespace {
 
 constexpr char switcherProgram[] = "/usr/bin/orvix-kbd-switcher";
-
-void appendOption(QStringList& arguments, const char* option, const QString& value)
-{
-    if (!value.isEmpty())
-        arguments << QString::fromLatin1(option) << value;
-}
 
 } // namespace
 

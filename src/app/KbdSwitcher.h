@@ -8,15 +8,19 @@
 // Starts the platform's keyboard switcher, which makes the keyboard shown the one that types.
 class KbdSwitcher {
 public:
-    // The display is borrowed; window is the program's main window. names may be null and is only
-    // read. isStatic: the keyboard stays in force whatever window has the focus.
+    // The display is borrowed and outlives this object; mainWindow is the program's X window. names
+    // is read during the call only and may be null: then the switcher is told no names until
+    // setComponentNames. isStatic: the keyboard stays in force whatever window has the focus.
+    // Nothing is started yet.
     KbdSwitcher(Display* xDisplay, Window mainWindow, XkbComponentNamesRec* names, bool isStatic);
 
-    // Takes copies of the five names that the switcher is told; a null one is empty.
+    // Takes copies of the five names (UTF-8) that the switcher is told from now on; one that is
+    // null or empty is left out of its command line. The record is not null and stays the caller's.
     void setComponentNames(XkbComponentNamesRec* names);
 
     // Starts one more switcher, detached, and returns its process id; -1 when the program is not
-    // there. Earlier ones are left alone.
+    // there or cannot be started. Earlier ones are left alone: the platform's switcher sees to it
+    // itself that the latest one counts. Does not block.
     int launch();
 
     // The command line that launch uses.
@@ -31,5 +35,5 @@ private:
     QString symbols;
     QString geometry;
     bool staticFlag;
-    int processId = -1;
+    int processId = -1; // of the last one started; -1: none
 };

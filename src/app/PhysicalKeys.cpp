@@ -7,8 +7,7 @@
 
 #include <xcb/xinput.h>
 
-#include <cstdlib>
-#include <memory>
+#include <utility>
 
 namespace {
 
@@ -20,10 +19,6 @@ constexpr uint32_t repeatFlag = XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT;
 struct RawKeySelection {
     xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL_MASTER, 1};
     uint32_t mask = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
-};
-
-struct CFree {
-    void operator()(void* data) const { std::free(data); }
 };
 
 } // namespace
@@ -48,19 +43,23 @@ bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
     const auto* generic = static_cast<const xcb_ge_generic_event_t*>(message);
     if (generic->response_type != XCB_GE_GENERIC || generic->extension != opcode)
         return false;
-    if (generic->event_type != XCB_INPUT_RAW_KEY_PRESS
-        && generic->event_type != XCB_INPUT_RAW_KEY_RELEASE)
-        return false;
-
-    const auto* key = static_cast<const xcb_input_raw_key_press_event_t*>(message);
-    // A dialog of ours that has the focus gets the ordinary event as well.
-    if ((key->flags & repeatFlag) || QApplication::focusWidget() || isXTestDevice(key->sourceid))
-        return false;
-    XEvent event =
-        keyEvent(generic->event_type == XCB_INPUT_RAW_KEY_PRESS ? x11::keyPress : x11::keyRelease,
-            key->detail, key->time);
-    receiver(&event);
+    // A new device may have the id of one that has gone.
+    if (generic->event_type == XCB_INPUT_HIERARCHY)
+        xTestDevices.clear();
+    else if (generic->event_type == XCB_INPUT_RAW_KEY_PRESS)
+        tellOfKey(x11::keyPress, *static_cast<const xcb_input_raw_key_press_event_t*>(message));
+    else if (generic->event_type == XCB_INPUT_RAW_KEY_RELEASE)
+        tellOfKey(x11::keyRelease, *static_cast<const xcb_input_raw_key_press_event_t*>(message));
     return false;
+}
+
+void PhysicalKeys::tellOfKey(int type, const xcb_input_raw_key_press_event_t& key)
+{
+    // A dialog of ours that has the focus gets the ordinary event as well.
+    if ((key.flags & repeatFlag) || QApplication::focusWidget() || isXTestDevice(key.sourceid))
+        return;
+    XEvent event = keyEvent(type, key.detail, key.time);
+    receiver(&event);
 }
 
 bool PhysicalKeys::isXTestDevice(int device)
@@ -71,7 +70,7 @@ bool PhysicalKeys::isXTestDevice(int device)
 
     xcb_connection_t* connection = toolkitConnection();
     const auto property = static_cast<xcb_atom_t>(XInternAtom(display, xTestProperty, x11::xTrue));
-    const std::unique_ptr<xcb_input_xi_get_property_reply_t, CFree> reply(
+    const x11::Reply<xcb_input_xi_get_property_reply_t> reply(
         xcb_input_xi_get_property_reply(connection,
             xcb_input_xi_get_property(connection, static_cast<xcb_input_device_id_t>(device), 0,
                 property, XCB_GET_PROPERTY_TYPE_ANY, 0, 1),

@@ -8,8 +8,11 @@ class SignalWatch : public QObject {
     Q_OBJECT
 
 public:
+    // Without a pipe to be had the signals end the process, as they do by themselves. One of a
+    // process only.
     explicit SignalWatch(QObject* parent);
 
 signals:
+    // Once, from the event loop.
     void askedToEnd();
 };

@@ -18,9 +18,10 @@ void preferX11()
 int main(int argc, char** argv)
 {
     preferX11();
-    endOnFatalMessages();
+    endOnFatalMessages(argc, argv);
     try {
-        new KbdApp(argc, argv); // lives until the process ends
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): lives until the process ends
+        new KbdApp(argc, argv);
     } catch (KbdApp::ExceptionType exception) {
         if (KbdApp::report(exception))
             std::exit(EXIT_FAILURE);

@@ -125,6 +125,8 @@ void KbdDoodad::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
     const QBrush brush = painter->brush();
     const QPen pen = painter->pen();
     const QFont font = painter->font();
+    const Qt::LayoutDirection direction = painter->layoutDirection();
+    painter->setLayoutDirection(Qt::LeftToRight); // it stands where the keyboard has it
 
     switch (doodad.any.type) {
     case XkbOutlineDoodad:
@@ -147,6 +149,7 @@ void KbdDoodad::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
     painter->setBrush(brush);
     painter->setPen(pen);
     painter->setFont(font);
+    painter->setLayoutDirection(direction);
 }
 
 // Outlines are filled like solid areas: an unfilled case would let the background through.
@@ -177,8 +180,11 @@ void KbdDoodad::paintText(QPainter* painter) const
     painter->setFont(font);
     if (colours.has(doodad.text.color_ndx))
         painter->setPen(colours.at(doodad.text.color_ndx));
-    painter->drawText(QRectF(0, 0, doodad.text.width - 1, doodad.text.height - 1),
-        Qt::AlignLeft | Qt::AlignBottom, text);
+    const QRectF room(0, 0, doodad.text.width - 1, doodad.text.height - 1);
+    constexpr int alignment = Qt::AlignLeft | Qt::AlignBottom;
+    // A font as high as the room has letters that reach a little above it.
+    const bool isCut = painter->boundingRect(room, alignment, text).width() > room.width();
+    painter->drawText(room, isCut ? alignment : alignment | Qt::TextDontClip, text);
 }
 
 void KbdDoodad::paintIndicator(QPainter* painter) const
@@ -189,8 +195,8 @@ void KbdDoodad::paintIndicator(QPainter* painter) const
     paintShape(painter);
 }
 
-// The flag is scaled to the pixels that it covers on the device, from the full image, so that it
-// is sharp on screen and on paper.
+// On the screen the flag is scaled to the pixels that it covers there, from the full image. Paper
+// has more of them than the printer says.
 void KbdDoodad::paintLogo(QPainter* painter)
 {
     if (flagPixmap.isNull())
@@ -201,6 +207,10 @@ void KbdDoodad::paintLogo(QPainter* painter)
         (onScreen.isEmpty() ? flagPixmap.size() : onScreen)
             .scaled(truncated(shapeData.width, shapeData.height), Qt::KeepAspectRatio);
     const QRectF target(QPointF(0, 0), size);
+    if (white) {
+        painter->drawPixmap(target, flagPixmap, flagPixmap.rect());
+        return;
+    }
     const QSize pixels = painter->deviceTransform().mapRect(target).size().toSize();
     if (scaledFlag.size() != pixels)
         scaledFlag = flagPixmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

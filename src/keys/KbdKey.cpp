@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -55,12 +56,12 @@ bool sameKeyName(const char* name, const QByteArray& wanted)
 
 } // namespace
 
-KbdKey::KbdKey(const KeyContext& keyContext, const QByteArray& keyName, const KeyShape& shapeOfKey,
-    QObject* parent)
+KbdKey::KbdKey(
+    KeyContext keyContext, const QByteArray& keyName, KeyShape shapeOfKey, QObject* parent)
     : QObject(parent)
-    , context(keyContext)
+    , context(std::move(keyContext))
     , xkbName(QString::fromLatin1(keyName))
-    , keyShape(shapeOfKey)
+    , keyShape(std::move(shapeOfKey))
 {
     setFlag(QGraphicsItem::ItemIsFocusable, false);
     readKeycode();
@@ -96,36 +97,43 @@ void KbdKey::readSymbols()
 {
     KeyDetails details(xkbName, keycode);
     if (keycode != 0) {
-        const XkbClientMapRec& map = *context.xkb->map;
-        const XkbSymMapRec& symbols = map.key_sym_map[keycode];
-        levelsPerGroup = symbols.width;
-        const int slotCount = groupCount() * levelsPerGroup;
-        keysyms.fill(x11::none, slotCount);
-        deadKey.fill(false, slotCount);
-        symbolNames.resize(slotCount);
-        symbolLabels.resize(slotCount);
-        for (int g = 0; g < groupCount(); ++g)
-            keyTypes << &map.types[symbols.kt_index[g]];
-
-        for (int layout = 0; layout < context.layoutNames.size(); ++layout) {
-            const std::optional<int> wrappedGroup = wrapped(layout);
-            if (!wrappedGroup)
-                continue;
-            const XkbKeyTypeRec& keyType = typeOf(*wrappedGroup);
-            for (int level = 0; level < keyType.num_levels; ++level) {
-                const int slot = slotOf(*wrappedGroup, level);
-                if (slot < 0)
-                    continue;
-                readSymbol(layout, *wrappedGroup, level);
-                const Atom levelName =
-                    keyType.level_names ? keyType.level_names[level] : Atom(x11::none);
-                details.addSymbol({layout, context.display->atomName(levelName), keysyms.at(slot),
-                    symbolNames.at(slot), symbolLabels.at(slot)});
-            }
-        }
+        makeSlots();
+        for (int layout = 0; layout < context.layoutNames.size(); ++layout)
+            readLayout(layout, details);
     }
     details.addModifier(modifierType, modifierMask);
     setToolTip(details.text());
+}
+
+void KbdKey::makeSlots()
+{
+    const XkbClientMapRec& map = *context.xkb->map;
+    const XkbSymMapRec& symbols = map.key_sym_map[keycode];
+    levelsPerGroup = symbols.width;
+    const int slotCount = groupCount() * levelsPerGroup;
+    keysyms.fill(x11::none, slotCount);
+    deadKey.fill(false, slotCount);
+    symbolNames.resize(slotCount);
+    symbolLabels.resize(slotCount);
+    for (int g = 0; g < groupCount(); ++g)
+        keyTypes << &map.types[symbols.kt_index[g]];
+}
+
+void KbdKey::readLayout(int layout, KeyDetails& details)
+{
+    const std::optional<int> wrappedGroup = wrapped(layout);
+    if (!wrappedGroup)
+        return;
+    const XkbKeyTypeRec& keyType = typeOf(*wrappedGroup);
+    for (int level = 0; level < keyType.num_levels; ++level) {
+        const int slot = slotOf(*wrappedGroup, level);
+        if (slot < 0)
+            continue;
+        readSymbol(layout, *wrappedGroup, level);
+        const Atom levelName = keyType.level_names ? keyType.level_names[level] : Atom(x11::none);
+        details.addSymbol({layout, context.display->atomName(levelName), keysyms.at(slot),
+            symbolNames.at(slot), symbolLabels.at(slot)});
+    }
 }
 
 void KbdKey::readSymbol(int layout, int wrappedGroup, int level)
@@ -235,20 +243,12 @@ QPainterPath KbdKey::shape() const
     return path;
 }
 
-void KbdKey::reportPress(ShiftMask_t modifiers)
+void KbdKey::reportStroke(Stroke stroke, ShiftMask_t modifiers)
 {
     const int slot = activeSlot(*shownGroup(), modifiers);
     QString symbol = symbolLabels.value(slot);
     QString desc = symbolNames.value(slot);
-    emit virtualKeyPress(symbol, desc);
-}
-
-void KbdKey::reportRelease(ShiftMask_t modifiers)
-{
-    const int slot = activeSlot(*shownGroup(), modifiers);
-    QString symbol = symbolLabels.value(slot);
-    QString desc = symbolNames.value(slot);
-    emit virtualKeyRelease(symbol, desc);
+    emit(this->*stroke)(symbol, desc);
 }
 
 void KbdKey::mousePressEvent(QGraphicsSceneMouseEvent* event)
@@ -261,7 +261,7 @@ void KbdKey::pressByUser()
 {
     if (!shownGroup())
         return;
-    reportPress(currentModifiers);
+    reportStroke(&KbdKey::virtualKeyPress, currentModifiers);
     if (!isModifier())
         emit mouseKeyPressOut(keycode);
     else if (isMomentary())
@@ -289,7 +289,7 @@ void KbdKey::releaseByUser()
 {
     if (!shownGroup())
         return;
-    reportRelease(currentModifiers);
+    reportStroke(&KbdKey::virtualKeyRelease, currentModifiers);
     if (!isModifier())
         emit mouseKeyReleaseOut(keycode);
     else if (isMomentary())
@@ -310,7 +310,7 @@ void KbdKey::keyPressEventIn(ShiftMask_t modifiers)
     if (isModifier())
         emit modifierPressed(keycode, modifierType, modifierMask);
     update(boundingRect());
-    reportPress(modifiers);
+    reportStroke(&KbdKey::virtualKeyPress, modifiers);
 }
 
 void KbdKey::keyReleaseEventIn(ShiftMask_t modifiers)
@@ -321,7 +321,7 @@ void KbdKey::keyReleaseEventIn(ShiftMask_t modifiers)
         emit modifierReleased(keycode, modifierType, modifierMask);
     setPressed(false);
     update(boundingRect());
-    reportRelease(modifiers);
+    reportStroke(&KbdKey::virtualKeyRelease, modifiers);
 }
 
 void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
@@ -333,6 +333,9 @@ void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
     const QBrush brush = painter->brush();
     const QPen pen = painter->pen();
     const QFont font = painter->font();
+    const Qt::LayoutDirection direction = painter->layoutDirection();
+    // The keyboard is the same in every language: written from right to left, brackets would turn.
+    painter->setLayoutDirection(Qt::LeftToRight);
 
     const int slot = activeSlot(*shown, currentModifiers);
     KeyCapPainter cap(painter, keyShape, colourScheme);
@@ -343,6 +346,7 @@ void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
     painter->setBrush(brush);
     painter->setPen(pen);
     painter->setFont(font);
+    painter->setLayoutDirection(direction);
 }
 
 CapLook KbdKey::look(int slot) const

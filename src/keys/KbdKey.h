@@ -11,16 +11,17 @@
 #include <QStringList>
 
 class KbdLabelTable;
+class KeyDetails;
 class XDisplayClass;
 
 // What all keys of a picture share. Everything is borrowed and outlives the keys.
 struct KeyContext {
-    XDisplayClass* display;
-    XkbDescPtr xkb;
-    const KbdLabelTable* labels;
+    XDisplayClass* display = nullptr;
+    XkbDescPtr xkb = nullptr;
+    const KbdLabelTable* labels = nullptr;
     QStringList layoutNames; // one for each group, empty names for unknown ones
     QStringList variantNames; // parallel to layoutNames, may be shorter
-    ShiftMask_t momentaryMask; // modifiers whose keys report both going down and going up
+    ShiftMask_t momentaryMask = 0; // modifiers whose keys report both going down and going up
 };
 
 // One key of the picture: draws its cap, turns clicks into key and modifier requests, and shows
@@ -32,14 +33,15 @@ class KbdKey : public QObject, public QGraphicsItem {
 public:
     // keyName is the key's XKB name, four characters at the most. A name that the keymap does not
     // have makes a key without key code, which draws nothing and reports nothing.
-    KbdKey(const KeyContext& keyContext, const QByteArray& keyName, const KeyShape& keyShape,
-        QObject* parent);
+    KbdKey(KeyContext keyContext, const QByteArray& keyName, KeyShape shapeOfKey, QObject* parent);
 
+    // 0 for a key that the keymap does not have; then there are no groups either.
     KeyCode x11Keycode() const { return keycode; }
-    QString name() const { return xkbName; }
     int groupCount() const;
 
-    // What the key does to the modifiers, and to which.
+    QString name() const { return xkbName; }
+
+    // What the key does to the modifiers, and to which; 0 and none for an ordinary key.
     KeyType_t keyType() const { return modifierType; }
     ShiftMask_t keyModifiers() const { return modifierMask; }
 
@@ -60,16 +62,19 @@ public:
     // Whether a modifier of the key's own is held or locked.
     bool isModifierOn() const { return currentModifiers & modifierMask; }
 
+    // The modifiers under which the key shows its symbol.
     ShiftMask_t shownModifiers() const { return currentModifiers; }
 
     // What the mouse does to the key, for other ways to click it. Each press wants its release.
     void pressByUser();
     void releaseByUser();
 
+    // The key that acts with this modifier key as one: its fellow on the other side; 0: none.
     void setTwinKeycode(KeyCode twin) { twinKeycode = twin; }
+    // Does not repaint.
     void setColourScheme(ColourScheme scheme) { colourScheme = scheme; }
 
-    // These repaint the key.
+    // These repaint the key: what is held or locked, and whether the cap carries all characters.
     void setCurrentModifiers(ShiftMask_t modifiers);
     void setMultipleCharacters(bool multiple);
 
@@ -89,10 +94,16 @@ public slots:
     void keyReleaseEventIn() { keyReleaseEventIn(0); }
 
 signals:
+    // A modifier key went down or up; of a lock key every click tells one, in turn.
     void modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
     void modifierReleased(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
+
+    // Any key went down or up, physically or by a click: the label and the keysym's name of the
+    // symbol that the modifiers select.
     void virtualKeyPress(QString& symbol, QString& desc);
     void virtualKeyRelease(QString& symbol, QString& desc);
+
+    // An ordinary key was clicked: it is to be typed.
     void mouseKeyPressOut(KeyCode x11Keycode);
     void mouseKeyReleaseOut(KeyCode x11Keycode);
 
@@ -104,6 +115,8 @@ private:
     void readKeycode();
     void readAction();
     void readSymbols();
+    void makeSlots();
+    void readLayout(int layout, KeyDetails& details);
     void readSymbol(int layout, int wrappedGroup, int level);
 
     bool isModifier() const { return modifierType != 0; }
@@ -115,8 +128,8 @@ private:
     int activeSlot(int wrappedGroup, ShiftMask_t modifiers) const;
 
     void setPressed(bool down);
-    void reportPress(ShiftMask_t modifiers);
-    void reportRelease(ShiftMask_t modifiers);
+    using Stroke = void (KbdKey::*)(QString& symbol, QString& desc);
+    void reportStroke(Stroke stroke, ShiftMask_t modifiers);
     void toggleModifier();
 
     CapLook look(int slot) const;

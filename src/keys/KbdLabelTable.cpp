@@ -127,7 +127,7 @@ QString textOf(std::u16string_view text)
 
 QString character(quint32 keysym)
 {
-    return QString(QChar(static_cast<char16_t>(keysym & 0xffff)));
+    return {QChar(static_cast<char16_t>(keysym & 0xffff))};
 }
 
 // Simple on purpose: legacy sets above 0xff are taken as if they were Unicode, and characters

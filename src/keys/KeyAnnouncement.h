@@ -1,29 +1,22 @@
 #pragma once
 
-#include "keys/KbdKey.h"
+#include "keys/KbdTypes.h"
+#include "x11/X11.h"
 
 #include <QAccessible>
+#include <QString>
 
 #include <optional>
+
+class KbdKey;
 
 // Tells assistive technology what changes about a key while this object lives. Where there is none,
 // and for a key that is on no picture yet, it looks at nothing.
 class KeyAnnouncement {
 public:
-    // The key is borrowed.
-    explicit KeyAnnouncement(KbdKey* changingKey)
-        : key(changingKey)
-    {
-        if (QAccessible::isActive() && key->scene())
-            before = lookAt(*key);
-    }
-
-    ~KeyAnnouncement()
-    {
-        if (before)
-            tellDifference(*before, lookAt(*key));
-    }
-
+    // The key is borrowed and outlives this object.
+    explicit KeyAnnouncement(KbdKey* changingKey);
+    ~KeyAnnouncement();
     KeyAnnouncement(const KeyAnnouncement&) = delete;
     KeyAnnouncement& operator=(const KeyAnnouncement&) = delete;
 
@@ -42,39 +35,10 @@ private:
         bool modifierOn;
     };
 
-    static Symbol symbolOf(const KbdKey& key, ShiftMask_t modifiers)
-    {
-        return {key.keysymWith(modifiers), key.labelWith(modifiers)};
-    }
-
-    static Look lookAt(const KbdKey& key)
-    {
-        const ShiftMask_t now = key.shownModifiers();
-        return {symbolOf(key, now), symbolOf(key, now | x11::shiftMask), key.isPressed(),
-            key.isModifierOn()};
-    }
-
-    void tellDifference(const Look& was, const Look& is) const
-    {
-        if (was.symbol != is.symbol)
-            tell(QAccessible::NameChanged);
-        if (was.symbol != is.symbol || was.withShift != is.withShift)
-            tell(QAccessible::DescriptionChanged);
-
-        QAccessible::State changed;
-        changed.pressed = was.pressed != is.pressed;
-        changed.checked = was.modifierOn != is.modifierOn;
-        if (!changed.pressed && !changed.checked)
-            return;
-        QAccessibleStateChangeEvent event(key, changed);
-        QAccessible::updateAccessibility(&event);
-    }
-
-    void tell(QAccessible::Event change) const
-    {
-        QAccessibleEvent event(key, change);
-        QAccessible::updateAccessibility(&event);
-    }
+    static Symbol symbolOf(const KbdKey& key, ShiftMask_t modifiers);
+    static Look lookAt(const KbdKey& key);
+    void tellDifference(const Look& was, const Look& is) const;
+    void tell(QAccessible::Event change) const;
 
     KbdKey* key;
     std::optional<Look> before; // empty where nobody is told

@@ -1,5 +1,8 @@
 #include "keys/KeyCapPainter.h"
 
+#include <QFontMetricsF>
+#include <QPainterPath>
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,6 +10,9 @@ namespace {
 
 constexpr double smallestSize = 4; // pixels
 constexpr double fitMargin = 0.05;
+
+// How much higher than a line of the painter's font one can be that needs no other font.
+constexpr double ordinaryLine = 1.1;
 
 struct CapColours {
     KeyColour body;
@@ -118,10 +124,34 @@ double KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
     font.setPixelSize(pixels);
     font.setWeight(QFont::Normal);
     painter->setFont(font);
-    const QSizeF needed = painter->boundingRect(room, alignment(text), text).size();
+    const std::optional<QRectF> sign = signOfOtherFont(text, room);
+    const QSizeF needed =
+        sign ? sign->size() : painter->boundingRect(room, alignment(text), text).size();
     if (needed.width() <= room.width() && needed.height() <= room.height())
         return 1;
     return std::trunc(fittingSize(size, needed, room.size())) / pixels;
+}
+
+// The lines of a font that stands in for a missing character can be several times as high as the
+// character, and a mark has no width at all. Such a sign is measured by its ink: the rectangle,
+// from the point where it is drawn, of the ink and of a line of the painter's own font.
+std::optional<QRectF> KeyCapPainter::signOfOtherFont(const QString& text, const QRectF& room) const
+{
+    if (text.size() != 1)
+        return std::nullopt;
+    const QFontMetricsF metrics(painter->font());
+    const QSizeF line = painter->boundingRect(room, alignment(text), text).size();
+    if (line.width() > 0 && line.height() < ordinaryLine * metrics.height())
+        return std::nullopt;
+    // The toolkit's own rectangles leave out marks and what they stand on.
+    QPainterPath ink;
+    ink.addText(0, 0, painter->font(), text);
+    QRectF sign = ink.boundingRect();
+    if (sign.isEmpty())
+        return std::nullopt;
+    sign.setTop(std::min(sign.top(), -metrics.ascent()));
+    sign.setBottom(std::max(sign.bottom(), metrics.descent()));
+    return sign;
 }
 
 QRectF KeyCapPainter::placeOf(const QString& text, const QRectF& room, double factor) const
@@ -135,14 +165,16 @@ QRectF KeyCapPainter::placeOf(const QString& text, const QRectF& room, double fa
 // through all fonts for each, most of what the first picture takes.
 void KeyCapPainter::drawText(const QString& text, const QRectF& room, double factor)
 {
-    if (factor == 1) {
-        painter->drawText(room, alignment(text), text);
-        return;
-    }
     const QTransform before = painter->transform();
     painter->translate(room.topLeft());
     painter->scale(factor, factor);
-    painter->drawText(QRectF(QPointF(), room.size() / factor), alignment(text), text);
+    const QRectF enlarged(QPointF(), room.size() / factor);
+    if (const std::optional<QRectF> sign = signOfOtherFont(text, enlarged))
+        painter->drawText(
+            QPointF(enlarged.center().x() - sign->center().x(), enlarged.bottom() - sign->bottom()),
+            text);
+    else
+        painter->drawText(enlarged, alignment(text), text);
     painter->setTransform(before);
 }
 

@@ -6,6 +6,8 @@
 
 #include <QPainter>
 
+#include <optional>
+
 // What a cap looks like, whatever stands on it.
 enum class CapLook { Normal, Modifier, Dead, Pressed };
 
@@ -47,6 +49,7 @@ public:
 private:
     void drawFace(const QPolygon& polygon, const QRectF& rectangle);
     double fit(const QString& text, double size, const QRectF& room);
+    std::optional<QRectF> signOfOtherFont(const QString& text, const QRectF& room) const;
     QRectF placeOf(const QString& text, const QRectF& room, double factor) const;
     void drawText(const QString& text, const QRectF& room, double factor);
     bool isOnCap(const QRectF& place) const;

@@ -40,5 +40,5 @@ static_assert(rowsStandInEnumOrder());
 QColor keyColour(KeyColour use, ColourScheme scheme)
 {
     const ColourRow& row = colours[static_cast<std::size_t>(use)];
-    return QColor(scheme == ColourScheme::OnPaper ? row.print : row.screen);
+    return {scheme == ColourScheme::OnPaper ? row.print : row.screen};
 }

@@ -44,6 +44,7 @@ public:
     KbdGeometry(QString model, QString layout, QString variant, QString options,
         XkbComponentNamesRec* names, bool wantXTest, QWidget* parent);
     ~KbdGeometry() override;
+    Q_DISABLE_COPY(KbdGeometry)
 
     // The keymap's descriptions of its groups, untranslated, one for each group.
     QStringList groupNames() const;
@@ -51,13 +52,15 @@ public:
     // The layout names in the keymap's symbols name.
     QStringList groupLayouts() const { return layoutsOfGroups; }
 
-    // Every key, in the order of their XKB names; owned by this view.
+    // Every key in the order of their XKB names, and every doodad in that of the geometry; owned by
+    // this view.
     QList<KbdKey*> keyItems() const { return keys; }
     QList<KbdDoodad*> doodadItems() const { return doodads; }
 
     // Presses and releases a key of this view as a click of the mouse does.
     void click(KbdKey* key);
 
+    // The modifiers that are held or locked, and the group that is shown (from 0).
     ShiftMask_t modifiers() const { return modifierState; }
     KeyGroup_t group() const { return groupNum; }
 
@@ -80,24 +83,55 @@ public:
     QSizeF pictureSize() const { return sceneRect().size(); }
 
 signals:
+    // A key of the picture went down or up, physically or by a click: its label and the name of its
+    // keysym.
     void virtualKeyPress(QString& symbol, QString& desc);
     void virtualKeyRelease(QString& symbol, QString& desc);
+
+    // For the doodad that holds the layout's flag: a file name relative to its directory; empty for
+    // none.
     void newFlagFilename(QString filename);
+
+    // With every change of the view's size: how many pixels of the screen one unit has.
     void newScale(qreal scale);
 
 public slots:
+    // The caps carry all their characters, or the active one only.
     void setMultishiftDisplay(bool isMulti);
+
+    // Shows this group and locks it in the server.
     void setGroupNum(KeyGroup_t groupNum);
+
+    // Type the key, with the modifiers that are held on the picture. Without the XTest extension it
+    // is sent to the window that has the focus.
     void synthesizeKeyPress(KeyCode x11Keycode);
     void synthesizeKeyRelease(KeyCode x11Keycode);
+
+    // A physical key went down or up; one that the picture does not have changes nothing. The event
+    // is borrowed and read during the call only.
     void x11KeyPressEventIn(XKeyEvent* event);
     void x11KeyReleaseEventIn(XKeyEvent* event);
+
+    // The server has another keyboard: the group shown is locked in it again. The picture stays.
     void x11NewKbdEventIn();
+
+    // Takes the server's locks over, and its group where its keyboard has as many as this one.
     void x11LockStateChangedIn();
+
+    // Relative to the flag's directory; empty takes the flag away.
     void setFlagFilename(QString filename);
+
+    // Works the modifiers out anew from the keys held on the picture and shows them on every key.
+    // After a lock key (XkbSA_LockMods) with this mask, its lock also goes to the server, unless it
+    // comes from there, and its lamp is switched.
     void adjustModifierState(KeyType_t type, ShiftMask_t mask);
+
+    // A modifier key of the picture went down or up, physically or by a click. A lock changes with
+    // every press; its release does nothing.
     void modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
     void modifierReleased(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
+
+    // A key's report, which goes on as virtualKeyPress and virtualKeyRelease.
     void gotVirtualKeyPress(QString& symbol, QString& desc);
     void gotVirtualKeyRelease(QString& symbol, QString& desc);
 
@@ -111,6 +145,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    void setUpView();
     void loadKeyboard(const QStringList& captions, const XkbComponentNamesRec& names);
     void openDisplay();
     void learnAtomNames();
@@ -122,11 +157,11 @@ private:
     void connectDoodad(KbdDoodad* doodad, const QString& name);
     void addKeys();
     void addKey(const KeyContext& context, const QByteArray& name, const KeyPlacement& place);
-    void connectKey(KbdKey* key);
+    void connectKey(const KbdKey* key) const;
     void pairModifierKeys();
     void addBackground();
     void addCaptions(const QStringList& captions);
-    QGraphicsTextItem* addCaption(const QString& html, int x, int y);
+    QGraphicsTextItem* addCaption(const QString& text, int x, int y);
     void lightIndicators();
 
     QByteArray keymapNameOf(const QByteArray& geometryName) const;

@@ -5,12 +5,6 @@
 
 namespace {
 
-// XKB key names are four characters, filled with NUL.
-QByteArray keyName(const XkbKeyRec& key)
-{
-    return {key.name.name, static_cast<qsizetype>(strnlen(key.name.name, XkbKeyNameLength))};
-}
-
 void placeRow(KeyPlacements& placements, const XkbGeometryRec& geometry,
     const XkbSectionRec& section, const XkbRowRec& row)
 {
@@ -22,13 +16,18 @@ void placeRow(KeyPlacements& placements, const XkbGeometryRec& geometry,
         if (key.shape_ndx >= geometry.num_shapes)
             continue;
         const XkbShapeRec& shape = geometry.shapes[key.shape_ndx];
-        placements.keys.insert(keyName(key), {&shape, x, y, section.priority});
+        placements.keys.insert(xkbKeyName(key.name.name), {&shape, x, y, section.priority});
         placements.bounds.widen(x, y, shapeWidth(shape), shapeHeight(shape));
         x += shapeWidth(shape);
     }
 }
 
 } // namespace
+
+QByteArray xkbKeyName(const char* name)
+{
+    return {name, static_cast<qsizetype>(strnlen(name, XkbKeyNameLength))};
+}
 
 void PictureBounds::widen(int x, int y, int width, int height)
 {

@@ -5,6 +5,10 @@
 #include <QByteArray>
 #include <QMap>
 
+// A key's name in an XKB record: four characters at the most, filled up with NUL where it is
+// shorter.
+QByteArray xkbKeyName(const char* name);
+
 // Where a key of the geometry stands, in tenths of a millimetre.
 struct KeyPlacement {
     const XkbShapeRec* shape; // owned by the geometry

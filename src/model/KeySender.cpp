@@ -1,5 +1,7 @@
 #include "model/KeySender.h"
 
+#include <utility>
+
 KeySender::KeySender(Display* xDisplay, Window root)
     : display(xDisplay)
     , rootWindow(root)
@@ -27,10 +29,10 @@ QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
 {
     if (!held.contains(keycode))
         return {};
-    const QList<KeyCode> modifierKeys = held.take(keycode);
+    QList<KeyCode> modifierKeys = held.take(keycode);
     unsigned long delay = 0;
     XTestFakeKeyEvent(display, keycode, x11::xFalse, delay++);
-    for (const KeyCode modifier : modifierKeys)
+    for (const KeyCode modifier : std::as_const(modifierKeys))
         XTestFakeKeyEvent(display, modifier, x11::xFalse, delay++);
     XFlush(display);
     return modifierKeys;

@@ -1,6 +1,5 @@
 #include "ui/CKbdSpecSelector.h"
 
-#include "ui/ControlCombo.h"
 #include "ui/FileIconEngine.h"
 #include "ui/KbdConstants.h"
 #include "ui/PackageTest.h"
@@ -16,8 +15,8 @@ namespace {
 
 const QLatin1StringView customName("<Custom>");
 
-// The width of the control, in letters. Measuring the entries instead would load a font for each
-// of their scripts before the window opens.
+// The usual width of the control, in letters. Measuring all entries instead would load a font for
+// each of their scripts before the window opens.
 constexpr int usualNameLength = 30;
 
 // The native names that only a font of these packages can draw; one of them is enough.
@@ -85,9 +84,8 @@ bool describes(
 } // namespace
 
 CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages)
-    : QComboBox(parent)
+    : ControlCombo(parent)
 {
-    ControlCombo::setUp(*this);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(usualNameLength);
     PackageTest own;
@@ -99,6 +97,18 @@ CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest
 CKbdSpecSelector::~CKbdSpecSelector()
 {
     qDeleteAll(specs);
+}
+
+QSize CKbdSpecSelector::sizeHint() const
+{
+    const QSize usual = ControlCombo::sizeHint();
+    const int wanted = std::max(usual.width(), widthOf(currentText()));
+    return {std::min(wanted, maximumWidth()), usual.height()};
+}
+
+QSize CKbdSpecSelector::minimumSizeHint() const
+{
+    return {leastWidth(), ControlCombo::sizeHint().height()};
 }
 
 void CKbdSpecSelector::startPackageTests(PackageTest& packages)
@@ -170,10 +180,10 @@ void CKbdSpecSelector::addCustomEntry()
 }
 
 // The native name stays as it is; the other is translated.
-QString CKbdSpecSelector::makeDisplayName(const QString& name, PackageTest& packages) const
+QString CKbdSpecSelector::makeDisplayName(const QString& name, PackageTest& packages)
 {
     const SpecName parts(name);
-    const QString display =
+    QString display =
         QCoreApplication::translate("CKbdSpecSelector", parts.base.toUtf8().constData());
     if (parts.native.isEmpty() || !canDrawNativeName(parts.base, packages))
         return display;
@@ -234,6 +244,7 @@ void CKbdSpecSelector::setCurrent(
 
 void CKbdSpecSelector::selectionChanged(int newSelection)
 {
+    updateGeometry(); // the new name may need more room
     if (kbdSpec_t* spec = specs.value(newSelection))
         emit currentChanged(spec);
 }

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "ui/ControlCombo.h"
 #include "ui/KbdSpec.h"
 
-#include <QComboBox>
 #include <QVector>
 
 class PackageTest;
 
 // The choice of keyboards that the keyboard table lists, sorted by their display names, and a
 // "<Custom>" entry for a keyboard that matches none of them.
-class CKbdSpecSelector : public QComboBox {
+class CKbdSpecSelector : public ControlCombo {
     Q_OBJECT
 
 public:
@@ -24,6 +24,7 @@ public:
     // `packages` is asked where it is given; it is borrowed during the construction only.
     CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages = nullptr);
     ~CKbdSpecSelector() override;
+    Q_DISABLE_COPY(CKbdSpecSelector)
 
     // Begins the package tests that reading the table will ask for, so that they run while
     // something else is done. None where the table does not ask.
@@ -41,10 +42,19 @@ public:
     QString currentLayout() const;
     QString currentVariant() const;
 
+    // Room for the current name, and for the usual ones. In a narrow window this combo is the first
+    // to give way.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 signals:
-    // The records belong to the selector and live as long as it does.
+    // Another entry is selected, by whomever, or the user chose one, were it the same. The records
+    // belong to the selector and live as long as it does.
     void currentChanged(kbdSpec_t* values);
     void activated(kbdSpec_t* values);
+
+    // What the entry that the user chose stands for, unless it is "<Custom>". An empty variant is
+    // not told, nor a secondary keyboard where the entry has none.
     void primaryModelChanged(const QString& model);
     void primaryLayoutChanged(const QString& layout);
     void primaryVariantChanged(const QString& variant);
@@ -59,6 +69,7 @@ public slots:
     // Selects the first entry with a keyboard of exactly this description, else the last entry.
     void setCurrent(const QString& model, const QString& layout, const QString& variantList);
 
+    // Tell of the entry with this index; nothing where there is none.
     void selectionChanged(int newSelection);
     void userSelectionChanged(int newSelection);
 
@@ -68,7 +79,7 @@ private:
     void sortEntries();
     void addEntryItems();
     void addCustomEntry();
-    QString makeDisplayName(const QString& name, PackageTest& packages) const;
+    static QString makeDisplayName(const QString& name, PackageTest& packages);
     const kbdSpec_t* currentEntry() const;
 
     QVector<kbdSpec_t*> specs; // owned; in combo order, "<Custom>" last

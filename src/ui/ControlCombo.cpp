@@ -1,22 +1,63 @@
 #include "ui/ControlCombo.h"
 
-#include <QComboBox>
 #include <QFontMetrics>
+#include <QScreen>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+
+#include <algorithm>
 
 namespace {
 
 constexpr QSize flagSize{24, 18}; // device independent pixels
+constexpr int iconGap = 4; // likewise, between the icon and the text
 constexpr int greatestWidth = 60; // characters of average width
-constexpr int leastWidth = 14; // likewise
+constexpr int smallestWidth = 14; // likewise
+constexpr int screenShare = 6; // of the combos in the screen's width
 
 } // namespace
 
-void ControlCombo::setUp(QComboBox& combo)
+ControlCombo::ControlCombo(QWidget* parent)
+    : QComboBox(parent)
 {
-    combo.setFocusPolicy(Qt::NoFocus);
-    combo.setIconSize(flagSize);
-    const int character = combo.fontMetrics().averageCharWidth();
-    combo.setMaximumWidth(greatestWidth * character);
-    // On a small screen a long name is cut rather than the window.
-    combo.setMinimumWidth(leastWidth * character + flagSize.width());
+    setFocusPolicy(Qt::NoFocus);
+    setIconSize(flagSize);
+    setMaximumWidth(greatestWidth * fontMetrics().averageCharWidth());
+}
+
+int ControlCombo::leastWidth() const
+{
+    return smallestWidth * fontMetrics().averageCharWidth() + flagSize.width();
+}
+
+int ControlCombo::widthOf(const QString& text) const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize content(
+        fontMetrics().horizontalAdvance(text) + iconSize().width() + iconGap, iconSize().height());
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, this).width();
+}
+
+QSize ControlCombo::minimumSizeHint() const
+{
+    const QSize wanted = sizeHint();
+    const int share = screen()->availableSize().width() / screenShare;
+    return {std::min(wanted.width(), std::max(share, leastWidth())), wanted.height()};
+}
+
+void ControlCombo::paintEvent(QPaintEvent*)
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    const int icon = option.currentIcon.isNull() ? 0 : option.iconSize.width() + iconGap;
+    option.currentText =
+        fontMetrics().elidedText(option.currentText, Qt::ElideRight, field.width() - icon - 2);
+
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }

@@ -30,7 +30,7 @@ std::span<const DeadKeyRow> DeadKeyTable::rows()
 
 const DeadKeyRow* DeadKeyTable::find(int deadKey, int baseKey)
 {
-    const auto row = std::find_if(std::begin(table), std::end(table),
+    const auto* row = std::find_if(std::begin(table), std::end(table),
         [=](const DeadKeyRow& r) { return r.deadKey == deadKey && r.baseKey == baseKey; });
     return row == std::end(table) ? nullptr : row;
 }

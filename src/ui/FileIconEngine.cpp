@@ -4,13 +4,15 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include <utility>
+
 QIcon FileIconEngine::iconOf(const QString& imagePath)
 {
     return imagePath.isEmpty() ? QIcon() : QIcon(new FileIconEngine(imagePath));
 }
 
-FileIconEngine::FileIconEngine(const QString& imagePath)
-    : path(imagePath)
+FileIconEngine::FileIconEngine(QString imagePath)
+    : path(std::move(imagePath))
 {
 }
 

@@ -15,7 +15,7 @@ public:
     // An icon of the image file; null for an empty path.
     static QIcon iconOf(const QString& imagePath);
 
-    explicit FileIconEngine(const QString& imagePath);
+    explicit FileIconEngine(QString imagePath);
 
     QIconEngine* clone() const override;
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;

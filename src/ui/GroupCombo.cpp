@@ -5,7 +5,6 @@
 #include "ui/KbdConstants.h"
 #include "ui/SpecTable.h"
 
-#include <QComboBox>
 #include <QIcon>
 #include <QLabel>
 
@@ -33,14 +32,13 @@ GroupCombo::GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent
     : QBoxLayout(LeftToRight, parent && !parent->layout() ? parent : nullptr)
     , iconOnly(onlyIcons)
     , label(new QLabel(tr("Group: ")))
-    , combo(new QComboBox)
+    , combo(new ControlCombo)
 {
     label->setFocusPolicy(Qt::NoFocus);
     addWidget(label);
     if (iconOnly)
         label->hide();
 
-    ControlCombo::setUp(*combo);
     label->setBuddy(combo); // a screen reader calls it by its caption
     addWidget(combo);
     connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));

@@ -22,6 +22,7 @@ public:
     // Without a readable spec table there are no flags.
     GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent);
     ~GroupCombo() override;
+    Q_DISABLE_COPY(GroupCombo)
 
     // Replaces all items. The current index stays where it is if there is still such an item.
     void setItems(const QStringList& items);
@@ -42,6 +43,8 @@ public:
     void setVisible(bool visible);
 
 signals:
+    // The user chose the item, were it the same, or another item is the current one (-1: none), by
+    // whomever. With its data where setData gave any for it.
     void activated(int index);
     void activatedData(const QString& data);
     void currentIndexChanged(int index);

@@ -4,7 +4,6 @@
 #include "ui/FileIconEngine.h"
 #include "ui/KbdConstants.h"
 
-#include <QComboBox>
 #include <QIcon>
 #include <QLabel>
 
@@ -22,14 +21,13 @@ KeycapCombo::KeycapCombo(bool onlyIcons, QWidget* parent)
     : QBoxLayout(LeftToRight, parent && !parent->layout() ? parent : nullptr)
     , iconOnly(onlyIcons)
     , label(new QLabel(tr("Keycap Display: ")))
-    , combo(new QComboBox)
+    , combo(new ControlCombo)
 {
     label->setFocusPolicy(Qt::NoFocus);
     addWidget(label);
     if (iconOnly)
         label->hide();
 
-    ControlCombo::setUp(*combo);
     combo->addItem(iconOf(QStringLiteral("/singlekey.png")),
         iconOnly ? QString() : tr("Active Character Only"));
     combo->addItem(

@@ -16,7 +16,9 @@ public:
     // layout. Icon-only mode hides the caption and the items' texts.
     KeycapCombo(bool onlyIcons, QWidget* parent);
     ~KeycapCombo() override;
+    Q_DISABLE_COPY(KeycapCombo)
 
+    // What is chosen: 0 or 1, as above.
     int currentIndex() const;
 
     // For caption and combo box together; the caption stays hidden in icon-only mode.
@@ -25,6 +27,7 @@ public:
     void setVisible(bool visible);
 
 signals:
+    // The user chose the item, were it the same, or another item is the current one, by whomever.
     void activated(int index);
     void currentIndexChanged(int index);
 

@@ -32,15 +32,12 @@ constexpr int screenMargin = 8; // pixels left for the window manager's frame
 
 } // namespace
 
-MainWindow::MainWindow(QString model, QString layout, QString variant, QString options,
-    XkbComponentNamesRec* names, bool wantXTest, QWidget* parent, Qt::WindowFlags flags)
+MainWindow::MainWindow( // NOLINT(readability-function-size): the settings stand side by side
+    QString model, QString layout, QString variant, QString options, XkbComponentNamesRec* names,
+    bool wantXTest, QWidget* parent, Qt::WindowFlags flags)
     : QMainWindow(parent, flags)
 {
-    // Where that icon theme is not installed, the application's icon stands.
-    if (const QPixmap icon(QString::fromLatin1(windowIconFile)); !icon.isNull())
-        setWindowIcon(QIcon(icon));
-    // The text line composes dead keys itself: an input method must not take them away.
-    setAttribute(Qt::WA_InputMethodEnabled, false);
+    setUpWindow();
     PackageTest fontPackages;
 
     // They run while the keyboard is loaded.
@@ -48,13 +45,10 @@ MainWindow::MainWindow(QString model, QString layout, QString variant, QString o
 
     mainWidget = new QWidget(this);
     mainLayout = new QVBoxLayout(mainWidget);
-    topRow = new QHBoxLayout;
-    mainLayout->addLayout(topRow);
+    topRow = addRow();
     view = new KbdGeometry(model, layout, variant, options, names, wantXTest, this);
     mainLayout->addWidget(view);
-
-    controlRow = new QHBoxLayout;
-    mainLayout->addLayout(controlRow);
+    controlRow = addRow();
     addGroupCombo();
     addLayoutSelector({model, layout, variant}, fontPackages);
     addKeycapCombo();
@@ -64,10 +58,7 @@ MainWindow::MainWindow(QString model, QString layout, QString variant, QString o
 
     connectView();
     groupCombo->setCurrentIndex(view->firstGroup());
-    connect(
-        this, SIGNAL(qKeyPressEventOut(QKeyEvent*)), typingArea, SLOT(keyPressEvent(QKeyEvent*)));
-    connect(this, SIGNAL(qKeyReleaseEventOut(QKeyEvent*)), typingArea,
-        SLOT(keyReleaseEvent(QKeyEvent*)));
+    connectTypingArea();
     setFocus(Qt::OtherFocusReason);
 }
 
@@ -76,6 +67,22 @@ MainWindow::MainWindow(QString model, QString layout, QString variant, QString o
 MainWindow::~MainWindow()
 {
     delete view;
+}
+
+void MainWindow::setUpWindow()
+{
+    // Where that icon theme is not installed, the application's icon stands.
+    if (const QPixmap icon(QString::fromLatin1(windowIconFile)); !icon.isNull())
+        setWindowIcon(QIcon(icon));
+    // The text line composes dead keys itself: an input method must not take them away.
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+}
+
+QHBoxLayout* MainWindow::addRow()
+{
+    auto* row = new QHBoxLayout;
+    mainLayout->addLayout(row);
+    return row;
 }
 
 QStringList MainWindow::translatedGroupNames() const
@@ -148,8 +155,7 @@ void MainWindow::addPrintButton()
 
 void MainWindow::addBottomRow()
 {
-    bottomRow = new QHBoxLayout;
-    mainLayout->addLayout(bottomRow);
+    bottomRow = addRow();
     typingArea = new TypingArea(nullptr);
     bottomRow->addWidget(typingArea, textLineStretch);
     bottomRow->addStretch(1);
@@ -174,6 +180,14 @@ void MainWindow::connectView()
     });
 }
 
+void MainWindow::connectTypingArea()
+{
+    connect(
+        this, SIGNAL(qKeyPressEventOut(QKeyEvent*)), typingArea, SLOT(keyPressEvent(QKeyEvent*)));
+    connect(this, SIGNAL(qKeyReleaseEventOut(QKeyEvent*)), typingArea,
+        SLOT(keyReleaseEvent(QKeyEvent*)));
+}
+
 void MainWindow::showLayoutSelector(bool visible)
 {
     layoutLabel->setVisible(visible);
@@ -196,7 +210,10 @@ void MainWindow::placeOnScreen(bool toBottom)
     const int controls = least.height() - viewLeast;
 
     const QSizeF picture = view->pictureSize();
-    double width = std::max<double>(available.width() * screenShare, least.width());
+    const QMargins margins = mainLayout->contentsMargins();
+    const int uncut = controlRow->sizeHint().width() + margins.left() + margins.right();
+    double width =
+        std::max<double>(available.width() * screenShare, std::max(least.width(), uncut));
     width = std::min<double>(width, available.width() - 2 * screenMargin);
     const double highest = available.height() - 2 * screenMargin - controls;
     const double height = std::min(width * picture.height() / picture.width(), highest);

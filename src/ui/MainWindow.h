@@ -30,6 +30,7 @@ public:
     MainWindow(QString model, QString layout, QString variant, QString options,
         XkbComponentNamesRec* names, bool wantXTest, QWidget* parent, Qt::WindowFlags flags);
     ~MainWindow() override;
+    Q_DISABLE_COPY(MainWindow)
 
     // The layout selector with its label; nothing but the label where there is no table.
     void showLayoutSelector(bool visible);
@@ -46,17 +47,28 @@ public:
     KbdGeometry* picture() const { return view; }
 
 signals:
+    // What the slots of the same name took in, for the picture. An event, here as below, is
+    // borrowed and valid during the call only.
     void x11KeyPressEventOut(XKeyEvent* event);
     void x11KeyReleaseEventOut(XKeyEvent* event);
     void x11NewKbdEventOut();
     void x11LockStateChangedOut();
+
+    // A key that the toolkit gave to this window, for the sample line.
     void qKeyPressEventOut(QKeyEvent* event);
     void qKeyReleaseEventOut(QKeyEvent* event);
+
+    // Another keyboard is shown, made of these components; names is valid during the call only.
     void newKeyboard(XkbComponentNamesRec& names);
 
 public slots:
+    // The keys show their active character (0) or all characters (1).
     void modeChanged(int which);
+
+    // Another group (from 0) is shown, and locked in the server; nothing below 0.
     void levelChanged(int which);
+
+    // Asks for a printer and prints the picture; checked means nothing.
     void printButtonClicked(bool checked);
 
     // Replaces the keyboard by the one that the entry, which is the selector's, describes. Changes
@@ -64,26 +76,32 @@ public slots:
     // no keyboard; the window is without a picture then.
     void newKbdSelected(kbdSpec_t* spec);
 
+    // What happened to the server's keyboard; goes on to the picture.
     void x11KeyPressEventIn(XKeyEvent* event);
     void x11KeyReleaseEventIn(XKeyEvent* event);
     void x11NewKbdEventIn();
     void x11LockStateChangedIn();
+
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
-    void addGroupCombo();
     // What the selector is to show.
     struct Description {
         QString model;
         QString layout;
         QString variant;
     };
+
+    void setUpWindow();
+    QHBoxLayout* addRow();
+    void addGroupCombo();
     void addLayoutSelector(const Description& shown, PackageTest& fontPackages);
     void addKeycapCombo();
     void addPrintButton();
     void addBottomRow();
     void connectView();
+    void connectTypingArea();
     void dropCustomEntry();
     QStringList translatedGroupNames() const;
 

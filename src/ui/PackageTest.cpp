@@ -61,6 +61,8 @@ struct PackageTest::Run {
         endNow(dpkg);
         endNow(grep);
     }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
 
     // How dpkg ends says nothing: grep stops reading at the line that it looks for.
     bool finds()

@@ -1,6 +1,8 @@
 #include "ui/PicturePrinter.h"
 
+#include "app/description/ToolkitDisplay.h"
 #include "model/KbdGeometry.h"
+#include "ui/FocusKeeper.h"
 
 #include <QPainter>
 #include <QPrintDialog>
@@ -28,7 +30,9 @@ private:
 
 void printPicture(KbdGeometry* view, QWidget* parent)
 {
+    const FocusKeeper focus(toolkitDisplay());
     QPrinter printer(QPrinter::ScreenResolution);
+    printer.setPageOrientation(QPageLayout::Landscape); // as keyboards are
     QPrintDialog dialog(&printer, parent);
     if (dialog.exec() != QDialog::Accepted)
         return;

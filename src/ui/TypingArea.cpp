@@ -85,6 +85,7 @@ void TypingArea::typeKey(QKeyEvent* event)
 void TypingArea::passRelease(QKeyEvent* event)
 {
     setReadOnly(false);
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): a line edit would start its cursor blinking
     QWidget::keyReleaseEvent(event);
     setReadOnly(true);
 }

@@ -3,19 +3,13 @@
 #include <X11/Xlib-xcb.h>
 #include <xcb/xcb.h>
 
-#include <cstdlib>
-
 namespace x11 {
 
 namespace {
 
-struct CFree {
-    void operator()(void* data) const { std::free(data); }
-};
-
 std::optional<Colour> answer(xcb_connection_t* connection, xcb_lookup_color_cookie_t cookie)
 {
-    const std::unique_ptr<xcb_lookup_color_reply_t, CFree> reply(
+    const Reply<xcb_lookup_color_reply_t> reply(
         xcb_lookup_color_reply(connection, cookie, nullptr));
     if (!reply)
         return std::nullopt;
@@ -34,11 +28,13 @@ std::vector<std::optional<Colour>> lookUpColours(
         static_cast<xcb_colormap_t>(DefaultColormap(display, DefaultScreen(display)));
 
     std::vector<xcb_lookup_color_cookie_t> cookies;
+    cookies.reserve(names.size());
     for (const std::string& name : names)
         cookies.push_back(xcb_lookup_color(
             connection, colormap, static_cast<uint16_t>(name.size()), name.data()));
 
     std::vector<std::optional<Colour>> colours;
+    colours.reserve(cookies.size());
     for (const xcb_lookup_color_cookie_t cookie : cookies)
         colours.push_back(answer(connection, cookie));
     return colours;

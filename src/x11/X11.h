@@ -13,6 +13,7 @@
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
+#include <cstdlib>
 #include <memory>
 
 #undef Above
@@ -62,5 +63,12 @@ struct Free {
 };
 template <typename T>
 using Owned = std::unique_ptr<T, Free>;
+
+// For the replies that XCB allocates and free releases.
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <typename T>
+using Reply = std::unique_ptr<T, FreeReply>;
 
 } // namespace x11

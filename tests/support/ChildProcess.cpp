@@ -46,45 +46,45 @@ std::vector<char*> pointers(const QByteArrayList& strings)
 
 ChildProcess::ChildProcess(
     const QByteArrayList& command, const QByteArrayList& environment, int inheritedDescriptor)
-    : m_output(memfd_create("output of a test's program", MFD_CLOEXEC))
+    : outputFile(memfd_create("output of a test's program", MFD_CLOEXEC))
 {
     const std::vector<char*> arguments = pointers(command);
     const std::vector<char*> variables = pointers(environment);
-    m_processId = fork();
-    if (m_processId < 0) {
-        close(m_output);
+    process = fork();
+    if (process < 0) {
+        close(outputFile);
         throw std::runtime_error(std::string("no new process: ") + std::strerror(errno));
     }
-    if (m_processId == 0) {
+    if (process == 0) {
         becomeProgram(const_cast<char**>(arguments.data()), const_cast<char**>(variables.data()),
-            m_output, inheritedDescriptor);
+            outputFile, inheritedDescriptor);
     }
     // On both sides of the fork, so that the group exists whoever runs first.
-    setpgid(m_processId, m_processId);
+    setpgid(process, process);
 }
 
 ChildProcess::~ChildProcess()
 {
     stop();
-    close(m_output);
+    close(outputFile);
 }
 
 bool ChildProcess::isRunning()
 {
-    if (m_processId < 0)
+    if (process < 0)
         return false;
-    if (waitpid(m_processId, nullptr, WNOHANG) != m_processId)
+    if (waitpid(process, nullptr, WNOHANG) != process)
         return true;
-    m_processId = -1;
+    process = -1;
     return false;
 }
 
 QByteArray ChildProcess::output() const
 {
     struct stat status { };
-    fstat(m_output, &status);
+    fstat(outputFile, &status);
     QByteArray text(status.st_size, '\0');
-    text.truncate(std::max<ssize_t>(0, pread(m_output, text.data(), text.size(), 0)));
+    text.truncate(std::max<ssize_t>(0, pread(outputFile, text.data(), text.size(), 0)));
     return text;
 }
 
@@ -92,23 +92,23 @@ bool ChildProcess::stop()
 {
     if (!isRunning())
         return true;
-    const pid_t group = m_processId;
+    const pid_t group = process;
     kill(-group, SIGTERM);
     const bool ended = waitForEnd(patienceMs);
     kill(-group, SIGKILL);
     if (!ended)
         waitpid(group, nullptr, 0);
-    m_processId = -1;
+    process = -1;
     return ended;
 }
 
 bool ChildProcess::waitForEnd(int milliseconds)
 {
-    pollfd process{static_cast<int>(syscall(SYS_pidfd_open, m_processId, 0)), POLLIN, 0};
-    if (process.fd < 0)
+    pollfd end{static_cast<int>(syscall(SYS_pidfd_open, process, 0)), POLLIN, 0};
+    if (end.fd < 0)
         return false;
-    poll(&process, 1, milliseconds);
-    close(process.fd);
+    poll(&end, 1, milliseconds);
+    close(end.fd);
     return !isRunning();
 }
 

@@ -19,7 +19,7 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    pid_t processId() const { return m_processId; }
+    pid_t processId() const { return process; }
     bool isRunning();
 
     // What the program has written to its standard output and standard error so far.
@@ -31,8 +31,8 @@ public:
 private:
     bool waitForEnd(int milliseconds);
 
-    pid_t m_processId = -1;
-    int m_output = -1;
+    pid_t process = -1;
+    int outputFile = -1;
 };
 
 // The environment of this process as "NAME=value" entries.

@@ -146,25 +146,25 @@ int listenAs(int display)
 } // namespace
 
 ExtensionHider::ExtensionHider(const QByteArray& display, const QByteArray& extension)
-    : m_server(socketFolder + display.mid(1))
-    , m_extension(extension)
+    : serverSocket(socketFolder + display.mid(1))
+    , hiddenExtension(extension)
 {
-    for (int number = firstDisplay; m_listener < 0 && number <= lastDisplay; ++number) {
-        m_listener = listenAs(number);
-        m_display = ':' + QByteArray::number(number);
+    for (int number = firstDisplay; listener < 0 && number <= lastDisplay; ++number) {
+        listener = listenAs(number);
+        displayName = ':' + QByteArray::number(number);
     }
-    if (m_listener < 0 || pipe2(m_end.data(), O_CLOEXEC) != 0)
+    if (listener < 0 || pipe2(endPipe.data(), O_CLOEXEC) != 0)
         throw std::runtime_error("no display or no pipe for the clients of a partial server");
-    m_thread = std::thread([this] { serve(); });
+    thread = std::thread([this] { serve(); });
 }
 
 ExtensionHider::~ExtensionHider()
 {
-    close(m_end[1]);
-    m_thread.join();
-    close(m_end[0]);
-    close(m_listener);
-    for (const HiderConnection& connection : m_connections) {
+    close(endPipe[1]);
+    thread.join();
+    close(endPipe[0]);
+    close(listener);
+    for (const HiderConnection& connection : connections) {
         close(connection.client);
         close(connection.server);
     }
@@ -173,8 +173,8 @@ ExtensionHider::~ExtensionHider()
 void ExtensionHider::serve()
 {
     while (true) {
-        std::vector<pollfd> ready{{m_end[0], POLLIN, 0}, {m_listener, POLLIN, 0}};
-        for (const HiderConnection& connection : m_connections) {
+        std::vector<pollfd> ready{{endPipe[0], POLLIN, 0}, {listener, POLLIN, 0}};
+        for (const HiderConnection& connection : connections) {
             ready.push_back({connection.client, POLLIN, 0});
             ready.push_back({connection.server, POLLIN, 0});
         }
@@ -182,7 +182,7 @@ void ExtensionHider::serve()
         if (ready[0].revents)
             return;
         std::size_t next = 2;
-        m_connections.remove_if([&](HiderConnection& connection) {
+        connections.remove_if([&](HiderConnection& connection) {
             const bool client = ready[next++].revents;
             const bool server = ready[next++].revents;
             if ((!client || forward(connection, true)) && (!server || forward(connection, false)))
@@ -199,11 +199,11 @@ void ExtensionHider::serve()
 void ExtensionHider::accept()
 {
     HiderConnection connection;
-    connection.client = accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC);
+    connection.client = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
     connection.server = newSocket();
-    const SocketAddress address = addressOf(m_server);
+    const SocketAddress address = addressOf(serverSocket);
     connect(connection.server, address.plain(), address.length);
-    m_connections.push_back(connection);
+    connections.push_back(connection);
 }
 
 bool ExtensionHider::forward(HiderConnection& connection, bool fromClient) const
@@ -217,7 +217,7 @@ bool ExtensionHider::forward(HiderConnection& connection, bool fromClient) const
     for (QByteArray message = takeMessage(connection); !message.isEmpty();
          message = takeMessage(connection)) {
         if (connection.isSetUp)
-            rename(message, m_extension);
+            rename(message, hiddenExtension);
         connection.isSetUp = true;
         if (!writeAll(connection.server, message))
             return false;

@@ -23,18 +23,18 @@ public:
     ExtensionHider& operator=(const ExtensionHider&) = delete;
 
     // The display's name for clients.
-    QByteArray display() const { return m_display; }
+    QByteArray display() const { return displayName; }
 
 private:
     void serve();
     void accept();
     bool forward(HiderConnection& connection, bool fromClient) const;
 
-    QByteArray m_server; // its socket
-    QByteArray m_extension;
-    QByteArray m_display;
-    int m_listener = -1;
-    std::array<int, 2> m_end{-1, -1}; // a pipe, closed to end the thread
-    std::list<HiderConnection> m_connections;
-    std::thread m_thread;
+    QByteArray serverSocket; // its socket
+    QByteArray hiddenExtension;
+    QByteArray displayName;
+    int listener = -1;
+    std::array<int, 2> endPipe{-1, -1}; // a pipe, closed to end the thread
+    std::list<HiderConnection> connections;
+    std::thread thread;
 };

@@ -51,34 +51,34 @@ bool inputHasEnded()
 } // namespace
 
 KeyTarget::KeyTarget(const char* displayName, const char* geometry)
-    : m_display(XOpenDisplay(displayName))
+    : connection(XOpenDisplay(displayName))
 {
-    if (!m_display)
+    if (!connection)
         return;
     int opcode = 0;
     int error = 0;
-    XkbQueryExtension(m_display.get(), &opcode, &m_xkbEvent, &error, nullptr, nullptr);
-    XkbSetDetectableAutoRepeat(m_display.get(), x11::xTrue, nullptr);
+    XkbQueryExtension(connection.get(), &opcode, &xkbEvent, &error, nullptr, nullptr);
+    XkbSetDetectableAutoRepeat(connection.get(), x11::xTrue, nullptr);
     const unsigned int keyboardChanges = XkbNewKeyboardNotifyMask | XkbMapNotifyMask;
-    XkbSelectEvents(m_display.get(), XkbUseCoreKbd, keyboardChanges, keyboardChanges);
+    XkbSelectEvents(connection.get(), XkbUseCoreKbd, keyboardChanges, keyboardChanges);
     createWindow(geometry);
 }
 
 void KeyTarget::createWindow(const char* geometry)
 {
-    Display* const display = m_display.get();
+    Display* const display = connection.get();
     int x = defaultX;
     int y = defaultY;
     unsigned int width = defaultWidth;
     unsigned int height = defaultHeight;
     XParseGeometry(geometry, &x, &y, &width, &height);
-    m_window =
+    window =
         XCreateSimpleWindow(display, XDefaultRootWindow(display), x, y, width, height, 0, 0, ~0UL);
     XSelectInput(
-        display, m_window, KeyPressMask | KeyReleaseMask | FocusChangeMask | StructureNotifyMask);
-    XStoreName(display, m_window, "key target");
+        display, window, KeyPressMask | KeyReleaseMask | FocusChangeMask | StructureNotifyMask);
+    XStoreName(display, window, "key target");
     setHints(x, y, width, height);
-    XMapWindow(display, m_window);
+    XMapWindow(display, window);
 }
 
 // The place counts as the user's, so that managers keep it.
@@ -90,17 +90,17 @@ void KeyTarget::setHints(int x, int y, unsigned int width, unsigned int height)
     size.y = y;
     size.width = static_cast<int>(width);
     size.height = static_cast<int>(height);
-    XSetWMNormalHints(m_display.get(), m_window, &size);
+    XSetWMNormalHints(connection.get(), window, &size);
     XWMHints hints{};
     hints.flags = InputHint;
     hints.input = x11::xTrue;
-    XSetWMHints(m_display.get(), m_window, &hints);
+    XSetWMHints(connection.get(), window, &hints);
 }
 
 void KeyTarget::run()
 {
     std::array<pollfd, 2> sources{{
-        {ConnectionNumber(m_display.get()), POLLIN, 0},
+        {ConnectionNumber(connection.get()), POLLIN, 0},
         {STDIN_FILENO, POLLIN, 0},
     }};
     while (true) {
@@ -113,9 +113,9 @@ void KeyTarget::run()
 
 void KeyTarget::handlePending()
 {
-    while (XPending(m_display.get()) > 0) {
+    while (XPending(connection.get()) > 0) {
         XEvent event;
-        XNextEvent(m_display.get(), &event);
+        XNextEvent(connection.get(), &event);
         handle(event);
         std::fflush(stdout);
     }
@@ -140,7 +140,7 @@ void KeyTarget::handle(XEvent& event)
         XRefreshKeyboardMapping(&event.xmapping);
         return;
     default:
-        if (event.type == m_xkbEvent)
+        if (event.type == xkbEvent)
             handleXkb(event);
     }
 }
@@ -154,7 +154,7 @@ void KeyTarget::handleXkb(XEvent& event)
     }
     XMappingEvent all{};
     all.type = MappingNotify;
-    all.display = m_display.get();
+    all.display = connection.get();
     all.request = MappingKeyboard;
     XRefreshKeyboardMapping(&all);
 }
@@ -164,12 +164,12 @@ void KeyTarget::takeFocus()
     if (isManaged())
         askManagerForFocus();
     else
-        XSetInputFocus(m_display.get(), m_window, RevertToParent, CurrentTime);
+        XSetInputFocus(connection.get(), window, RevertToParent, CurrentTime);
 }
 
 bool KeyTarget::isManaged()
 {
-    Display* const display = m_display.get();
+    Display* const display = connection.get();
     const Atom announcement = XInternAtom(display, "_NET_SUPPORTING_WM_CHECK", x11::xFalse);
     Atom type = x11::none;
     int format = 0;
@@ -184,10 +184,10 @@ bool KeyTarget::isManaged()
 
 void KeyTarget::askManagerForFocus()
 {
-    Display* const display = m_display.get();
+    Display* const display = connection.get();
     XEvent event{};
     event.xclient.type = ClientMessage;
-    event.xclient.window = m_window;
+    event.xclient.window = window;
     event.xclient.message_type = XInternAtom(display, "_NET_ACTIVE_WINDOW", x11::xFalse);
     event.xclient.format = 32;
     event.xclient.data.l[0] = fromPager;
@@ -197,10 +197,10 @@ void KeyTarget::askManagerForFocus()
 
 void KeyTarget::announceFocus()
 {
-    if (m_isReady)
+    if (ready)
         return;
-    m_isReady = true;
-    std::printf("ready %lu\n", m_window);
+    ready = true;
+    std::printf("ready %lu\n", window);
 }
 
 void KeyTarget::printKey(const char* word, XKeyEvent& key)

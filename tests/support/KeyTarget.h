@@ -20,7 +20,7 @@ public:
     // when isOpen() is false, and is of no use then.
     KeyTarget(const char* displayName, const char* geometry);
 
-    bool isOpen() const { return m_display != nullptr; }
+    bool isOpen() const { return connection != nullptr; }
 
     // Prints events until the standard input ends or the server goes away.
     void run();
@@ -41,8 +41,8 @@ private:
     void announceFocus();
     void printKey(const char* word, XKeyEvent& key);
 
-    std::unique_ptr<Display, CloseDisplay> m_display;
-    Window m_window = x11::none;
-    int m_xkbEvent = -1;
-    bool m_isReady = false;
+    std::unique_ptr<Display, CloseDisplay> connection;
+    Window window = x11::none;
+    int xkbEvent = -1;
+    bool ready = false;
 };

@@ -20,22 +20,22 @@ bool isKey(const KeyTargetLine& line)
 
 KeyTargetProcess::KeyTargetProcess(const QByteArray& display, const QRect& area)
 {
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(KBD_KEY_TARGET, {QString::fromLatin1(display), geometryText(area)});
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(KBD_KEY_TARGET, {QString::fromLatin1(display), geometryText(area)});
 }
 
 KeyTargetProcess::~KeyTargetProcess()
 {
-    m_process.closeWriteChannel();
-    if (!m_process.waitForFinished(endLimitMs))
-        m_process.kill();
+    process.closeWriteChannel();
+    if (!process.waitForFinished(endLimitMs))
+        process.kill();
 }
 
 bool KeyTargetProcess::waitForReady(int milliseconds)
 {
     const auto isReady = [this] {
         readLines();
-        return m_window != 0;
+        return window != 0;
     };
     return QTest::qWaitFor(isReady, milliseconds);
 }
@@ -43,7 +43,7 @@ bool KeyTargetProcess::waitForReady(int milliseconds)
 QList<KeyTargetLine> KeyTargetProcess::lines()
 {
     readLines();
-    return m_lines;
+    return received;
 }
 
 QList<KeyTargetLine> KeyTargetProcess::keys()
@@ -66,21 +66,21 @@ bool KeyTargetProcess::waitForKeys(qsizetype count, int milliseconds)
 void KeyTargetProcess::clear()
 {
     readLines();
-    m_lines.clear();
+    received.clear();
 }
 
 void KeyTargetProcess::readLines()
 {
-    m_process.waitForReadyRead(0);
-    while (m_process.canReadLine()) {
-        QByteArray text = m_process.readLine();
+    process.waitForReadyRead(0);
+    while (process.canReadLine()) {
+        QByteArray text = process.readLine();
         text.chop(1);
         const auto line = KeyTargetLine::parse(text);
         if (!line)
             continue;
         if (line->kind == KeyTargetLine::Kind::Ready)
-            m_window = line->window;
+            window = line->window;
         else
-            m_lines.append(*line);
+            received.append(*line);
     }
 }

@@ -20,10 +20,10 @@ public:
     // True once the target has the focus; false when it does not get it within the deadline.
     bool waitForReady(int milliseconds = 10000);
 
-    qint64 processId() const { return m_process.processId(); }
+    qint64 processId() const { return process.processId(); }
 
     // The target's X window; 0 before it is ready.
-    unsigned long windowId() const { return m_window; }
+    unsigned long windowId() const { return window; }
 
     // All that has come since the start or since clear(), the line "ready" excepted. The second
     // has presses and releases only.
@@ -40,7 +40,7 @@ public:
 private:
     void readLines();
 
-    QProcess m_process;
-    unsigned long m_window = 0;
-    QList<KeyTargetLine> m_lines;
+    QProcess process;
+    unsigned long window = 0;
+    QList<KeyTargetLine> received;
 };

@@ -55,11 +55,12 @@ Run longestColumnRun(const QImage& image, int x, QRgb colour)
 
 } // namespace
 
-PictureLocator::PictureLocator(Display* display, Window window, const QRectF& ground, QRgb colour)
-    : m_display(display)
-    , m_window(window)
-    , m_ground(ground)
-    , m_colour(colour)
+PictureLocator::PictureLocator(
+    Display* xDisplay, Window shownWindow, const QRectF& sceneGround, QRgb groundColour)
+    : display(xDisplay)
+    , window(shownWindow)
+    , ground(sceneGround)
+    , colour(groundColour)
 {
 }
 
@@ -79,7 +80,7 @@ bool PictureLocator::waitForPicture(int milliseconds)
     };
     if (!QTest::qWaitFor(standsStill, milliseconds))
         return false;
-    m_area = *before;
+    pictureArea = *before;
     return true;
 }
 
@@ -87,13 +88,13 @@ bool PictureLocator::waitForPicture(int milliseconds)
 // column as high.
 std::optional<QRectF> PictureLocator::look() const
 {
-    const std::optional<WindowImage> seen = grabWindow(m_display, m_window);
+    const std::optional<WindowImage> seen = grabWindow(display, window);
     if (!seen)
         return std::nullopt;
-    const Run row = longestRowRun(seen->image, m_colour);
+    const Run row = longestRowRun(seen->image, colour);
     if (row.length < smallestSide)
         return std::nullopt;
-    const Run column = longestColumnRun(seen->image, row.begin, m_colour);
+    const Run column = longestColumnRun(seen->image, row.begin, colour);
     // The line around the ground is thinner than a pixel and is drawn into the pixels next to it.
     const QRectF area = QRectF(row.begin, column.begin, row.length, column.length)
                             .adjusted(-0.5, -0.5, 0.5, 0.5)
@@ -103,23 +104,23 @@ std::optional<QRectF> PictureLocator::look() const
 
 bool PictureLocator::hasGroundShape(const QRectF& area) const
 {
-    const double wanted = m_ground.width() / m_ground.height();
+    const double wanted = ground.width() / ground.height();
     return std::abs(area.width() / area.height() / wanted - 1) < shapeTolerance;
 }
 
 QPoint PictureLocator::fromScene(const QPointF& point) const
 {
-    const QPointF share((point.x() - m_ground.x()) / m_ground.width(),
-        (point.y() - m_ground.y()) / m_ground.height());
-    return {static_cast<int>(m_area.x() + share.x() * m_area.width()),
-        static_cast<int>(m_area.y() + share.y() * m_area.height())};
+    const QPointF share(
+        (point.x() - ground.x()) / ground.width(), (point.y() - ground.y()) / ground.height());
+    return {static_cast<int>(pictureArea.x() + share.x() * pictureArea.width()),
+        static_cast<int>(pictureArea.y() + share.y() * pictureArea.height())};
 }
 
 QRectF PictureLocator::fromScene(const QRectF& rectangle) const
 {
-    const double horizontal = m_area.width() / m_ground.width();
-    const double vertical = m_area.height() / m_ground.height();
-    return {m_area.x() + (rectangle.x() - m_ground.x()) * horizontal,
-        m_area.y() + (rectangle.y() - m_ground.y()) * vertical, rectangle.width() * horizontal,
+    const double horizontal = pictureArea.width() / ground.width();
+    const double vertical = pictureArea.height() / ground.height();
+    return {pictureArea.x() + (rectangle.x() - ground.x()) * horizontal,
+        pictureArea.y() + (rectangle.y() - ground.y()) * vertical, rectangle.width() * horizontal,
         rectangle.height() * vertical};
 }

@@ -9,9 +9,11 @@
 // says where on the screen a place of the picture is.
 class PictureLocator {
 public:
-    // `ground` is the picture's background in the scene (tenths of a millimetre), as groundOf()
-    // gives it for the same keyboard, `colour` what it is filled with. The display is borrowed.
-    PictureLocator(Display* display, Window window, const QRectF& ground, QRgb colour);
+    // `sceneGround` is the picture's background in the scene (tenths of a millimetre), as
+    // groundOf() gives it for the same keyboard, `groundColour` what it is filled with. The display
+    // is borrowed.
+    PictureLocator(
+        Display* xDisplay, Window shownWindow, const QRectF& sceneGround, QRgb groundColour);
 
     // The ground of a picture whose whole scene is `scene`: all but the room for the captions.
     static QRectF groundOf(const QRectF& scene);
@@ -21,7 +23,7 @@ public:
     bool waitForPicture(int milliseconds = 10000);
 
     // What follows is in pixels of the screen and holds after waitForPicture(), within a pixel.
-    QRectF area() const { return m_area; }
+    QRectF area() const { return pictureArea; }
     QRectF fromScene(const QRectF& rectangle) const;
     QPoint fromScene(const QPointF& point) const;
 
@@ -29,9 +31,9 @@ private:
     std::optional<QRectF> look() const;
     bool hasGroundShape(const QRectF& area) const;
 
-    Display* m_display;
-    Window m_window;
-    QRectF m_ground;
-    QRgb m_colour;
-    QRectF m_area;
+    Display* display;
+    Window window;
+    QRectF ground;
+    QRgb colour;
+    QRectF pictureArea;
 };

@@ -58,25 +58,25 @@ PrivateServer::PrivateServer(const QByteArrayList& command, const QByteArrayList
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe for the display number");
-    m_server = std::make_unique<ChildProcess>(fullCommand(command, ends[1]), environment, ends[1]);
+    server = std::make_unique<ChildProcess>(fullCommand(command, ends[1]), environment, ends[1]);
     close(ends[1]);
     const QByteArray number = readDisplayNumber(ends[0]);
     close(ends[0]);
     if (number.isEmpty())
         throw std::runtime_error(
-            (command.first() + " gave no display: " + m_server->output()).toStdString());
-    m_display = ':' + number;
+            (command.first() + " gave no display: " + server->output()).toStdString());
+    displayName = ':' + number;
 }
 
 PrivateServer::~PrivateServer()
 {
-    if (!m_server->stop())
-        unlink((socketFolder + m_display.mid(1)).constData());
+    if (!server->stop())
+        unlink((socketFolder + displayName.mid(1)).constData());
 }
 
 void PrivateServer::useForThisProcess() const
 {
-    qputenv("DISPLAY", m_display);
+    qputenv("DISPLAY", displayName);
     qputenv("QT_QPA_PLATFORM", "xcb");
     // Without a session bus Qt's accessibility would start one, which outlives the test.
     if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))

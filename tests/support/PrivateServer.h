@@ -22,7 +22,7 @@ public:
     PrivateServer& operator=(const PrivateServer&) = delete;
 
     // The display's name, such as ":12".
-    QByteArray display() const { return m_display; }
+    QByteArray display() const { return displayName; }
 
     // Sets DISPLAY, and drops what would lead Qt or a tool to another session.
     void useForThisProcess() const;
@@ -32,6 +32,6 @@ protected:
     PrivateServer(const QByteArrayList& command, const QByteArrayList& environment);
 
 private:
-    QByteArray m_display;
-    std::unique_ptr<ChildProcess> m_server;
+    QByteArray displayName;
+    std::unique_ptr<ChildProcess> server;
 };

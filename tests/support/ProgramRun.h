@@ -24,13 +24,13 @@ public:
 
     // The main window once the user can see it; none when the program ends instead or the deadline
     // is over.
-    Window waitForWindow(Display* display, int milliseconds = 20000);
+    Window waitForWindow(Display* display, int milliseconds = 20000) const;
 
     // True once the program has ended; false when the deadline is over.
     bool waitForEnd(int milliseconds = 20000);
 
-    bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
-    qint64 processId() const { return m_process.processId(); }
+    bool isRunning() const { return process.state() != QProcess::NotRunning; }
+    qint64 processId() const { return process.processId(); }
 
     // -1 while the program runs and when a signal has ended it.
     int exitStatus() const;
@@ -40,9 +40,9 @@ public:
     QByteArray errors();
 
 private:
-    QTemporaryDir m_home;
-    QProcessEnvironment m_environment;
-    QProcess m_process;
-    QByteArray m_output;
-    QByteArray m_errors;
+    QTemporaryDir home;
+    QProcessEnvironment environment;
+    QProcess process;
+    QByteArray outputSoFar;
+    QByteArray errorsSoFar;
 };

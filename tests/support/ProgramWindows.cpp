@@ -1,6 +1,7 @@
 #include "ProgramWindows.h"
 
 #include "XErrors.h"
+#include "XTools.h"
 
 #include <QRect>
 
@@ -24,16 +25,7 @@ std::vector<Window> childrenOf(Display* display, Window window)
 bool belongsTo(Display* display, Window window, qint64 processId)
 {
     const Atom property = XInternAtom(display, "_NET_WM_PID", x11::xFalse);
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, window, property, 0, 1, x11::xFalse, AnyPropertyType, &type,
-        &format, &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    return format == 32 && count == 1
-        && *reinterpret_cast<const unsigned long*>(bytes) == static_cast<unsigned long>(processId);
+    return numberProperty(display, window, property) == static_cast<unsigned long>(processId);
 }
 
 // In pixels; zero for a window that is out of sight or not of this kind.

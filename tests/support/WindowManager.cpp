@@ -16,7 +16,7 @@ constexpr int startLimitMs = 15000;
 constexpr int lookAgainMs = 50;
 
 struct ManagerCommand {
-    const char* name;
+    const char* name = nullptr;
     QByteArrayList command;
 };
 
@@ -94,11 +94,11 @@ bool waitUntilManaged(const QByteArray& displayName, ChildProcess& manager)
 } // namespace
 
 WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
-    : m_manager(std::make_unique<ChildProcess>(
-        commandOf(name), privateEnvironment(display, m_home.path().toLocal8Bit())))
+    : manager(std::make_unique<ChildProcess>(
+        commandOf(name), privateEnvironment(display, home.path().toLocal8Bit())))
 {
-    if (!waitUntilManaged(display, *m_manager)) {
+    if (!waitUntilManaged(display, *manager)) {
         throw std::runtime_error(name.toStdString()
-            + " does not manage the display: " + m_manager->output().toStdString());
+            + " does not manage the display: " + manager->output().toStdString());
     }
 }

@@ -17,6 +17,6 @@ public:
     WindowManager(const QByteArray& name, const QByteArray& display);
 
 private:
-    QTemporaryDir m_home;
-    std::unique_ptr<ChildProcess> m_manager;
+    QTemporaryDir home;
+    std::unique_ptr<ChildProcess> manager;
 };

@@ -41,14 +41,14 @@ void failOnXErrors()
 }
 
 ExpectedXErrors::ExpectedXErrors()
-    : m_previous(XSetErrorHandler(keepError))
+    : previous(XSetErrorHandler(keepError))
 {
     keptErrors().clear();
 }
 
 ExpectedXErrors::~ExpectedXErrors()
 {
-    XSetErrorHandler(m_previous);
+    XSetErrorHandler(previous);
 }
 
 QStringList ExpectedXErrors::seen()

@@ -21,5 +21,5 @@ public:
     static QStringList seen();
 
 private:
-    XErrorHandler m_previous;
+    XErrorHandler previous;
 };

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 struct CloseDisplay {
     void operator()(Display* display) const { XCloseDisplay(display); }
@@ -37,6 +38,10 @@ QByteArray keymapText(const QByteArray& display);
 
 // The keycodes that are down, physically or through XTest, in ascending order.
 QList<int> pressedKeys(const QByteArray& display);
+
+// The one number (a CARDINAL, a WINDOW) that a window's property holds; nothing where it holds none
+// or something else.
+std::optional<unsigned long> numberProperty(Display* display, Window window, Atom property);
 
 // Whether a window manager has announced itself (EWMH, _NET_SUPPORTING_WM_CHECK).
 bool isManaged(Display* display);

@@ -33,6 +33,7 @@ public:
     };
 
     FakeGeometry() = default;
+    ~FakeGeometry() = default;
     FakeGeometry(const FakeGeometry&) = delete;
     FakeGeometry& operator=(const FakeGeometry&) = delete;
 

@@ -40,6 +40,7 @@ public:
         connectArrays();
     }
 
+    ~FakeKeymap() = default;
     FakeKeymap(const FakeKeymap&) = delete;
     FakeKeymap& operator=(const FakeKeymap&) = delete;
 

@@ -67,7 +67,7 @@ QByteArrayList described(const Names& names)
 
 constexpr int longTimeoutMs = 20000;
 constexpr int shortTimeoutMs = 200;
-constexpr qsizetype mostOutput = 1024 * 1024;
+constexpr qsizetype mostOutput = 1048576; // bytes
 
 // A line of this length is read in a thousandth of the time, unless the time grows with its square.
 constexpr qsizetype hostileSize = mostOutput / 4;

@@ -1,3 +1,4 @@
+#include "CaptionedCombo.h"
 #include "DataFixture.h"
 #include "ui/GroupCombo.h"
 
@@ -14,16 +15,15 @@
 
 namespace {
 
+using CaptionedCombo::comboOf;
+using CaptionedCombo::labelOf;
+using CaptionedCombo::middleOf;
+
 const QStringList twoGroups{QStringLiteral("English (US)"), QStringLiteral("German")};
 
-QLabel* labelOf(const QBoxLayout& layout)
+std::unique_ptr<GroupCombo> makeControl(bool iconOnly, QWidget* parent)
 {
-    return qobject_cast<QLabel*>(layout.itemAt(0)->widget());
-}
-
-QComboBox* comboOf(const QBoxLayout& layout)
-{
-    return qobject_cast<QComboBox*>(layout.itemAt(1)->widget());
+    return std::make_unique<GroupCombo>(twoGroups, iconOnly, parent);
 }
 
 QStringList textsOf(const GroupCombo& control)
@@ -38,10 +38,7 @@ QStringList textsOf(const GroupCombo& control)
 QColor flagOf(const GroupCombo& control, int index)
 {
     const QIcon icon = comboOf(control)->itemIcon(index);
-    if (icon.isNull())
-        return {};
-    const QImage image = icon.pixmap(24, 18).toImage();
-    return image.pixelColor(image.rect().center());
+    return icon.isNull() ? QColor() : middleOf(icon);
 }
 
 // Icons named after their colours, where the program's data are installed.
@@ -354,31 +351,12 @@ void GroupComboTest::captionAndComboShowAndHideTogether_data()
 void GroupComboTest::captionAndComboShowAndHideTogether()
 {
     QFETCH(bool, iconOnly);
-    QWidget window;
-    GroupCombo control(twoGroups, iconOnly, &window);
-    control.hide();
-    QVERIFY(labelOf(control)->isHidden());
-    QVERIFY(comboOf(control)->isHidden());
-    control.show();
-    QCOMPARE(labelOf(control)->isHidden(), iconOnly);
-    QVERIFY(!comboOf(control)->isHidden());
-    control.setVisible(false);
-    QVERIFY(labelOf(control)->isHidden());
-    QVERIFY(comboOf(control)->isHidden());
+    CaptionedCombo::showsAndHidesAsOne(iconOnly, makeControl);
 }
 
 void GroupComboTest::aWidgetWithALayoutKeepsIt()
 {
-    QMainWindow window;
-    auto* row = new QHBoxLayout;
-    auto* centre = new QWidget;
-    centre->setLayout(row);
-    window.setCentralWidget(centre);
-
-    auto* control = new GroupCombo(twoGroups, false, &window);
-    row->addLayout(control);
-    QCOMPARE(control->parent(), row);
-    QCOMPARE(comboOf(*control)->parentWidget(), centre);
+    CaptionedCombo::leavesAWidgetItsLayout(makeControl);
 }
 
 void GroupComboTest::aLongNameDoesNotStretchTheWindow()
@@ -391,24 +369,12 @@ void GroupComboTest::aLongNameDoesNotStretchTheWindow()
 
 void GroupComboTest::deletingTheControlDeletesItsWidgets()
 {
-    QWidget window;
-    auto control = std::make_unique<GroupCombo>(twoGroups, false, &window);
-    const QPointer<QLabel> label = labelOf(*control);
-    const QPointer<QComboBox> combo = comboOf(*control);
-    control.reset();
-    QVERIFY(!label);
-    QVERIFY(!combo);
-    QVERIFY(window.children().isEmpty());
+    CaptionedCombo::takesItsWidgetsWithIt(makeControl);
 }
 
 void GroupComboTest::deletingTheWindowDeletesEachWidgetOnce()
 {
-    auto window = std::make_unique<QWidget>();
-    const QPointer<GroupCombo> control = new GroupCombo(twoGroups, false, window.get());
-    const QPointer<QComboBox> combo = comboOf(*control);
-    window.reset();
-    QVERIFY(!control);
-    QVERIFY(!combo);
+    CaptionedCombo::goesWithItsWindow(makeControl);
 }
 
 QTEST_MAIN(GroupComboTest)

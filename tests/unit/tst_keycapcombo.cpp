@@ -1,3 +1,4 @@
+#include "CaptionedCombo.h"
 #include "DataFixture.h"
 #include "ui/KeycapCombo.h"
 
@@ -14,20 +15,13 @@
 
 namespace {
 
-QLabel* labelOf(const QBoxLayout& layout)
-{
-    return qobject_cast<QLabel*>(layout.itemAt(0)->widget());
-}
+using CaptionedCombo::comboOf;
+using CaptionedCombo::labelOf;
+using CaptionedCombo::middleOf;
 
-QComboBox* comboOf(const QBoxLayout& layout)
+std::unique_ptr<KeycapCombo> makeControl(bool iconOnly, QWidget* parent)
 {
-    return qobject_cast<QComboBox*>(layout.itemAt(1)->widget());
-}
-
-QColor middleOf(const QIcon& icon)
-{
-    const QImage image = icon.pixmap(24, 18).toImage();
-    return image.pixelColor(image.rect().center());
+    return std::make_unique<KeycapCombo>(iconOnly, parent);
 }
 
 } // namespace
@@ -151,53 +145,22 @@ void KeycapComboTest::captionAndComboShowAndHideTogether_data()
 void KeycapComboTest::captionAndComboShowAndHideTogether()
 {
     QFETCH(bool, iconOnly);
-    QWidget window;
-    KeycapCombo control(iconOnly, &window);
-    control.hide();
-    QVERIFY(labelOf(control)->isHidden());
-    QVERIFY(comboOf(control)->isHidden());
-    control.show();
-    QCOMPARE(labelOf(control)->isHidden(), iconOnly);
-    QVERIFY(!comboOf(control)->isHidden());
-    control.setVisible(false);
-    QVERIFY(labelOf(control)->isHidden());
-    QVERIFY(comboOf(control)->isHidden());
+    CaptionedCombo::showsAndHidesAsOne(iconOnly, makeControl);
 }
 
 void KeycapComboTest::aWidgetWithALayoutKeepsIt()
 {
-    QMainWindow window;
-    auto* row = new QHBoxLayout;
-    auto* centre = new QWidget;
-    centre->setLayout(row);
-    window.setCentralWidget(centre);
-
-    auto* control = new KeycapCombo(false, &window);
-    row->addLayout(control);
-    QCOMPARE(control->parent(), row);
-    QCOMPARE(comboOf(*control)->parentWidget(), centre);
+    CaptionedCombo::leavesAWidgetItsLayout(makeControl);
 }
 
 void KeycapComboTest::deletingTheControlDeletesItsWidgets()
 {
-    QWidget window;
-    auto control = std::make_unique<KeycapCombo>(false, &window);
-    const QPointer<QLabel> label = labelOf(*control);
-    const QPointer<QComboBox> combo = comboOf(*control);
-    control.reset();
-    QVERIFY(!label);
-    QVERIFY(!combo);
-    QVERIFY(window.children().isEmpty());
+    CaptionedCombo::takesItsWidgetsWithIt(makeControl);
 }
 
 void KeycapComboTest::deletingTheWindowDeletesEachWidgetOnce()
 {
-    auto window = std::make_unique<QWidget>();
-    const QPointer<KeycapCombo> control = new KeycapCombo(false, window.get());
-    const QPointer<QComboBox> combo = comboOf(*control);
-    window.reset();
-    QVERIFY(!control);
-    QVERIFY(!combo);
+    CaptionedCombo::goesWithItsWindow(makeControl);
 }
 
 QTEST_MAIN(KeycapComboTest)

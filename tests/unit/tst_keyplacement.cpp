@@ -16,7 +16,7 @@ QPoint positionOf(const KeyPlacements& placements, const char* name)
 
 QRect areaOf(const PictureBounds& bounds)
 {
-    return QRect(QPoint(bounds.minX, bounds.minY), QPoint(bounds.maxX - 1, bounds.maxY - 1));
+    return {QPoint(bounds.minX, bounds.minY), QPoint(bounds.maxX - 1, bounds.maxY - 1)};
 }
 
 } // namespace

@@ -32,26 +32,26 @@ private slots:
 private:
     QString filePath(const QString& place) const
     {
-        return m_directory.filePath(place + "/Orvix/keyboard.conf");
+        return directory.filePath(place + "/Orvix/keyboard.conf");
     }
     bool write(const QString& place, const QByteArray& content);
 
-    QTemporaryDir m_directory;
-    qint64 m_writes = 0;
+    QTemporaryDir directory;
+    qint64 writes = 0;
 };
 
 // The places are read from the environment once.
 void RegistryTest::initTestCase()
 {
-    qputenv("XDG_CONFIG_HOME", m_directory.filePath("own").toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", directory.filePath("own").toLocal8Bit());
     qputenv("XDG_CONFIG_DIRS",
-        (m_directory.filePath("first") + ':' + m_directory.filePath("second")).toLocal8Bit());
+        (directory.filePath("first") + ':' + directory.filePath("second")).toLocal8Bit());
 }
 
 void RegistryTest::cleanup()
 {
     for (const char* place : {"own", "first", "second"})
-        QDir(m_directory.filePath(place)).removeRecursively();
+        QDir(directory.filePath(place)).removeRecursively();
 }
 
 bool RegistryTest::write(const QString& place, const QByteArray& content)
@@ -64,7 +64,7 @@ bool RegistryTest::write(const QString& place, const QByteArray& content)
         return false;
     // The toolkit knows a changed file by its size and time.
     return file.setFileTime(
-        QDateTime::fromSecsSinceEpoch(1000000000 + ++m_writes), QFile::FileModificationTime);
+        QDateTime::fromSecsSinceEpoch(1000000000 + ++writes), QFile::FileModificationTime);
 }
 
 void RegistryTest::aValueIsReadFromTheFiles_data()

@@ -177,7 +177,7 @@ private slots:
     void aForeignTableIsReadAsFarAsItGoes();
     void aHugeTableIsReadQuickly();
     void aHugeLineDoesNotStretchTheWindow();
-    void theWidthDoesNotDependOnTheNames();
+    void onlyTheCurrentNameIsGivenRoom();
 
     void entriesAreSortedByTheirTranslatedNames();
     void equalNamesAllStay();
@@ -409,13 +409,23 @@ void SpecSelectorTest::aHugeLineDoesNotStretchTheWindow()
     QVERIFY(window.minimumSizeHint().width() < 1000);
 }
 
-// To depend on them it would have to measure them all, in every script.
-void SpecSelectorTest::theWidthDoesNotDependOnTheNames()
+// To depend on all of them it would have to measure them, in every script.
+void SpecSelectorTest::onlyTheCurrentNameIsGivenRoom()
 {
+    const QByteArray longName(35, 'm');
+    QVERIFY(data->writeTable("A\t\tpc104\tus\t\n" + longName + "\t\tpc105\tde\t\n"));
+    CKbdSpecSelector selector(true, nullptr);
+    selector.setCurrent("pc104", "us", "");
+    const int usual = selector.sizeHint().width();
     QVERIFY(data->writeTable("A\t\tpc104\tus\t\n"));
-    const int narrow = CKbdSpecSelector(true, nullptr).sizeHint().width();
-    QVERIFY(data->writeTable(QByteArray(40, 'm') + "\t\tpc104\tus\t\n"));
-    QCOMPARE(CKbdSpecSelector(true, nullptr).sizeHint().width(), narrow);
+    QCOMPARE(CKbdSpecSelector(true, nullptr).sizeHint().width(), usual);
+
+    selector.setCurrent("pc105", "de", "");
+    QVERIFY(selector.sizeHint().width() > usual);
+    QVERIFY(selector.sizeHint().width() > selector.fontMetrics().horizontalAdvance(longName));
+    QVERIFY(selector.minimumSizeHint().width() < usual);
+    selector.setCurrent("pc104", "us", "");
+    QCOMPARE(selector.sizeHint().width(), usual);
 }
 
 void SpecSelectorTest::entriesAreSortedByTheirTranslatedNames()

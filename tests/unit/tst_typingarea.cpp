@@ -15,7 +15,7 @@ const QString placeholder = QStringLiteral("Sample Text Area");
 
 // One key of a made-up keyboard: what its events hold.
 struct Stroke {
-    int key;
+    int key = 0;
     QString text;
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
 };
@@ -372,12 +372,12 @@ void TypingAreaTest::theAreaStaysReadOnly()
 void TypingAreaTest::theAreaNeverTakesTheFocus()
 {
     QWidget window;
-    auto* line = new TypingArea(&window);
+    TypingArea line(&window);
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     window.setFocus(Qt::OtherFocusReason);
-    QTest::mouseClick(line, Qt::LeftButton);
-    QVERIFY(!line->hasFocus());
+    QTest::mouseClick(&line, Qt::LeftButton);
+    QVERIFY(!line.hasFocus());
     QVERIFY(window.hasFocus());
 }
 

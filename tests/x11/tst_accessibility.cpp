@@ -145,8 +145,8 @@ class AccessibilityTest : public QObject {
     Q_OBJECT
 
 public:
-    explicit AccessibilityTest(const QByteArray& displayName)
-        : display(displayName)
+    explicit AccessibilityTest(QByteArray displayName)
+        : display(std::move(displayName))
     {
     }
 

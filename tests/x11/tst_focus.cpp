@@ -6,16 +6,15 @@
 #include "support/PictureLocator.h"
 #include "support/ProgramRun.h"
 #include "support/ProgramWindows.h"
+#include "support/WaitUntil.h"
 #include "support/WindowManager.h"
 #include "support/XTestMain.h"
 #include "support/XTools.h"
 #include "ui/MainWindow.h"
 
 #include <QComboBox>
-#include <QDeadlineTimer>
 #include <QImage>
 #include <QMargins>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstdlib>
@@ -26,7 +25,6 @@ namespace {
 
 constexpr unsigned int leftButton = 1;
 constexpr int waitLimitMs = 15000;
-constexpr int lookAgainMs = 100;
 
 constexpr QRect screen(0, 0, 1280, 1024);
 constexpr QRect upperCorner(700, 60, 300, 200);
@@ -52,21 +50,6 @@ bool isInLetterBlock(const KbdKey& key)
 {
     const QString row = key.name().left(2);
     return key.keyType() == 0 && QStringList{"AB", "AC", "AD", "AE"}.contains(row);
-}
-
-// Looks again as soon as there is something new; the toolkit's own wait sleeps between its looks.
-template <typename Condition>
-bool waitUntil(const Condition& isMet)
-{
-    const QDeadlineTimer deadline(waitLimitMs);
-    QTimer atTheLatest;
-    atTheLatest.start(lookAgainMs);
-    while (!isMet()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
 }
 
 std::unique_ptr<MainWindow> makeLikeness()

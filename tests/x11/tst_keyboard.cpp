@@ -21,6 +21,7 @@
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -53,8 +54,10 @@ constexpr char ourGeometry[] = "pc-arvane(pc105)";
 // It has no lamps but those in its sections, which are not drawn.
 constexpr char lamplessGeometry[] = "digital_vndr/lk(lk201)";
 
-// Symbols that bind Scroll Lock to a modifier, which the usual ones do not.
+// Symbols that lock without a key for it: with both Shift keys, and on a higher level.
 constexpr char neoSymbols[] = "pc+de(neo)+inet(evdev)";
+
+// Symbols that bind Scroll Lock to a modifier, which the usual ones do not.
 constexpr char scrollLockSymbols[] = "pc+us+inet(evdev)+digital_vndr/lk(common)";
 
 constexpr int anyXkbEvent = -1; // in place of an event type of the core protocol
@@ -168,10 +171,10 @@ private:
 struct Arguments {
     explicit Arguments(const QByteArrayList& options)
         : texts(QByteArrayList{"orvix-kbd-display"} + options)
+        , count(static_cast<int>(texts.size()))
     {
         for (QByteArray& text : texts)
             pointers.push_back(text.data());
-        count = static_cast<int>(pointers.size());
         pointers.push_back(nullptr);
     }
 
@@ -255,8 +258,8 @@ class KeyboardTest : public QObject {
     Q_OBJECT
 
 public:
-    explicit KeyboardTest(const QByteArray& displayName)
-        : display(displayName)
+    explicit KeyboardTest(QByteArray displayName)
+        : display(std::move(displayName))
     {
     }
 

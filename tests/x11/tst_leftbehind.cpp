@@ -178,26 +178,26 @@ private:
     void holdShiftAndA(int mouseButton = firstButton);
     void waitForGoodEnd();
 
-    QTemporaryDir m_directory;
-    XConnection m_connection;
-    std::unique_ptr<MainWindow> m_likeness; // never shown: tells where things are in the program
-    std::unique_ptr<ProgramRun> m_program;
-    Window m_window = x11::none;
-    std::unique_ptr<PictureLocator> m_locator;
-    QList<int> m_buttonsDown;
+    QTemporaryDir directory;
+    XConnection connection;
+    std::unique_ptr<MainWindow> likeness; // never shown: tells where things are in the program
+    std::unique_ptr<ProgramRun> program;
+    Window programWindow = x11::none;
+    std::unique_ptr<PictureLocator> locator;
+    QList<int> buttonsDown;
 };
 
 void LeftBehindTest::initTestCase()
 {
-    m_connection = openDisplay(display());
-    QVERIFY(m_connection);
+    connection = openDisplay(display());
+    QVERIFY(connection);
     // The layout selector is there only with a table, which is looked for in the working directory.
-    QFile table(m_directory.filePath("kbdSpecs.tab"));
+    QFile table(directory.filePath("kbdSpecs.tab"));
     QVERIFY(table.open(QIODevice::WriteOnly));
     table.write("Germany\t\tpc105\tde\t\n");
-    QVERIFY(QDir::setCurrent(m_directory.path()));
-    m_likeness = makeWindow(false);
-    QVERIFY(m_likeness);
+    QVERIFY(QDir::setCurrent(directory.path()));
+    likeness = makeWindow(false);
+    QVERIFY(likeness);
 }
 
 void LeftBehindTest::init()
@@ -207,10 +207,10 @@ void LeftBehindTest::init()
 
 void LeftBehindTest::cleanup()
 {
-    const QList<int> down = m_buttonsDown;
+    const QList<int> down = buttonsDown;
     for (const int number : down)
         button(number, false);
-    m_program.reset();
+    program.reset();
     const QList<int> left = pressed();
     for (const int keycode : left)
         physicalKey(static_cast<KeyCode>(keycode), false);
@@ -218,28 +218,28 @@ void LeftBehindTest::cleanup()
 
 bool LeftBehindTest::startProgram()
 {
-    m_program = std::make_unique<ProgramRun>(KBD_PROGRAM, display());
-    m_program->start({"--tofocus"});
-    m_window = m_program->waitForWindow(m_connection.get());
-    m_locator = std::make_unique<PictureLocator>(m_connection.get(), m_window,
-        PictureLocator::groundOf(m_likeness->picture()->sceneRect()), baseColour);
-    return m_locator->waitForPicture();
+    program = std::make_unique<ProgramRun>(KBD_PROGRAM, display());
+    program->start({"--tofocus"});
+    programWindow = program->waitForWindow(connection.get());
+    locator = std::make_unique<PictureLocator>(connection.get(), programWindow,
+        PictureLocator::groundOf(likeness->picture()->sceneRect()), baseColour);
+    return locator->waitForPicture();
 }
 
 void LeftBehindTest::moveTo(const QPoint& point)
 {
-    XTestFakeMotionEvent(m_connection.get(), -1, point.x(), point.y(), CurrentTime);
-    XSync(m_connection.get(), x11::xFalse);
+    XTestFakeMotionEvent(connection.get(), -1, point.x(), point.y(), CurrentTime);
+    XSync(connection.get(), x11::xFalse);
 }
 
 void LeftBehindTest::button(int number, bool down)
 {
-    XTestFakeButtonEvent(m_connection.get(), static_cast<unsigned int>(number), down, CurrentTime);
-    XSync(m_connection.get(), x11::xFalse);
+    XTestFakeButtonEvent(connection.get(), static_cast<unsigned int>(number), down, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
     if (down)
-        m_buttonsDown.append(number);
+        buttonsDown.append(number);
     else
-        m_buttonsDown.removeAll(number);
+        buttonsDown.removeAll(number);
 }
 
 void LeftBehindTest::click(const QPoint& point)
@@ -251,13 +251,13 @@ void LeftBehindTest::click(const QPoint& point)
 
 void LeftBehindTest::physicalKey(KeyCode keycode, bool down)
 {
-    XTestFakeKeyEvent(m_connection.get(), keycode, down ? x11::xTrue : x11::xFalse, CurrentTime);
-    XSync(m_connection.get(), x11::xFalse);
+    XTestFakeKeyEvent(connection.get(), keycode, down ? x11::xTrue : x11::xFalse, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
 }
 
 QPoint LeftBehindTest::placeOf(KeyCode keycode) const
 {
-    return m_locator->fromScene(sceneCentreOf(*m_likeness, keycode));
+    return locator->fromScene(sceneCentreOf(*likeness, keycode));
 }
 
 void LeftBehindTest::holdShiftAndA(int mouseButton)
@@ -270,10 +270,10 @@ void LeftBehindTest::holdShiftAndA(int mouseButton)
 
 void LeftBehindTest::waitForGoodEnd()
 {
-    QVERIFY(m_program->waitForEnd());
-    QCOMPARE(m_program->errors(), QByteArray());
-    QCOMPARE(m_program->output(), QByteArray());
-    QCOMPARE(m_program->exitStatus(), 0);
+    QVERIFY(program->waitForEnd());
+    QCOMPARE(program->errors(), QByteArray());
+    QCOMPARE(program->output(), QByteArray());
+    QCOMPARE(program->exitStatus(), 0);
 }
 
 void LeftBehindTest::aReleasedButtonReleasesTheKeys_data()
@@ -305,7 +305,7 @@ void LeftBehindTest::aReleasedButtonReleasesTheKeys()
     button(firstButton, false);
     QTRY_COMPARE(pressed(), QList<int>());
 
-    ::kill(static_cast<pid_t>(m_program->processId()), SIGTERM);
+    ::kill(static_cast<pid_t>(program->processId()), SIGTERM);
     waitForGoodEnd();
 }
 
@@ -327,9 +327,9 @@ void LeftBehindTest::anEndedProgramHoldsNoKey()
     holdShiftAndA();
 
     if (signal == closeMessage)
-        askToClose(m_connection.get(), m_window);
+        askToClose(connection.get(), programWindow);
     else
-        ::kill(static_cast<pid_t>(m_program->processId()), signal);
+        ::kill(static_cast<pid_t>(program->processId()), signal);
 
     waitForGoodEnd();
     QCOMPARE(pressed(), QList<int>());
@@ -337,13 +337,13 @@ void LeftBehindTest::anEndedProgramHoldsNoKey()
 
 QPoint LeftBehindTest::placeOfCloseButton() const
 {
-    const auto seen = grabWindow(m_connection.get(), m_window);
-    const QPushButton* close = closeButtonOf(*m_likeness);
+    const auto seen = grabWindow(connection.get(), programWindow);
+    const QPushButton* close = closeButtonOf(*likeness);
     if (!seen || !close)
         return {};
-    m_likeness->resize(seen->image.size());
-    m_likeness->grab(); // lays it out
-    return seen->topLeft + close->mapTo(m_likeness.get(), close->rect().center());
+    likeness->resize(seen->image.size());
+    likeness->grab(); // lays it out
+    return seen->topLeft + close->mapTo(likeness.get(), close->rect().center());
 }
 
 // The pointer belongs to the picture as long as a button holds a key.
@@ -386,10 +386,10 @@ void LeftBehindTest::aWindowThatGoesOutOfSightHoldsNoKey()
     QTRY_COMPARE(pressed(), QList<int>{keyA});
 
     if (manager.isEmpty())
-        XUnmapWindow(m_connection.get(), m_window);
+        XUnmapWindow(connection.get(), programWindow);
     else
-        XIconifyWindow(m_connection.get(), m_window, 0);
-    XSync(m_connection.get(), x11::xFalse);
+        XIconifyWindow(connection.get(), programWindow, 0);
+    XSync(connection.get(), x11::xFalse);
 
     QTRY_COMPARE(pressed(), QList<int>());
 }

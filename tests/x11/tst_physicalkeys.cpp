@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <span>
+#include <utility>
 
 namespace {
 
@@ -76,6 +78,10 @@ private:
     QList<KeyCode> held;
 };
 
+struct FreeDevices {
+    void operator()(XIDeviceInfo* devices) const { XIFreeDeviceInfo(devices); }
+};
+
 // Counts how often a key of the picture is shown going down and up.
 struct Strokes {
     explicit Strokes(const KbdKey* key)
@@ -88,6 +94,41 @@ struct Strokes {
     int presses = 0;
     int releases = 0;
 };
+
+// Makes the server take the user's keyboard for one of XTest's, or for an ordinary one again.
+void markKeyboards(Display* display, bool asXTests)
+{
+    const Atom mark = XInternAtom(display, "XTEST Device", x11::xFalse);
+    const Atom integer = XInternAtom(display, "INTEGER", x11::xFalse);
+    unsigned char on = 1;
+    int count = 0;
+    const std::unique_ptr<XIDeviceInfo, FreeDevices> devices(
+        XIQueryDevice(display, XIAllDevices, &count));
+    for (const XIDeviceInfo& device : std::span(devices.get(), static_cast<std::size_t>(count))) {
+        if (device.use != XISlaveKeyboard || QByteArrayView(device.name).contains("XTEST"))
+            continue;
+        if (asXTests)
+            XIChangeProperty(display, device.deviceid, mark, integer, 8, PropModeReplace, &on, 1);
+        else
+            XIDeleteProperty(display, device.deviceid, mark);
+    }
+    XSync(display, x11::xFalse);
+}
+
+// Another pointer and keyboard come, with devices of their own, and go.
+void addAndRemoveMaster(Display* display)
+{
+    QByteArray name("passing");
+    XIAnyHierarchyChangeInfo change{};
+    change.add = {XIAddMaster, name.data(), x11::xTrue, x11::xTrue};
+    XIChangeHierarchy(display, &change, 1);
+    int count = 0;
+    const std::unique_ptr<XIDeviceInfo, FreeDevices> devices(
+        XIQueryDevice(display, XIAllMasterDevices, &count));
+    change.remove = {XIRemoveMaster, devices.get()[count - 1].deviceid, XIFloating, 0, 0};
+    XIChangeHierarchy(display, &change, 1);
+    XSync(display, x11::xFalse);
+}
 
 bool isPressOf(const KeyTargetLine& line, int keycode)
 {
@@ -102,9 +143,9 @@ class PhysicalKeysTest : public QObject {
     Q_OBJECT
 
 public:
-    PhysicalKeysTest(const QByteArray& outerDisplay, const QByteArray& innerDisplay)
-        : outer(outerDisplay)
-        , inner(innerDisplay)
+    PhysicalKeysTest(QByteArray outerDisplay, QByteArray innerDisplay)
+        : outer(std::move(outerDisplay))
+        , inner(std::move(innerDisplay))
     {
     }
 
@@ -118,6 +159,7 @@ private slots:
     void shiftChangesTheLabelsWhileItIsDown();
     void capsLockLightsItsLampOnceForEachStroke();
     void keysOfOtherProgramsDoNotLight();
+    void aDeviceThatComesIsToldAnewFromTheOthers();
     void aClickedKeyDoesNotLight();
     void aHeldKeyThatRepeatsStaysLit();
     void everyKeyThatIsDownIsLit();
@@ -297,6 +339,31 @@ void PhysicalKeysTest::keysOfOtherProgramsDoNotLight()
     QTRY_COMPARE(physical.releases, 1);
     QCOMPARE(synthetic.presses, 0);
     QCOMPARE(synthetic.releases, 0);
+}
+
+// The id of a device that has gone is given to the next: here the device behind the user's id
+// becomes one of XTest's kind, and an ordinary one again.
+void PhysicalKeysTest::aDeviceThatComesIsToldAnewFromTheOthers()
+{
+    const Strokes ordinary(key("AC01"));
+    const Strokes marked(key("AC02"));
+    QVERIFY(keyboard->strike(code("AC01")));
+    QTRY_COMPARE(ordinary.releases, 1);
+
+    const XConnection otherProgram = openDisplay(inner);
+    markKeyboards(otherProgram.get(), true);
+    addAndRemoveMaster(otherProgram.get());
+    QVERIFY(keyboard->strike(code("AC02")));
+    // What comes after the stroke is seen after it.
+    XkbLockModifiers(otherProgram.get(), x11::coreKeyboard, x11::lockMask, x11::lockMask);
+    XSync(otherProgram.get(), x11::xFalse);
+    QTRY_COMPARE(lampsAlight(), 1);
+    markKeyboards(otherProgram.get(), false);
+    addAndRemoveMaster(otherProgram.get());
+
+    QVERIFY(keyboard->strike(code("AC01")));
+    QTRY_COMPARE(ordinary.releases, 2);
+    QCOMPARE(marked.presses, 0);
 }
 
 void PhysicalKeysTest::aClickedKeyDoesNotLight()

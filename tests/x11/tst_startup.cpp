@@ -91,17 +91,17 @@ public:
     {
         const QByteArray header =
             "#!/bin/sh\nreal=" + QStandardPaths::findExecutable("setxkbmap").toLocal8Bit()
-            + "\nhere=" + m_directory.path().toLocal8Bit() + '\n';
-        const QString path = m_directory.filePath("setxkbmap");
+            + "\nhere=" + directory.path().toLocal8Bit() + '\n';
+        const QString path = directory.filePath("setxkbmap");
         writeFile(path, header + script);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    QString searchPath() const { return m_directory.path() + ':' + qEnvironmentVariable("PATH"); }
-    QString filePath(const QString& name) const { return m_directory.filePath(name); }
+    QString searchPath() const { return directory.path() + ':' + qEnvironmentVariable("PATH"); }
+    QString filePath(const QString& name) const { return directory.filePath(name); }
 
 private:
-    QTemporaryDir m_directory;
+    QTemporaryDir directory;
 };
 
 QString windowTitle(Display* display, Window window)
@@ -202,10 +202,10 @@ private:
     QPoint placeOfSelector(Window window);
     void click(const QPoint& point);
 
-    XConnection m_connection;
-    QTemporaryDir m_prefix; // places where the program is installed, with and without translations
-    std::unique_ptr<FakeSetxkbmap> m_hangingTool;
-    std::unique_ptr<ProgramRun> m_hanging;
+    XConnection connection;
+    QTemporaryDir prefix; // places where the program is installed, with and without translations
+    std::unique_ptr<FakeSetxkbmap> hangingTool;
+    std::unique_ptr<ProgramRun> hanging;
 };
 
 std::unique_ptr<ProgramRun> StartupTest::program()
@@ -224,7 +224,7 @@ void StartupTest::failsWith(ProgramRun& run, const QByteArray& message)
 // With nothing to say for itself.
 void StartupTest::runsAndEnds(ProgramRun& run)
 {
-    QVERIFY2(run.waitForWindow(m_connection.get()) != x11::none, run.errors().constData());
+    QVERIFY2(run.waitForWindow(connection.get()) != x11::none, run.errors().constData());
     ::kill(static_cast<pid_t>(run.processId()), SIGTERM);
     QVERIFY(run.waitForEnd());
     QCOMPARE(run.errors(), QByteArray());
@@ -234,13 +234,12 @@ void StartupTest::runsAndEnds(ProgramRun& run)
 
 void StartupTest::initTestCase()
 {
-    m_connection = openDisplay(display());
-    QVERIFY(m_connection);
-    m_hangingTool =
-        std::make_unique<FakeSetxkbmap>("echo $$ > \"$here/process\"\nexec sleep 300\n");
-    m_hanging = program();
-    m_hanging->setVariable("PATH", m_hangingTool->searchPath());
-    m_hanging->start();
+    connection = openDisplay(display());
+    QVERIFY(connection);
+    hangingTool = std::make_unique<FakeSetxkbmap>("echo $$ > \"$here/process\"\nexec sleep 300\n");
+    hanging = program();
+    hanging->setVariable("PATH", hangingTool->searchPath());
+    hanging->start();
 }
 
 void StartupTest::aBadArgumentIsNamedBeforeTheUsage_data()
@@ -327,20 +326,26 @@ void StartupTest::everyExceptionHasItsMessage()
 void StartupTest::withoutAnXServerOneLineSaysSo_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("no server there") << ":4242";
-    QTest::newRow("no display set") << QString();
-    QTest::newRow("no display's name") << "display";
-    QTest::newRow("a socket that is none") << "/dev/null";
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("no server there") << ":4242" << QStringList();
+    QTest::newRow("no display set") << QString() << QStringList();
+    QTest::newRow("no display's name") << "display" << QStringList();
+    QTest::newRow("a socket that is none") << "/dev/null" << QStringList();
+    QTest::newRow("no such screen") << QString::fromLatin1(display() + ".5") << QStringList();
+    QTest::newRow("a server that the command line names")
+        << ":4242" << QStringList{"-display", ":4242"};
 }
 
 void StartupTest::withoutAnXServerOneLineSaysSo()
 {
     QFETCH(QString, name);
+    QFETCH(QStringList, arguments);
     const auto run = program();
-    run->setVariable("DISPLAY", name);
+    if (arguments.isEmpty())
+        run->setVariable("DISPLAY", name);
     if (name.isEmpty())
         run->removeVariable("DISPLAY");
-    run->start();
+    run->start(arguments);
     QVERIFY(run->waitForEnd());
     const QByteArray message = run->errors();
     QCOMPARE(message.count('\n'), 1);
@@ -402,9 +407,9 @@ void StartupTest::aServerWithoutXTestIsNoFailure()
     const PrivateServer server({"-extension", "XTEST"});
     ProgramRun run(KBD_PROGRAM, server.display());
     run.start({"--tofocus"});
-    const XConnection connection = openDisplay(server.display());
-    QVERIFY(connection);
-    QVERIFY2(run.waitForWindow(connection.get()) != x11::none, run.errors().constData());
+    const XConnection otherConnection = openDisplay(server.display());
+    QVERIFY(otherConnection);
+    QVERIFY2(run.waitForWindow(otherConnection.get()) != x11::none, run.errors().constData());
     ::kill(static_cast<pid_t>(run.processId()), SIGTERM);
     QVERIFY(run.waitForEnd());
     QCOMPARE(run.errors(), QByteArray());
@@ -485,10 +490,10 @@ void StartupTest::withoutSetxkbmapThereAreNoRules()
 
 void StartupTest::click(const QPoint& point)
 {
-    XTestFakeMotionEvent(m_connection.get(), -1, point.x(), point.y(), CurrentTime);
-    XTestFakeButtonEvent(m_connection.get(), 1, x11::xTrue, CurrentTime);
-    XTestFakeButtonEvent(m_connection.get(), 1, x11::xFalse, CurrentTime);
-    XSync(m_connection.get(), x11::xFalse);
+    XTestFakeMotionEvent(connection.get(), -1, point.x(), point.y(), CurrentTime);
+    XTestFakeButtonEvent(connection.get(), 1, x11::xTrue, CurrentTime);
+    XTestFakeButtonEvent(connection.get(), 1, x11::xFalse, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
 }
 
 // Where the program's window has its layout selector: a window of this process has it at the same
@@ -497,7 +502,7 @@ QPoint StartupTest::placeOfSelector(Window window)
 {
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
-    const auto seen = grabWindow(m_connection.get(), window);
+    const auto seen = grabWindow(connection.get(), window);
     if (!seen || !queryComponentNames(&names, toolkitDisplay(), "pc105", "us", {}, {}))
         return {};
     MainWindow likeness("pc105", "us", {}, {}, &names, false, nullptr, {});
@@ -522,7 +527,7 @@ void StartupTest::aLayoutThatCannotBeHadEndsTheProgram()
     run->setVariable("PATH", tool.searchPath());
     run->setWorkingDirectory(directory.path());
     run->start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
-    const Window window = run->waitForWindow(m_connection.get());
+    const Window window = run->waitForWindow(connection.get());
     QVERIFY2(window != x11::none, run->errors().constData());
     const QPoint selector = placeOfSelector(window);
 
@@ -534,8 +539,7 @@ void StartupTest::aLayoutThatCannotBeHadEndsTheProgram()
         if (!nextClick.hasExpired())
             return false;
         nextClick.setRemainingTime(betweenClicksMs);
-        const auto list =
-            grabWindow(m_connection.get(), popupOf(m_connection.get(), run->processId()));
+        const auto list = grabWindow(connection.get(), popupOf(connection.get(), run->processId()));
         click(list ? list->topLeft + QPoint(20, list->image.height() - 8) : selector);
         return false;
     };
@@ -670,15 +674,15 @@ void StartupTest::theFlagsChooseTheTitle()
     QFETCH(QString, title);
     const auto run = program();
     run->start(arguments);
-    const Window window = run->waitForWindow(m_connection.get());
-    QCOMPARE(windowTitle(m_connection.get(), window), title);
+    const Window window = run->waitForWindow(connection.get());
+    QCOMPARE(windowTitle(connection.get(), window), title);
     runsAndEnds(*run);
 }
 
 // A copy of the program, which looks for its data beside itself. Empty when that failed.
 QString StartupTest::install(const QString& place)
 {
-    const QString copy = m_prefix.filePath(place + "/bin/orvix-kbd-display");
+    const QString copy = prefix.filePath(place + "/bin/orvix-kbd-display");
     if (QFile::exists(copy))
         return copy;
     const bool isDone = QDir().mkpath(QFileInfo(copy).path()) && QFile::copy(KBD_PROGRAM, copy);
@@ -687,8 +691,8 @@ QString StartupTest::install(const QString& place)
 
 bool StartupTest::translate(const QString& locale, const QString& title)
 {
-    const QString source = m_prefix.filePath(locale + ".ts");
-    const QString target = m_prefix.filePath(
+    const QString source = prefix.filePath(locale + ".ts");
+    const QString target = prefix.filePath(
         "translated/share/orvix-i18n/" + locale + "/orvix-keyboard-layout_" + locale + ".qm");
     if (QFile::exists(target))
         return true;
@@ -758,9 +762,9 @@ void StartupTest::theLocaleChoosesTheTranslation()
 
     run.start();
 
-    const Window window = run.waitForWindow(m_connection.get());
+    const Window window = run.waitForWindow(connection.get());
     QVERIFY2(window != x11::none, run.errors().constData());
-    QCOMPARE(windowTitle(m_connection.get(), window), title);
+    QCOMPARE(windowTitle(connection.get(), window), title);
 }
 
 void StartupTest::withoutATranslationNothingIsSaid_data()
@@ -784,7 +788,7 @@ void StartupTest::aSecondInstanceEndsAtOnce()
 {
     const auto first = program();
     first->start({"--tofocus"});
-    QVERIFY(first->waitForWindow(m_connection.get()) != x11::none);
+    QVERIFY(first->waitForWindow(connection.get()) != x11::none);
     const auto second = program();
     second->start({"--tofocus", "-layout", "de"});
     QVERIFY(second->waitForEnd());
@@ -796,13 +800,13 @@ void StartupTest::anotherDisplayHasAnInstanceOfItsOwn()
 {
     const auto first = program();
     first->start({"--tofocus"});
-    QVERIFY(first->waitForWindow(m_connection.get()) != x11::none);
+    QVERIFY(first->waitForWindow(connection.get()) != x11::none);
     const PrivateServer server;
-    const XConnection connection = openDisplay(server.display());
-    QVERIFY(connection);
+    const XConnection otherConnection = openDisplay(server.display());
+    QVERIFY(otherConnection);
     ProgramRun second(KBD_PROGRAM, server.display());
     second.start({"--tofocus"});
-    QVERIFY(second.waitForWindow(connection.get()) != x11::none);
+    QVERIFY(second.waitForWindow(otherConnection.get()) != x11::none);
     runsAndEnds(*first);
 }
 
@@ -810,10 +814,10 @@ void StartupTest::withoutTheFlagThereIsNoGuard()
 {
     const auto first = program();
     first->start({"--tofocus"});
-    QVERIFY(first->waitForWindow(m_connection.get()) != x11::none);
+    QVERIFY(first->waitForWindow(connection.get()) != x11::none);
     const auto second = program();
     second->start();
-    QVERIFY(second->waitForWindow(m_connection.get()) != x11::none);
+    QVERIFY(second->waitForWindow(connection.get()) != x11::none);
     const auto third = program();
     third->start({"--standalone"});
     runsAndEnds(*third);
@@ -825,10 +829,10 @@ void StartupTest::aKilledInstanceLeavesNoGuardBehind()
 {
     const auto first = program();
     first->start({"--tofocus"});
-    QVERIFY(first->waitForWindow(m_connection.get()) != x11::none);
+    QVERIFY(first->waitForWindow(connection.get()) != x11::none);
     ::kill(static_cast<pid_t>(first->processId()), SIGKILL);
     QVERIFY(first->waitForEnd());
-    QTRY_COMPARE(guardOwner(m_connection.get()), x11::none);
+    QTRY_COMPARE(guardOwner(connection.get()), x11::none);
     const auto second = program();
     second->start({"--tofocus"});
     runsAndEnds(*second);
@@ -892,9 +896,9 @@ void StartupTest::aMissingSwitcherIsNotStarted()
 
 void StartupTest::aHangingSetxkbmapIsGivenUp()
 {
-    QVERIFY(m_hanging->waitForEnd(45000));
-    failsWith(*m_hanging, rulesFailure);
-    QFile process(m_hangingTool->filePath("process"));
+    QVERIFY(hanging->waitForEnd(45000));
+    failsWith(*hanging, rulesFailure);
+    QFile process(hangingTool->filePath("process"));
     QVERIFY(process.open(QIODevice::ReadOnly));
     const pid_t tool = process.readAll().trimmed().toInt();
     QVERIFY(tool > 0);

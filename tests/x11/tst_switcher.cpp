@@ -56,37 +56,37 @@ public:
         // The display is to come from the arguments alone.
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove("DISPLAY");
-        m_process.setProcessEnvironment(environment);
-        m_process.setWorkingDirectory("/");
-        m_process.start(KBD_SWITCHER, arguments);
-        m_process.waitForStarted();
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory("/");
+        process.start(KBD_SWITCHER, arguments);
+        process.waitForStarted();
     }
 
     ~SwitcherProcess() { stop(); }
 
-    void signal(int number) const { ::kill(static_cast<pid_t>(m_process.processId()), number); }
+    void signal(int number) const { ::kill(static_cast<pid_t>(process.processId()), number); }
 
     // -1 when it does not end within the deadline or crashed.
     int waitForEnd()
     {
-        if (m_process.state() != QProcess::NotRunning)
-            m_process.waitForFinished(longerThanPatienceMs);
-        const bool hasEnded = m_process.state() == QProcess::NotRunning
-            && m_process.exitStatus() == QProcess::NormalExit;
-        return hasEnded ? m_process.exitCode() : -1;
+        if (process.state() != QProcess::NotRunning)
+            process.waitForFinished(longerThanPatienceMs);
+        const bool hasEnded =
+            process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit;
+        return hasEnded ? process.exitCode() : -1;
     }
 
     int stop()
     {
-        if (m_process.state() != QProcess::NotRunning)
+        if (process.state() != QProcess::NotRunning)
             signal(SIGTERM);
         return waitForEnd();
     }
 
-    QByteArray errors() { return m_process.readAllStandardError(); }
+    QByteArray errors() { return process.readAllStandardError(); }
 
 private:
-    QProcess m_process;
+    QProcess process;
 };
 
 using Switcher = std::unique_ptr<SwitcherProcess>;
@@ -154,17 +154,17 @@ private:
     Switcher start(Window window, const QStringList& more) const;
     void type(int keycode, bool isDown);
 
-    QByteArray m_display;
-    XConnection m_connection;
-    int m_xkbEvent = -1;
-    Window m_window = x11::none;
-    Window m_elsewhere = x11::none;
-    QByteArray m_before;
+    QByteArray displayName;
+    XConnection connection;
+    int xkbEvent = -1;
+    Window parentWindow = x11::none;
+    Window elsewhere = x11::none;
+    QByteArray keymapBefore;
 };
 
 Window TestSwitcher::createWindow(Window parent)
 {
-    Display* const display = m_connection.get();
+    Display* const display = connection.get();
     const Window window = XCreateSimpleWindow(display,
         parent == x11::none ? XDefaultRootWindow(display) : parent, 0, 0, 100, 100, 0, 0, 0);
     XMapWindow(display, window);
@@ -174,32 +174,32 @@ Window TestSwitcher::createWindow(Window parent)
 
 void TestSwitcher::focus(Window window)
 {
-    XSetInputFocus(m_connection.get(), window, RevertToParent, CurrentTime);
-    XSync(m_connection.get(), x11::xFalse);
+    XSetInputFocus(connection.get(), window, RevertToParent, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
 }
 
 QString TestSwitcher::symbols()
 {
     XkbDescPtr const description = XkbAllocKeyboard();
-    XkbGetNames(m_connection.get(), XkbSymbolsNameMask, description);
-    const x11::Owned<char> name(XGetAtomName(m_connection.get(), description->names->symbols));
+    XkbGetNames(connection.get(), XkbSymbolsNameMask, description);
+    const x11::Owned<char> name(XGetAtomName(connection.get(), description->names->symbols));
     XkbFreeKeyboard(description, XkbAllComponentsMask, x11::xTrue);
     return QString::fromLatin1(name.get());
 }
 
 bool TestSwitcher::isOwned(const QByteArray& selection)
 {
-    const Atom atom = XInternAtom(m_connection.get(), selection.constData(), x11::xFalse);
-    return XGetSelectionOwner(m_connection.get(), atom) != x11::none;
+    const Atom atom = XInternAtom(connection.get(), selection.constData(), x11::xFalse);
+    return XGetSelectionOwner(connection.get(), atom) != x11::none;
 }
 
 // How often a keyboard was loaded since the last call.
 int TestSwitcher::loadsSeen()
 {
-    XSync(m_connection.get(), x11::xFalse);
+    XSync(connection.get(), x11::xFalse);
     int count = 0;
     XEvent event;
-    while (XCheckTypedEvent(m_connection.get(), m_xkbEvent, &event)) {
+    while (XCheckTypedEvent(connection.get(), xkbEvent, &event)) {
         const auto& news = reinterpret_cast<const XkbEvent&>(event);
         const bool isLoad = news.any.xkb_type == XkbNewKeyboardNotify
             && news.any.device == coreKeyboard && news.new_kbd.req_minor == getKbdByName;
@@ -212,21 +212,21 @@ KeySym TestSwitcher::keysymOf(int keycode)
 {
     int width = 0;
     const x11::Owned<KeySym> keysyms(
-        XGetKeyboardMapping(m_connection.get(), static_cast<KeyCode>(keycode), 1, &width));
+        XGetKeyboardMapping(connection.get(), static_cast<KeyCode>(keycode), 1, &width));
     return keysyms.get()[0];
 }
 
 XkbStateRec TestSwitcher::state()
 {
     XkbStateRec result{};
-    XkbGetState(m_connection.get(), x11::coreKeyboard, &result);
+    XkbGetState(connection.get(), x11::coreKeyboard, &result);
     return result;
 }
 
 bool TestSwitcher::repeats(int keycode)
 {
     XKeyboardState control{};
-    XGetKeyboardControl(m_connection.get(), &control);
+    XGetKeyboardControl(connection.get(), &control);
     return control.auto_repeats[keycode / 8] & (1 << keycode % 8);
 }
 
@@ -235,22 +235,22 @@ void TestSwitcher::setRepeat(int keycode, bool isOn)
     XKeyboardControl control{};
     control.key = keycode;
     control.auto_repeat_mode = isOn ? AutoRepeatModeOn : AutoRepeatModeOff;
-    XChangeKeyboardControl(m_connection.get(), KBKey | KBAutoRepeatMode, &control);
-    XSync(m_connection.get(), x11::xFalse);
+    XChangeKeyboardControl(connection.get(), KBKey | KBAutoRepeatMode, &control);
+    XSync(connection.get(), x11::xFalse);
 }
 
 QByteArray TestSwitcher::deviceKeymap(int device) const
 {
     return runTool("xkbcomp",
-        {"-w", "0", "-i", QString::number(device), "-xkb", QString::fromLatin1(m_display), "-"},
-        m_display)
+        {"-w", "0", "-i", QString::number(device), "-xkb", QString::fromLatin1(displayName), "-"},
+        displayName)
         .output;
 }
 
 QStringList TestSwitcher::who(Window window, qint64 parent) const
 {
     return {"--parent", QString::number(parent), "--window", QString::number(window), "--display",
-        QString::fromLatin1(m_display)};
+        QString::fromLatin1(displayName)};
 }
 
 Switcher TestSwitcher::start(Window window, const QStringList& more) const
@@ -260,46 +260,46 @@ Switcher TestSwitcher::start(Window window, const QStringList& more) const
 
 void TestSwitcher::type(int keycode, bool isDown)
 {
-    XTestFakeKeyEvent(m_connection.get(), static_cast<unsigned int>(keycode), isDown, CurrentTime);
-    XSync(m_connection.get(), x11::xFalse);
+    XTestFakeKeyEvent(connection.get(), static_cast<unsigned int>(keycode), isDown, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
 }
 
 void TestSwitcher::initTestCase()
 {
-    m_display = qgetenv("DISPLAY");
-    m_connection = openDisplay(m_display);
-    QVERIFY(m_connection);
+    displayName = qgetenv("DISPLAY");
+    connection = openDisplay(displayName);
+    QVERIFY(connection);
     int opcode = 0;
     int error = 0;
-    QVERIFY(XkbQueryExtension(m_connection.get(), &opcode, &m_xkbEvent, &error, nullptr, nullptr));
+    QVERIFY(XkbQueryExtension(connection.get(), &opcode, &xkbEvent, &error, nullptr, nullptr));
     XkbSelectEvents(
-        m_connection.get(), x11::coreKeyboard, XkbNewKeyboardNotifyMask, XkbNewKeyboardNotifyMask);
-    m_elsewhere = createWindow();
+        connection.get(), x11::coreKeyboard, XkbNewKeyboardNotifyMask, XkbNewKeyboardNotifyMask);
+    elsewhere = createWindow();
 }
 
 void TestSwitcher::init()
 {
-    QVERIFY(setKeyboard(m_display, {"-model", "pc105", "-layout", "us", "-option", ""}));
-    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, 0);
-    XkbLockGroup(m_connection.get(), x11::coreKeyboard, 0);
-    if (m_window != x11::none)
-        XDestroyWindow(m_connection.get(), m_window);
-    m_window = createWindow();
-    focus(m_elsewhere);
-    m_before = keymapText(m_display);
-    QVERIFY(m_before.contains(americanSymbols.toLatin1()));
+    QVERIFY(setKeyboard(displayName, {"-model", "pc105", "-layout", "us", "-option", ""}));
+    XkbLockModifiers(connection.get(), x11::coreKeyboard, 0xff, 0);
+    XkbLockGroup(connection.get(), x11::coreKeyboard, 0);
+    if (parentWindow != x11::none)
+        XDestroyWindow(connection.get(), parentWindow);
+    parentWindow = createWindow();
+    focus(elsewhere);
+    keymapBefore = keymapText(displayName);
+    QVERIFY(keymapBefore.contains(americanSymbols.toLatin1()));
     loadsSeen();
 }
 
 void TestSwitcher::theKeyboardIsLoadedWhileTheWindowHasTheFocus()
 {
-    const Switcher switcher = start(m_window, german);
+    const Switcher switcher = start(parentWindow, german);
     for (int round = 0; round < 3; ++round) {
-        focus(m_window);
+        focus(parentWindow);
         QTRY_COMPARE(symbols(), germanSymbols);
-        focus(m_elsewhere);
+        focus(elsewhere);
         QTRY_COMPARE(symbols(), americanSymbols);
-        QCOMPARE(keymapText(m_display), m_before);
+        QCOMPARE(keymapText(displayName), keymapBefore);
     }
     QCOMPARE(switcher->stop(), 0);
     QCOMPARE(switcher->errors(), QByteArray());
@@ -307,34 +307,34 @@ void TestSwitcher::theKeyboardIsLoadedWhileTheWindowHasTheFocus()
 
 void TestSwitcher::aFocusOnADescendantOfTheWindowCounts()
 {
-    const Window child = createWindow(createWindow(m_window));
-    const Switcher switcher = start(m_window, german);
+    const Window child = createWindow(createWindow(parentWindow));
+    const Switcher switcher = start(parentWindow, german);
     focus(child);
     QTRY_COMPARE(symbols(), germanSymbols);
-    focus(m_window);
+    focus(parentWindow);
     QCOMPARE(switcher->stop(), 0);
     QCOMPARE(loadsSeen(), 1);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::aWindowThatHasTheFocusAtTheStartCounts()
 {
-    focus(m_window);
-    const Switcher switcher = start(m_window, german);
+    focus(parentWindow);
+    const Switcher switcher = start(parentWindow, german);
     QTRY_COMPARE(symbols(), germanSymbols);
 }
 
 void TestSwitcher::aStaticSwitcherLoadsWithoutTheFocus()
 {
-    const Switcher switcher = start(m_window, german + QStringList{"--static"});
+    const Switcher switcher = start(parentWindow, german + QStringList{"--static"});
     QTRY_COMPARE(symbols(), germanSymbols);
-    focus(m_window);
-    focus(m_elsewhere);
-    XDestroyWindow(m_connection.get(), m_window);
-    m_window = x11::none;
+    focus(parentWindow);
+    focus(elsewhere);
+    XDestroyWindow(connection.get(), parentWindow);
+    parentWindow = x11::none;
     QCOMPARE(switcher->stop(), 0);
     QCOMPARE(loadsSeen(), 1);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::anEndPutsTheKeyboardBack_data()
@@ -351,12 +351,12 @@ void TestSwitcher::anEndPutsTheKeyboardBack()
 {
     QFETCH(int, number);
     QFETCH(QStringList, mode);
-    focus(m_window);
-    const Switcher switcher = start(m_window, german + mode);
+    focus(parentWindow);
+    const Switcher switcher = start(parentWindow, german + mode);
     QTRY_COMPARE(symbols(), germanSymbols);
     switcher->signal(number);
     QCOMPARE(switcher->waitForEnd(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::theKeyboardComesBackWhenTheWindowIsDestroyed()
@@ -365,10 +365,10 @@ void TestSwitcher::theKeyboardComesBackWhenTheWindowIsDestroyed()
     focus(window);
     const Switcher switcher = start(window, german);
     QTRY_COMPARE(symbols(), germanSymbols);
-    XDestroyWindow(m_connection.get(), window);
-    XSync(m_connection.get(), x11::xFalse);
+    XDestroyWindow(connection.get(), window);
+    XSync(connection.get(), x11::xFalse);
     QCOMPARE(switcher->waitForEnd(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled_data()
@@ -385,24 +385,24 @@ void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled()
     QProcess parent;
     parent.start("cat");
     QVERIFY(parent.waitForStarted());
-    focus(m_window);
-    SwitcherProcess switcher(who(m_window, parent.processId()) + german + mode);
+    focus(parentWindow);
+    SwitcherProcess switcher(who(parentWindow, parent.processId()) + german + mode);
     QTRY_COMPARE(symbols(), germanSymbols);
     parent.kill();
     QVERIFY(parent.waitForFinished());
     QCOMPARE(switcher.waitForEnd(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::aKilledParentWithTheFocusLeavesNothingBehind()
 {
-    KeyTargetProcess parent(m_display);
+    KeyTargetProcess parent(displayName);
     QVERIFY(parent.waitForReady());
     SwitcherProcess switcher(who(parent.windowId(), parent.processId()) + german);
     QTRY_COMPARE(symbols(), germanSymbols);
     QCOMPARE(::kill(static_cast<pid_t>(parent.processId()), SIGKILL), 0);
     QCOMPARE(switcher.waitForEnd(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::anyKeyboardComesBackExactly_data()
@@ -425,50 +425,51 @@ void TestSwitcher::anyKeyboardComesBackExactly_data()
 void TestSwitcher::anyKeyboardComesBackExactly()
 {
     QFETCH(QStringList, present);
-    QVERIFY(setKeyboard(m_display, present));
-    const QByteArray before = keymapText(m_display);
-    QVERIFY(before != m_before);
-    const Switcher switcher = start(m_window, german);
-    focus(m_window);
+    QVERIFY(setKeyboard(displayName, present));
+    const QByteArray before = keymapText(displayName);
+    QVERIFY(before != keymapBefore);
+    const Switcher switcher = start(parentWindow, german);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
-    QVERIFY(keymapText(m_display) != before);
+    QVERIFY(keymapText(displayName) != before);
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(keymapText(m_display), before);
+    QCOMPARE(keymapText(displayName), before);
 }
 
 // It has what no component file has, so no name leads back to it.
 void TestSwitcher::aKeyboardThatWasUploadedComesBackExactly()
 {
-    QByteArray text = m_before;
+    QByteArray text = keymapBefore;
     text.replace("key <AE01> {         [               1,          exclam ] };",
         "key <AE01> { type=\"ONE_LEVEL\", repeat=No, radioGroup=3, symbols[Group1]=[x],"
         " actions[Group1]=[ Private(type=0x90,data=\"abcdefg\") ] };"
         "key <AE02> { overlay1=<KP1>, [a, b, c, d] }; key <AE03> { lock=Yes, [F13] };");
-    QVERIFY(text != m_before);
+    QVERIFY(text != keymapBefore);
     QTemporaryFile file;
     QVERIFY(file.open());
     QCOMPARE(file.write(text), text.size());
     QVERIFY(file.flush());
-    QCOMPARE(runTool("xkbcomp", {"-w", "0", file.fileName(), m_display}, m_display).status, 0);
-    const QByteArray before = keymapText(m_display);
+    QCOMPARE(runTool("xkbcomp", {"-w", "0", file.fileName(), displayName}, displayName).status, 0);
+    const QByteArray before = keymapText(displayName);
     QVERIFY(before.contains("radioGroup= 3"));
 
-    const Switcher switcher = start(m_window, german);
-    focus(m_window);
+    const Switcher switcher = start(parentWindow, german);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(keymapText(m_display), before);
+    QCOMPARE(keymapText(displayName), before);
 }
 
 void TestSwitcher::everyDeviceGetsItsOwnKeyboardBack()
 {
-    QVERIFY(setKeyboard(m_display, {"-device", QString::number(serversKeyboard), "-layout", "ru"}));
+    QVERIFY(
+        setKeyboard(displayName, {"-device", QString::number(serversKeyboard), "-layout", "ru"}));
     QMap<int, QByteArray> before;
     for (const int device : {coreKeyboard, xtestKeyboard, serversKeyboard})
         before[device] = deviceKeymap(device);
     QVERIFY(before[serversKeyboard] != before[xtestKeyboard]);
-    const Switcher switcher = start(m_window, german);
-    focus(m_window);
+    const Switcher switcher = start(parentWindow, german);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
     QVERIFY(deviceKeymap(serversKeyboard).contains(germanSymbols.toLatin1()));
     QCOMPARE(switcher->stop(), 0);
@@ -478,19 +479,19 @@ void TestSwitcher::everyDeviceGetsItsOwnKeyboardBack()
 
 void TestSwitcher::whatWasChangedWhileTheFocusWasElsewhereComesBack()
 {
-    const Switcher switcher = start(m_window, german);
-    focus(m_window);
+    const Switcher switcher = start(parentWindow, german);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
-    focus(m_elsewhere);
+    focus(elsewhere);
     QTRY_COMPARE(symbols(), americanSymbols);
-    QVERIFY(setKeyboard(m_display, {"-layout", "es,gr"}));
-    const QByteArray changed = keymapText(m_display);
-    focus(m_window);
+    QVERIFY(setKeyboard(displayName, {"-layout", "es,gr"}));
+    const QByteArray changed = keymapText(displayName);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
-    focus(m_elsewhere);
+    focus(elsewhere);
     QTRY_COMPARE(symbols(), "pc+es+gr:2+inet(evdev)");
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(keymapText(m_display), changed);
+    QCOMPARE(keymapText(displayName), changed);
 }
 
 void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays_data()
@@ -506,23 +507,23 @@ void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays()
 {
     QFETCH(QStringList, mode);
     QFETCH(QString, layout);
-    focus(m_window);
-    const Switcher switcher = start(m_window, german + mode);
+    focus(parentWindow);
+    const Switcher switcher = start(parentWindow, german + mode);
     QTRY_COMPARE(symbols(), germanSymbols);
-    QVERIFY(setKeyboard(m_display, {"-layout", layout}));
-    const QByteArray changed = keymapText(m_display);
-    focus(m_elsewhere);
+    QVERIFY(setKeyboard(displayName, {"-layout", layout}));
+    const QByteArray changed = keymapText(displayName);
+    focus(elsewhere);
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(keymapText(m_display), changed);
+    QCOMPARE(keymapText(displayName), changed);
 }
 
 void TestSwitcher::keysThatWereEditedMeanwhileAreCarriedOver()
 {
-    const Switcher switcher = start(m_window, german + QStringList{"--static"});
+    const Switcher switcher = start(parentWindow, german + QStringList{"--static"});
     QTRY_COMPARE(symbols(), germanSymbols);
     KeySym edited[]{XK_Greek_delta, XK_Greek_DELTA};
-    XChangeKeyboardMapping(m_connection.get(), keyD, 2, edited, 1);
-    XSync(m_connection.get(), x11::xFalse);
+    XChangeKeyboardMapping(connection.get(), keyD, 2, edited, 1);
+    XSync(connection.get(), x11::xFalse);
     QCOMPARE(switcher->stop(), 0);
     QCOMPARE(symbols(), americanSymbols);
     QCOMPARE(keysymOf(keyD), KeySym(XK_Greek_delta));
@@ -531,30 +532,30 @@ void TestSwitcher::keysThatWereEditedMeanwhileAreCarriedOver()
 
 void TestSwitcher::locksGroupAndRepeatsComeBack()
 {
-    QVERIFY(setKeyboard(m_display, {"-layout", "us,ru,gr"}));
-    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, capsLock | numLock);
-    XkbLockGroup(m_connection.get(), x11::coreKeyboard, 2);
-    XSync(m_connection.get(), x11::xFalse);
-    QCOMPARE(runTool("xset", {"r", "rate", "321", "43"}, m_display).status, 0);
+    QVERIFY(setKeyboard(displayName, {"-layout", "us,ru,gr"}));
+    XkbLockModifiers(connection.get(), x11::coreKeyboard, 0xff, capsLock | numLock);
+    XkbLockGroup(connection.get(), x11::coreKeyboard, 2);
+    XSync(connection.get(), x11::xFalse);
+    QCOMPARE(runTool("xset", {"r", "rate", "321", "43"}, displayName).status, 0);
     setRepeat(keyA, false);
     setRepeat(leftShift, true);
-    const QByteArray before = runTool("xset", {"q"}, m_display).output;
-    const QByteArray keymap = keymapText(m_display);
+    const QByteArray before = runTool("xset", {"q"}, displayName).output;
+    const QByteArray keymap = keymapText(displayName);
     QVERIFY(before.contains("repeat delay:  321"));
     QVERIFY(before.contains("Caps Lock:   on"));
 
-    const Switcher switcher = start(m_window, german);
-    focus(m_window);
+    const Switcher switcher = start(parentWindow, german);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
     // A key press makes the server forget a group that the present keyboard does not have.
     type(keyQ, true);
     type(keyQ, false);
     QCOMPARE(int(state().locked_group), 0);
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(keymapText(m_display), keymap);
+    QCOMPARE(keymapText(displayName), keymap);
     QCOMPARE(int(state().locked_mods), int(capsLock | numLock));
     QCOMPARE(int(state().locked_group), 2);
-    QCOMPARE(runTool("xset", {"q"}, m_display).output, before);
+    QCOMPARE(runTool("xset", {"q"}, displayName).output, before);
 
     setRepeat(keyA, true);
     setRepeat(leftShift, false);
@@ -562,13 +563,13 @@ void TestSwitcher::locksGroupAndRepeatsComeBack()
 
 void TestSwitcher::locksAndRepeatsThatTheUserChangedMeanwhileStay()
 {
-    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, numLock);
-    XSync(m_connection.get(), x11::xFalse);
-    const Switcher switcher = start(m_window, german);
-    focus(m_window);
+    XkbLockModifiers(connection.get(), x11::coreKeyboard, 0xff, numLock);
+    XSync(connection.get(), x11::xFalse);
+    const Switcher switcher = start(parentWindow, german);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
-    XkbLockModifiers(m_connection.get(), x11::coreKeyboard, 0xff, capsLock | x11::mod5Mask);
-    XSync(m_connection.get(), x11::xFalse);
+    XkbLockModifiers(connection.get(), x11::coreKeyboard, 0xff, capsLock | x11::mod5Mask);
+    XSync(connection.get(), x11::xFalse);
     QVERIFY(!repeats(leftShift));
     setRepeat(leftShift, true);
     QCOMPARE(switcher->stop(), 0);
@@ -580,14 +581,14 @@ void TestSwitcher::locksAndRepeatsThatTheUserChangedMeanwhileStay()
 
 void TestSwitcher::theNamesOfTheRulesAreNotTouched()
 {
-    const QByteArray before = runTool("setxkbmap", {"-query"}, m_display).output;
+    const QByteArray before = runTool("setxkbmap", {"-query"}, displayName).output;
     QVERIFY(before.contains("us"));
-    const Switcher switcher = start(m_window, german);
-    focus(m_window);
+    const Switcher switcher = start(parentWindow, german);
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
-    QCOMPARE(runTool("setxkbmap", {"-query"}, m_display).output, before);
+    QCOMPARE(runTool("setxkbmap", {"-query"}, displayName).output, before);
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(runTool("setxkbmap", {"-query"}, m_display).output, before);
+    QCOMPARE(runTool("setxkbmap", {"-query"}, displayName).output, before);
 }
 
 void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed_data()
@@ -600,72 +601,72 @@ void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed_data()
 void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed()
 {
     QFETCH(bool, isArrival);
-    const Switcher switcher = start(m_window, german);
-    focus(isArrival ? m_elsewhere : m_window);
+    const Switcher switcher = start(parentWindow, german);
+    focus(isArrival ? elsewhere : parentWindow);
     QTRY_COMPARE(symbols(), isArrival ? americanSymbols : germanSymbols);
     type(leftShift, true);
     type(keyA, true);
     QCOMPARE(int(state().base_mods), int(ShiftMask));
-    focus(isArrival ? m_window : m_elsewhere);
+    focus(isArrival ? parentWindow : elsewhere);
     QTRY_COMPARE(symbols(), isArrival ? germanSymbols : americanSymbols);
     type(keyA, false);
     type(leftShift, false);
-    QCOMPARE(pressedKeys(m_display), QList<int>());
+    QCOMPARE(pressedKeys(displayName), QList<int>());
     QCOMPARE(int(state().mods), 0);
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::nothingIsLoadedWhenTheServerHasTheComponents()
 {
-    const Switcher switcher = start(m_window, american);
-    focus(m_window);
+    const Switcher switcher = start(parentWindow, american);
+    focus(parentWindow);
     QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_KEYBOARD"));
     QCOMPARE(switcher->stop(), 0);
     QCOMPARE(loadsSeen(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::nothingIsLoadedWithoutTheFocus()
 {
-    const Switcher switcher = start(m_window, german);
-    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(m_window))));
+    const Switcher switcher = start(parentWindow, german);
+    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(parentWindow))));
     QCOMPARE(switcher->stop(), 0);
     QCOMPARE(loadsSeen(), 0);
 }
 
 void TestSwitcher::aComponentThatIsNotGivenStaysAsItIs()
 {
-    const Switcher switcher = start(m_window, {"--symbols", germanSymbols});
-    focus(m_window);
+    const Switcher switcher = start(parentWindow, {"--symbols", germanSymbols});
+    focus(parentWindow);
     QTRY_COMPARE(symbols(), germanSymbols);
-    const QByteArray loaded = keymapText(m_display);
+    const QByteArray loaded = keymapText(displayName);
     QVERIFY(loaded.contains("xkb_types \"complete\""));
     QVERIFY(loaded.contains("xkb_geometry \"pc(pc105)\""));
     QCOMPARE(switcher->stop(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::aNewerSwitcherOfTheWindowReplacesTheOlder()
 {
-    focus(m_window);
-    const Switcher older = start(m_window, german);
+    focus(parentWindow);
+    const Switcher older = start(parentWindow, german);
     QTRY_COMPARE(symbols(), germanSymbols);
-    const Switcher newer = start(m_window, french);
+    const Switcher newer = start(parentWindow, french);
     QTRY_COMPARE(symbols(), frenchSymbols);
     QCOMPARE(older->waitForEnd(), 0);
     QCOMPARE(newer->stop(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 // And an older one that comes round later leaves the newer one's keyboard alone.
 void TestSwitcher::aNewerSwitcherDoesNotWaitForeverForTheOlder()
 {
-    focus(m_window);
-    const Switcher older = start(m_window, german);
+    focus(parentWindow);
+    const Switcher older = start(parentWindow, german);
     QTRY_COMPARE(symbols(), germanSymbols);
     older->signal(SIGSTOP);
-    const Switcher newer = start(m_window, french);
+    const Switcher newer = start(parentWindow, french);
     QTRY_COMPARE_WITH_TIMEOUT(symbols(), frenchSymbols, longerThanPatienceMs);
     older->signal(SIGCONT);
     QCOMPARE(older->waitForEnd(), 0);
@@ -675,37 +676,37 @@ void TestSwitcher::aNewerSwitcherDoesNotWaitForeverForTheOlder()
 void TestSwitcher::windowsHaveTheirKeyboardsInTurn()
 {
     const Window other = createWindow();
-    const Switcher one = start(m_window, german);
+    const Switcher one = start(parentWindow, german);
     const Switcher two = start(other, french);
     for (int round = 0; round < 5; ++round) {
-        focus(m_window);
+        focus(parentWindow);
         QTRY_COMPARE(symbols(), germanSymbols);
         focus(other);
         QTRY_COMPARE(symbols(), frenchSymbols);
     }
-    focus(m_elsewhere);
+    focus(elsewhere);
     QTRY_COMPARE(symbols(), americanSymbols);
-    QCOMPARE(keymapText(m_display), m_before);
-    XDestroyWindow(m_connection.get(), other);
+    QCOMPARE(keymapText(displayName), keymapBefore);
+    XDestroyWindow(connection.get(), other);
 }
 
 void TestSwitcher::aStaticKeyboardComesBackAfterAnotherWindowsTurn()
 {
     const Window other = createWindow();
-    const Switcher fixed = start(m_window, german + QStringList{"--static"});
+    const Switcher fixed = start(parentWindow, german + QStringList{"--static"});
     QTRY_COMPARE(symbols(), germanSymbols);
     const Switcher focused = start(other, french);
     focus(other);
     QTRY_COMPARE(symbols(), frenchSymbols);
-    focus(m_elsewhere);
+    focus(elsewhere);
     QTRY_COMPARE(symbols(), germanSymbols);
     focus(other);
     QTRY_COMPARE(symbols(), frenchSymbols);
     QCOMPARE(fixed->stop(), 0);
     QCOMPARE(symbols(), frenchSymbols);
     QCOMPARE(focused->stop(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
-    XDestroyWindow(m_connection.get(), other);
+    QCOMPARE(keymapText(displayName), keymapBefore);
+    XDestroyWindow(connection.get(), other);
 }
 
 void TestSwitcher::componentsThatCannotBeLoadedChangeNothing_data()
@@ -719,19 +720,19 @@ void TestSwitcher::componentsThatCannotBeLoadedChangeNothing_data()
 void TestSwitcher::componentsThatCannotBeLoadedChangeNothing()
 {
     QFETCH(QStringList, components);
-    focus(m_window);
-    const Switcher switcher = start(m_window, components);
+    focus(parentWindow);
+    const Switcher switcher = start(parentWindow, components);
     QCOMPARE(switcher->waitForEnd(), 1);
     QCOMPARE(switcher->errors(),
         QByteArray("orvix-kbd-switcher: the X server cannot load this keyboard\n"));
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::malformedArgumentsAreRefusedInOneLine_data()
 {
     const QStringList parent{"--parent", QString::number(getpid())};
     const QStringList window{"--window", "4194305"};
-    const QStringList display{"--display", QString::fromLatin1(m_display)};
+    const QStringList display{"--display", QString::fromLatin1(displayName)};
     const QStringList isStatic{"--static"};
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("none") << QStringList();
@@ -766,7 +767,7 @@ void TestSwitcher::malformedArgumentsAreRefusedInOneLine()
     QVERIFY2(errors.startsWith("orvix-kbd-switcher: "), errors.constData());
     QCOMPARE(errors.indexOf('\n'), errors.size() - 1);
     QCOMPARE(loadsSeen(), 0);
-    QCOMPARE(keymapText(m_display), m_before);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void TestSwitcher::aDisplayThatIsNotThereIsRefusedInOneLine()
@@ -797,9 +798,9 @@ void TestSwitcher::aParentOrWindowThatIsNotThereEndsIt()
     const qint64 gone = brief.processId();
     QVERIFY(brief.waitForFinished());
     const Window noWindow = createWindow();
-    XDestroyWindow(m_connection.get(), noWindow);
-    focus(m_window);
-    SwitcherProcess switcher((hasParent ? who(noWindow) : who(m_window, gone)) + german + mode);
+    XDestroyWindow(connection.get(), noWindow);
+    focus(parentWindow);
+    SwitcherProcess switcher((hasParent ? who(noWindow) : who(parentWindow, gone)) + german + mode);
     QCOMPARE(switcher.waitForEnd(), 0);
     QCOMPARE(switcher.errors(), QByteArray());
     QCOMPARE(loadsSeen(), 0);

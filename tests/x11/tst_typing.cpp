@@ -4,20 +4,21 @@
 #include "support/FailurePictures.h"
 #include "support/KeyTargetProcess.h"
 #include "support/PrivateServer.h"
+#include "support/WaitUntil.h"
 #include "support/WindowManager.h"
 #include "support/XErrors.h"
 #include "support/XTools.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QMap>
+#include <QPrintDialog>
+#include <QPushButton>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -30,8 +31,7 @@ namespace {
 constexpr char instanceName[] = "orvix-kbd-display-tofocus";
 
 constexpr unsigned int leftButton = 1;
-constexpr int waitLimitMs = 15000;
-constexpr int lookAgainMs = 100;
+constexpr int dialogPollMs = 20;
 
 // Where no window of ours is: a pointer that rests on a key brings up its tool tip.
 constexpr QPoint awayFromAll(2, 2);
@@ -69,7 +69,7 @@ constexpr int fewestKeys = 90; // without the modifiers
 
 // Modifiers, by KbdKey::modifierName(), that are clicked on before the keys are clicked.
 struct StateRow {
-    const char* name;
+    const char* name = nullptr;
     QStringList modifiers;
 };
 
@@ -148,21 +148,6 @@ public:
 private:
     XConnection connection;
 };
-
-// Looks again as soon as there is something new; the toolkit's own wait sleeps between its looks.
-template <typename Condition>
-bool waitUntil(const Condition& isMet)
-{
-    const QDeadlineTimer deadline(waitLimitMs);
-    QTimer atTheLatest;
-    atTheLatest.start(lookAgainMs);
-    while (!isMet()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
 
 // The pixel of the screen that a point of the widget is on, by the server's account.
 QPoint onScreen(Display* display, const QWidget& widget, const QPoint& point)
@@ -293,6 +278,7 @@ private slots:
     void lettersAreDrawnAndTypedAsCapitalsWhileCapsLockIsOn_data();
     void lettersAreDrawnAndTypedAsCapitalsWhileCapsLockIsOn();
     void theFifthLevelIsTyped();
+    void theTargetHasTheFocusAgainAfterThePrintDialog();
     void capsLockIsSwitchedWhileShiftIsHeld();
     void theTextLineShowsWhatIsDrawn_data();
     void theTextLineShowsWhatIsDrawn();
@@ -590,6 +576,36 @@ void TypingTest::theFifthLevelIsTyped()
     QVERIFY(changed.contains("AC01"));
     QVERIFY(click(**fifthLevel));
     QVERIFY(waitUntil([&] { return picture().modifiers() == 0; }));
+}
+
+void TypingTest::theTargetHasTheFocusAgainAfterThePrintDialog()
+{
+    QVERIFY(startApplication("--tofocus", {"-model", "pc105", "-layout", "us"}));
+    QVERIFY(startTarget());
+    bool hadFocus = false;
+    QTimer reader; // of the dialog, which returns when it is closed
+    connect(&reader, &QTimer::timeout, &reader, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        hadFocus = dialog && dialog->isActiveWindow();
+        if (hadFocus)
+            dialog->reject();
+    });
+    reader.start(dialogPollMs);
+    const QList<QPushButton*> buttons = mainWindow()->findChildren<QPushButton*>();
+    for (QPushButton* button : buttons) {
+        if (button->text() == "Print")
+            button->click();
+    }
+    reader.stop();
+    QVERIFY(hadFocus);
+
+    const auto focus = [this] {
+        Window window = x11::none;
+        int revertTo = 0;
+        XGetInputFocus(pointer.display(), &window, &revertTo);
+        return window;
+    };
+    QVERIFY(waitUntil([&] { return focus() == target->windowId(); }));
 }
 
 void TypingTest::capsLockIsSwitchedWhileShiftIsHeld()

@@ -2,6 +2,7 @@
 
 #include "app/description/ToolRun.h"
 
+#include <QByteArrayView>
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -66,16 +67,10 @@ QRegularExpression includePattern(const char* keyword)
         QLatin1StringView(keyword) + QStringLiteral("\\s*\\{\\s*include\\s+\"(.*)\"\\s*\\}"));
 }
 
-void appendOption(QStringList& arguments, const char* option, const QString& value)
-{
-    if (!value.isEmpty())
-        arguments << QString::fromLatin1(option) << value;
-}
-
 void preferPlatformGeometry(XkbComponentNamesRec* names)
 {
     for (const GeometryReplacement& row : platformGeometries) {
-        if (std::strcmp(names->geometry, row.printed) == 0)
+        if (QByteArrayView(names->geometry) == row.printed)
             return replace(names->geometry, row.used);
     }
 }
@@ -84,7 +79,7 @@ void preferPlatformGeometry(XkbComponentNamesRec* names)
 // answer with that. Keys that the user has would be missing from the picture.
 void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
 {
-    if (std::strcmp(names->geometry, fallbackGeometry) != 0)
+    if (QByteArrayView(names->geometry) != fallbackGeometry)
         return;
     for (const char* board : largerBoards) {
         if (model == QLatin1String(board))
@@ -94,8 +89,9 @@ void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
 
 } // namespace
 
-bool queryComponentNames(XkbComponentNamesRec* names, Display* display, const QString& model,
-    const QString& layout, const QString& variant, const QString& options)
+bool queryComponentNames( // NOLINT(readability-function-size): the settings stand side by side
+    XkbComponentNamesRec* names, Display* display, const QString& model, const QString& layout,
+    const QString& variant, const QString& options)
 {
     *names = {};
     QStringList arguments{

@@ -3,7 +3,7 @@
 #include <QProcess>
 
 namespace {
-constexpr qint64 outputLimit = 1024 * 1024;
+constexpr qint64 outputLimit = 1048576; // bytes
 }
 
 std::optional<QByteArray> toolOutput(
@@ -26,4 +26,10 @@ std::optional<QByteArray> toolOutput(
     if (!ended || tool.bytesAvailable() > outputLimit)
         return std::nullopt;
     return tool.readAllStandardOutput();
+}
+
+void appendOption(QStringList& arguments, const char* option, const QString& value)
+{
+    if (!value.isEmpty())
+        arguments << QString::fromLatin1(option) << value;
 }

@@ -11,3 +11,7 @@
 // A program that has not ended is killed. Blocks until then.
 std::optional<QByteArray> toolOutput(
     const QString& program, const QStringList& arguments, int timeout);
+
+// Adds the option (with its dashes) and its value to a tool's arguments; nothing where the value is
+// empty.
+void appendOption(QStringList& arguments, const char* option, const QString& value);

@@ -19,13 +19,13 @@ QString translateXkbName(const QString& text)
         return text;
 
     const QByteArray message = text.toUtf8();
-    const QString own = QCoreApplication::translate("QObject", message.constData());
+    QString own = QCoreApplication::translate("QObject", message.constData());
     if (own != text)
         return own;
 
     for (const char* domain : domains) {
         bind_textdomain_codeset(domain, "UTF-8");
-        const QString found = QString::fromUtf8(dgettext(domain, message.constData()));
+        QString found = QString::fromUtf8(dgettext(domain, message.constData()));
         if (found != text)
             return found;
     }
