@@ -57,7 +57,7 @@ constexpr QRgb lawnGreen = qRgb(124, 252, 0);
 constexpr QRgb darkGreen = qRgb(0, 100, 0);
 
 // Indices of the geometry's colours, in the order in which they are added.
-enum ColourIndex : unsigned short { Navy, LawnGreen, DarkGreen, colourCount };
+enum ColourIndex : unsigned short { Navy, LawnGreen, DarkGreen, ColourCount };
 
 constexpr unsigned short noSuchIndex = 99;
 
@@ -138,6 +138,7 @@ private slots:
     void aFlagIsDrawnAsLargeAsItFits_data();
     void aFlagIsDrawnAsLargeAsItFits();
     void aFlagIsSharpOnEveryDevice();
+    void onPaperAFlagHasAllItsPixels();
     void aFlagIsReplacedByTheNext();
     void noNameTakesTheFlagAway();
     void aFlagThatCannotBeLoadedIsReported();
@@ -253,7 +254,7 @@ void KbdDoodadTest::anAreaOfNoColourIsBlack_data()
 void KbdDoodadTest::anAreaOfNoColourIsBlack()
 {
     QFETCH(int, type);
-    QCOMPARE(painted(*area(type, colourCount, square)).at(20, 20), QColor(black));
+    QCOMPARE(painted(*area(type, ColourCount, square)).at(20, 20), QColor(black));
     QCOMPARE(painted(*area(type, noSuchIndex, square)).at(20, 20), QColor(black));
 }
 
@@ -265,7 +266,7 @@ void KbdDoodadTest::anAreaIsWhiteForPrinting_data()
 void KbdDoodadTest::anAreaIsWhiteForPrinting()
 {
     QFETCH(int, type);
-    for (const unsigned short colour : {Navy, colourCount}) {
+    for (const unsigned short colour : {Navy, ColourCount}) {
         const auto item = area(type, colour, square);
         item->setWhite(true);
         QCOMPARE(painted(*item).at(20, 20), QColor(white));
@@ -396,7 +397,7 @@ void KbdDoodadTest::aLampOfNoColourIsWhite()
     QCOMPARE(painted(*item).at(20, 20), QColor(darkGreen));
     item->setActive(true);
     QCOMPARE(painted(*item).at(20, 20), QColor(white));
-    QCOMPARE(painted(*lamp(LawnGreen, colourCount)).at(20, 20), QColor(white));
+    QCOMPARE(painted(*lamp(LawnGreen, ColourCount)).at(20, 20), QColor(white));
 }
 
 void KbdDoodadTest::aLampIsOffAtFirst()
@@ -485,6 +486,27 @@ void KbdDoodadTest::aFlagIsSharpOnEveryDevice()
         item->paint(&painter, nullptr, nullptr);
     }
     QCOMPARE(image, stripes);
+}
+
+// Paper is finer than the units that it is drawn in. What was made smaller before would be grey.
+void KbdDoodadTest::onPaperAFlagHasAllItsPixels()
+{
+    QImage stripes(40, 40, QImage::Format_RGB32);
+    for (int y = 0; y < stripes.height(); ++y) {
+        for (int x = 0; x < stripes.width(); ++x)
+            stripes.setPixel(x, y, x % 2 == 0 ? black : white);
+    }
+    QVERIFY(stripes.save(directory.filePath("fine.png")));
+    const auto item = logo(directory.filePath("fine.png"), square);
+    item->setWhite(1);
+    QImage image(40, 40, QImage::Format_RGB32);
+    image.fill(black);
+    QPainter painter(&image);
+    painter.scale(0.25, 0.25);
+    item->paint(&painter, nullptr, nullptr);
+    painter.end();
+    for (int x = 0; x < 10; ++x)
+        QVERIFY(image.pixel(x, 5) == black || image.pixel(x, 5) == white);
 }
 
 void KbdDoodadTest::aFlagIsReplacedByTheNext()

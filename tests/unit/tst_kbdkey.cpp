@@ -80,7 +80,7 @@ const KeyShape square = rectangle(180, 180);
 const KeyShape wide = rectangle(1000, 180);
 const KeyShape tall = rectangle(180, 600);
 
-QImage paintedOn(KbdKey& key)
+QImage paintedOn(KbdKey& key, Qt::LayoutDirection direction = Qt::LeftToRight)
 {
     const QSize size = key.boundingRect().size().toSize();
     QImage image(
@@ -88,8 +88,22 @@ QImage paintedOn(KbdKey& key)
     image.fill(ground);
     QPainter painter(&image);
     painter.translate(margin, margin);
+    painter.setLayoutDirection(direction);
     key.paint(&painter, nullptr, nullptr);
     return image;
+}
+
+// What of a key has the colour of a label that is neither dead nor held.
+QRect inkOf(const QImage& image)
+{
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) == normalText.onScreen)
+                ink |= QRect(x - margin, y - margin, 1, 1);
+        }
+    }
+    return ink;
 }
 
 // The colour at a place of the key.
@@ -220,6 +234,12 @@ private slots:
     void aLongerLabelBeginsAtTheLeftOfTheBottom();
     void aLabelOfTwoLinesHasTwoLines();
     void aLabelThatDoesNotFitIsShrunk();
+    void aSignOfAnotherFontIsAsLargeAsItsInkAllows_data();
+    void aSignOfAnotherFontIsAsLargeAsItsInkAllows();
+    void aMarkStandsInTheMiddle_data();
+    void aMarkStandsInTheMiddle();
+    void theCapIsTheSameWhereTheDesktopIsWrittenFromRightToLeft_data();
+    void theCapIsTheSameWhereTheDesktopIsWrittenFromRightToLeft();
     void noLabelIsSmallerThanFourPixels();
     void aKeyTooSmallForItsMarginsStillPaints();
     void aLongLabelStaysOnTheNarrowPartOfAnOutline();
@@ -671,6 +691,55 @@ void KbdKeyTest::aLabelThatDoesNotFitIsShrunk()
 
     font.setPixelSize(text.pixelSize);
     QVERIFY(QFontMetricsF(font).horizontalAdvance("Delete") <= room.width());
+}
+
+void KbdKeyTest::aSignOfAnotherFontIsAsLargeAsItsInkAllows_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::newRow("Tibetan, of high lines") << KeySym(0x1000f40);
+    QTest::newRow("Burmese") << KeySym(0x1001000);
+    QTest::newRow("Devanagari") << KeySym(0x1000915);
+}
+
+void KbdKeyTest::aSignOfAnotherFontIsAsLargeAsItsInkAllows()
+{
+    QFETCH(KeySym, keysym);
+    const QRect ink = inkOf(paintedOn(*keyOf(keymap->oneLevel(), {keysym})));
+    QVERIFY2(ink.height() > 45 || ink.width() > 80, qPrintable(QString::number(ink.height())));
+    QVERIFY(QRectF(square.width / 10, 9, 144, 144).contains(ink));
+    QVERIFY(std::abs(ink.center().x() - 90) < 8);
+}
+
+void KbdKeyTest::aMarkStandsInTheMiddle_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::newRow("Thai, above its letter") << KeySym(XK_Thai_maiek);
+    QTest::newRow("Thai, below its letter") << KeySym(XK_Thai_sarau);
+    QTest::newRow("Lao") << KeySym(0x1000eb4);
+}
+
+void KbdKeyTest::aMarkStandsInTheMiddle()
+{
+    QFETCH(KeySym, keysym);
+    const QRect ink = inkOf(paintedOn(*keyOf(keymap->oneLevel(), {keysym})));
+    QVERIFY(!ink.isEmpty());
+    QVERIFY2(std::abs(ink.center().x() - 90) < 8, qPrintable(QString::number(ink.center().x())));
+}
+
+void KbdKeyTest::theCapIsTheSameWhereTheDesktopIsWrittenFromRightToLeft_data()
+{
+    QTest::addColumn<KeySym>("keysym");
+    QTest::newRow("a bracket") << KeySym(XK_parenleft);
+    QTest::newRow("a word") << KeySym(XK_End);
+    QTest::newRow("a letter") << KeySym(XK_hebrew_aleph);
+}
+
+void KbdKeyTest::theCapIsTheSameWhereTheDesktopIsWrittenFromRightToLeft()
+{
+    QFETCH(KeySym, keysym);
+    const auto item = keyOf(keymap->oneLevel(), {keysym});
+    QVERIFY(!inkOf(paintedOn(*item)).isEmpty());
+    QCOMPARE(paintedOn(*item, Qt::RightToLeft), paintedOn(*item));
 }
 
 void KbdKeyTest::noLabelIsSmallerThanFourPixels()
