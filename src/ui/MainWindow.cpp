@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -133,8 +134,11 @@ void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPa
 void MainWindow::dropCustomEntry()
 {
     const int last = specSelector ? specSelector->count() - 1 : -1;
-    if (last >= 0 && specSelector->isCustom(last))
-        specSelector->removeItem(last);
+    if (last < 0 || !specSelector->isCustom(last))
+        return;
+    // Were it the current one, the selector would go on to another entry: that is nobody's choice.
+    const QSignalBlocker silent(specSelector);
+    specSelector->removeItem(last);
 }
 
 void MainWindow::addKeycapCombo()

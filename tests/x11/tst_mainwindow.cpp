@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -68,6 +69,7 @@ private slots:
     void theRowsStandInTheirOrder();
     void everyControlRefusesTheFocus();
     void theFirstSizeHasThePicturesProportions();
+    void theControlsAreWholeAtTheFirstSize();
     void aSingleGroupNeedsNoGroupCombo();
     void theGroupComboComesBackWithASecondGroup();
     void theGroupComboStartsAtTheServersGroup();
@@ -80,6 +82,7 @@ private slots:
     void theNewPictureGetsTheFlagAndItsNamesAreHandedOn();
     void componentsThatCannotBeHadChangeNothing();
     void customIsHandedToSetxkbmapAsItStands();
+    void customThatCanBeHadLoadsNoOther();
     void keyEventsOfTheWindowGoToTheSampleLine();
     void theX11EventsAreHandedOn();
     void theGroupChosenIsLockedInTheServer();
@@ -214,6 +217,17 @@ void TestMainWindow::theFirstSizeHasThePicturesProportions()
     const QSizeF shown = window->picture()->size();
     const double difference = shown.width() / shown.height() - picture.width() / picture.height();
     QVERIFY2(qAbs(difference) < 0.1, qPrintable(QString::number(difference)));
+}
+
+void TestMainWindow::theControlsAreWholeAtTheFirstSize()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us,ba,ru"), {}});
+    const QList<QComboBox*> boxes = window->findChildren<QComboBox*>();
+    QCOMPARE(boxes.size(), 3);
+    for (const QComboBox* box : boxes) {
+        QVERIFY(box->isVisible());
+        QVERIFY2(box->width() >= box->sizeHint().width(), qPrintable(box->currentText()));
+    }
 }
 
 void TestMainWindow::aSingleGroupNeedsNoGroupCombo()
@@ -356,6 +370,21 @@ void TestMainWindow::customIsHandedToSetxkbmapAsItStands()
     QVERIFY(fake.written("arguments")
                 .contains("-model <NoChange> -layout <NoChange> -variant <NoChange> -print"));
     QCOMPARE(window->picture(), before);
+}
+
+void TestMainWindow::customThatCanBeHadLoadsNoOther()
+{
+    open({});
+    const int custom = selector()->currentIndex();
+    QVERIFY(selector()->isCustom(custom));
+    // As if the server's own keyboard went by these names.
+    const QByteArray real = QStandardPaths::findExecutable("setxkbmap").toLocal8Bit();
+    const ToolDirectory fake("echo \"$@\" >>\"$(dirname \"$0\")/arguments\"\nexec " + real
+        + " -display \"$2\" -print\n");
+    QSignalSpy loaded(window.get(), SIGNAL(newKeyboard(XkbComponentNamesRec&)));
+    emit selector()->currentIndexChanged(custom);
+    QCOMPARE(loaded.size(), 1);
+    QCOMPARE(fake.written("arguments").count('\n'), 1);
 }
 
 void TestMainWindow::keyEventsOfTheWindowGoToTheSampleLine()
