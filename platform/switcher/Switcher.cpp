@@ -1,5 +1,7 @@
 #include "Switcher.h"
 
+#include "HeldKeys.h"
+
 #include <algorithm>
 #include <array>
 #include <poll.h>
@@ -66,6 +68,8 @@ void Switcher::run()
         waitForNews();
     }
     loan.end();
+    if (parent.isGone() || focus.isWindowGone())
+        releaseHeldKeys(display.get());
 }
 
 void Switcher::handleEvents()

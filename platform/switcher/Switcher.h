@@ -21,8 +21,9 @@ public:
     explicit Switcher(const Arguments& arguments);
 
     // Runs until the parent, its window, or the right to switch for it is gone, or a stop signal
-    // has come; the server has its own keyboard again then. Throws std::runtime_error, with the
-    // server as it was, when the keyboard cannot be loaded.
+    // has come; the server has its own keyboard again then, and no key that a killed parent has
+    // left pressed. Throws std::runtime_error, with the server as it was, when the keyboard cannot
+    // be loaded.
     void run();
 
 private:

@@ -110,6 +110,8 @@ private slots:
     void theKeyboardComesBackWhenTheParentIsKilled_data();
     void theKeyboardComesBackWhenTheParentIsKilled();
     void aKilledParentWithTheFocusLeavesNothingBehind();
+    void whatAKilledParentHeldDownIsReleased_data();
+    void whatAKilledParentHeldDownIsReleased();
     void anyKeyboardComesBackExactly_data();
     void anyKeyboardComesBackExactly();
     void aKeyboardThatWasUploadedComesBackExactly();
@@ -403,6 +405,32 @@ void TestSwitcher::aKilledParentWithTheFocusLeavesNothingBehind()
     QCOMPARE(::kill(static_cast<pid_t>(parent.processId()), SIGKILL), 0);
     QCOMPARE(switcher.waitForEnd(), 0);
     QCOMPARE(keymapText(displayName), keymapBefore);
+}
+
+void TestSwitcher::whatAKilledParentHeldDownIsReleased_data()
+{
+    QTest::addColumn<QStringList>("keys");
+    QTest::newRow("while another keyboard is loaded") << german;
+    QTest::newRow("while the server has its own") << american;
+}
+
+void TestSwitcher::whatAKilledParentHeldDownIsReleased()
+{
+    QFETCH(QStringList, keys);
+    QProcess parent;
+    parent.start("cat");
+    QVERIFY(parent.waitForStarted());
+    SwitcherProcess switcher(
+        who(parentWindow, parent.processId()) + keys + QStringList{"--static"});
+    if (keys == german)
+        QTRY_COMPARE(symbols(), germanSymbols);
+    for (const int keycode : {leftShift, keyA})
+        type(keycode, true);
+    QCOMPARE(pressedKeys(displayName), (QList<int>{keyA, leftShift}));
+    parent.kill();
+    QVERIFY(parent.waitForFinished());
+    QCOMPARE(switcher.waitForEnd(), 0);
+    QCOMPARE(pressedKeys(displayName), QList<int>());
 }
 
 void TestSwitcher::anyKeyboardComesBackExactly_data()
