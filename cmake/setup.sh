@@ -15,6 +15,7 @@ packages_check=(
   poppler-utils libxkbcommon-dev clang-format
   desktop-file-utils appstream mandoc groff
 )
+packages_tidy=(clang-tidy libxkbcommon-dev)
 packages_package=(git debhelper dpkg-dev lintian)
 packages_package_test=(debootstrap util-linux)
 packages_bench=(xvfb openbox libxcb-damage0-dev)
