@@ -171,9 +171,9 @@ bool KbdApp::report(ExceptionType exception)
         if (row.exception != exception)
             continue;
         if (row.message)
-            std::cerr << row.message << std::endl;
+            std::cerr << row.message << '\n';
         if (row.advice)
-            std::cerr << row.advice << std::endl;
+            std::cerr << row.advice << '\n';
         return true;
     }
     return false;
@@ -226,7 +226,7 @@ void KbdApp::parseArguments(int argc, char** argv)
     for (int i = 1; i < argc; ++i) {
         if (takeValue(argc, argv, i) || takeFlag(argv[i]))
             continue;
-        std::cerr << "Bad parameter: " << argv[i] << std::endl;
+        std::cerr << "Bad parameter: " << argv[i] << '\n';
         usage(argv[0], BadParameter);
     }
     normaliseModel();
@@ -277,9 +277,9 @@ void KbdApp::normaliseModel()
 
 void KbdApp::usage(const char* program, int code)
 {
-    std::cerr << "Usage:  " << program << " [options]" << std::endl;
+    std::cerr << "Usage:  " << program << " [options]" << '\n';
     for (const char* line : optionLines)
-        std::cerr << line << std::endl;
+        std::cerr << line << '\n';
     if (code != 0)
         throw static_cast<ExceptionType>(code);
 }
@@ -338,7 +338,7 @@ void KbdApp::createMainWindow()
     } catch (KbdGeometry::ExceptionType exception) {
         throw translated(exception);
     } catch (...) {
-        std::cerr << "Unexpected exception occurred in KbdApp!" << std::endl;
+        std::cerr << "Unexpected exception occurred in KbdApp!" << '\n';
         throw UnknownError;
     }
 

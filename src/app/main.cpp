@@ -20,8 +20,7 @@ int main(int argc, char** argv)
     preferX11();
     endOnFatalMessages(argc, argv);
     try {
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): lives until the process ends
-        new KbdApp(argc, argv);
+        new KbdApp(argc, argv); // lives until the process ends
     } catch (KbdApp::ExceptionType exception) {
         if (KbdApp::report(exception))
             std::exit(EXIT_FAILURE);

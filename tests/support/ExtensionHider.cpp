@@ -10,6 +10,7 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 struct HiderConnection {
@@ -73,7 +74,7 @@ QByteArray takeMessage(HiderConnection& connection)
     const auto length = connection.isSetUp ? requestLength(bytes) : setupLength(bytes);
     if (!length || *length == 0 || bytes.size() < *length)
         return {};
-    const QByteArray message = bytes.left(*length);
+    QByteArray message = bytes.left(*length);
     bytes.remove(0, *length);
     return message;
 }
@@ -145,9 +146,9 @@ int listenAs(int display)
 
 } // namespace
 
-ExtensionHider::ExtensionHider(const QByteArray& display, const QByteArray& extension)
+ExtensionHider::ExtensionHider(const QByteArray& display, QByteArray extension)
     : serverSocket(socketFolder + display.mid(1))
-    , hiddenExtension(extension)
+    , hiddenExtension(std::move(extension))
 {
     for (int number = firstDisplay; listener < 0 && number <= lastDisplay; ++number) {
         listener = listenAs(number);
@@ -202,8 +203,10 @@ void ExtensionHider::accept()
     connection.client = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
     connection.server = newSocket();
     const SocketAddress address = addressOf(serverSocket);
-    connect(connection.server, address.plain(), address.length);
     connections.push_back(connection);
+    // A server that has gone ends the client's connection too.
+    if (connect(connection.server, address.plain(), address.length) != 0)
+        shutdown(connection.client, SHUT_RDWR);
 }
 
 bool ExtensionHider::forward(HiderConnection& connection, bool fromClient) const

@@ -15,7 +15,7 @@ class ExtensionHider {
 public:
     // `display` is the real server's, such as ":12". Throws std::runtime_error when there is no
     // free display for the clients.
-    ExtensionHider(const QByteArray& display, const QByteArray& extension);
+    ExtensionHider(const QByteArray& display, QByteArray extension);
 
     // Ends the connections that are left.
     ~ExtensionHider();

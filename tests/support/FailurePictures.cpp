@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -44,10 +45,9 @@ QString fileNameOfTest()
 
 } // namespace
 
-FailurePictures::FailurePictures(
-    const QByteArray& watchedDisplay, const QString& target, std::FILE* goesTo)
-    : display(watchedDisplay)
-    , directory(target)
+FailurePictures::FailurePictures(QByteArray watchedDisplay, QString target, std::FILE* goesTo)
+    : display(std::move(watchedDisplay))
+    , directory(std::move(target))
     , output(goesTo)
     , previous(stdout)
 {

@@ -12,9 +12,10 @@ class QObject;
 // the function's windows and programs go.
 class FailurePictures {
 public:
-    // `display` is the server to look at (empty: the one that DISPLAY names at that moment),
-    // `directory` is made when needed. What is printed goes on to `output`, which is borrowed.
-    FailurePictures(const QByteArray& display, const QString& directory, std::FILE* output);
+    // `watchedDisplay` is the server to look at (empty: the one that DISPLAY names at that moment),
+    // the directory `target` is made when needed. What is printed goes on to `goesTo`, which is
+    // borrowed.
+    FailurePictures(QByteArray watchedDisplay, QString target, std::FILE* goesTo);
     ~FailurePictures();
     FailurePictures(const FailurePictures&) = delete;
     FailurePictures& operator=(const FailurePictures&) = delete;

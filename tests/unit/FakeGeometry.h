@@ -20,8 +20,8 @@ public:
     };
 
     struct Key {
-        const char* name; // four characters at the most
-        unsigned char shape;
+        const char* name = nullptr; // four characters at the most
+        unsigned char shape = 0;
         short gap = 0; // before the key
     };
 

@@ -32,7 +32,7 @@ public:
     {
         std::fflush(stderr);
         file.seek(0);
-        const QByteArray text = file.readAll();
+        QByteArray text = file.readAll();
         file.seek(text.size());
         return text;
     }

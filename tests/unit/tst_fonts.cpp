@@ -138,7 +138,7 @@ private:
 } // namespace
 
 // The fonts that the package asks for draw every label of every keyboard of the keyboard table.
-class tst_fonts : public QObject {
+class FontsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -160,7 +160,7 @@ private:
     KbdLabelTable table;
 };
 
-void tst_fonts::initTestCase()
+void FontsTest::initTestCase()
 {
     rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE)).value_or(QList<SpecRow>());
     QVERIFY(!rows.isEmpty());
@@ -168,7 +168,7 @@ void tst_fonts::initTestCase()
     QVERIFY(context);
 }
 
-void tst_fonts::addRows() const
+void FontsTest::addRows() const
 {
     QTest::addColumn<int>("index");
     for (int i = 0; i < rows.size(); ++i)
@@ -176,7 +176,7 @@ void tst_fonts::addRows() const
 }
 
 // Empty when the keyboard does not compile.
-Characters tst_fonts::labelCharacters(const SpecRow& row) const
+Characters FontsTest::labelCharacters(const SpecRow& row) const
 {
     const Keymap keymap = keymapOf(context.get(), row);
     if (!keymap)
@@ -191,7 +191,7 @@ Characters tst_fonts::labelCharacters(const SpecRow& row) const
     return characters;
 }
 
-void tst_fonts::everyLabelOfAKeyboardIsDrawn()
+void FontsTest::everyLabelOfAKeyboardIsDrawn()
 {
     QFETCH(int, index);
     const Characters characters = labelCharacters(rows.at(index));
@@ -205,7 +205,7 @@ void tst_fonts::everyLabelOfAKeyboardIsDrawn()
 }
 
 // The selector draws the names, so none may cost a warning on standard error either.
-void tst_fonts::everyNameIsDrawnWithoutAComplaint()
+void FontsTest::everyNameIsDrawnWithoutAComplaint()
 {
     QFETCH(int, index);
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
@@ -213,11 +213,11 @@ void tst_fonts::everyNameIsDrawnWithoutAComplaint()
     QVERIFY2(isDrawn(name), qUtf8Printable(missingOf(charactersOf(name))));
 }
 
-void tst_fonts::anUnassignedCharacterIsFoundMissing()
+void FontsTest::anUnassignedCharacterIsFoundMissing()
 {
     QVERIFY(!isDrawn(0xFFEF));
 }
 
-QTEST_MAIN(tst_fonts)
+QTEST_MAIN(FontsTest)
 
 #include "tst_fonts.moc"

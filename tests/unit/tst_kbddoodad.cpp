@@ -498,7 +498,7 @@ void KbdDoodadTest::onPaperAFlagHasAllItsPixels()
     }
     QVERIFY(stripes.save(directory.filePath("fine.png")));
     const auto item = logo(directory.filePath("fine.png"), square);
-    item->setWhite(1);
+    item->setWhite(true);
     QImage image(40, 40, QImage::Format_RGB32);
     image.fill(black);
     QPainter painter(&image);

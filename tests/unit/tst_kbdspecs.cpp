@@ -154,7 +154,7 @@ QList<QByteArray> linesOfTheFile()
 } // namespace
 
 // The shipped spec table and its icons, against the installed keyboard rules.
-class tst_kbdspecs : public QObject {
+class KbdSpecsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -190,7 +190,7 @@ private:
     Rules rules;
 };
 
-void tst_kbdspecs::initTestCase()
+void KbdSpecsTest::initTestCase()
 {
     rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE)).value_or(QList<SpecRow>());
     rules = readRules();
@@ -200,20 +200,20 @@ void tst_kbdspecs::initTestCase()
     QCOMPARE(rules.value(QStringLiteral("us")).countries, QStringList{QStringLiteral("US")});
 }
 
-void tst_kbdspecs::addRows() const
+void KbdSpecsTest::addRows() const
 {
     QTest::addColumn<int>("index");
     for (int i = 0; i < rows.size(); ++i)
         QTest::newRow(qUtf8Printable(englishName(rows.at(i)))) << i;
 }
 
-SpecRow tst_kbdspecs::row() const
+SpecRow KbdSpecsTest::row() const
 {
     QFETCH(int, index);
     return rows.at(index);
 }
 
-void tst_kbdspecs::theFileIsPlainUtf8Lines()
+void KbdSpecsTest::theFileIsPlainUtf8Lines()
 {
     const QList<QByteArray> lines = linesOfTheFile();
     const QByteArray contents = lines.join('\n');
@@ -227,7 +227,7 @@ void tst_kbdspecs::theFileIsPlainUtf8Lines()
     QVERIFY2(lines.last().isEmpty(), "the last line has no end");
 }
 
-void tst_kbdspecs::aRowHasFiveFieldsWithoutSpareBlanks()
+void KbdSpecsTest::aRowHasFiveFieldsWithoutSpareBlanks()
 {
     int count = 0;
     for (const QByteArray& line : linesOfTheFile()) {
@@ -244,7 +244,7 @@ void tst_kbdspecs::aRowHasFiveFieldsWithoutSpareBlanks()
     QCOMPARE(count, rows.size());
 }
 
-void tst_kbdspecs::aNameIsEnglishAndThenNative()
+void KbdSpecsTest::aNameIsEnglishAndThenNative()
 {
     static const QRegularExpression form(
         QStringLiteral("^\\p{Lu}[\\p{Latin}0-9' ,]*(?: \\[[^][]+\\])?$"),
@@ -253,7 +253,7 @@ void tst_kbdspecs::aNameIsEnglishAndThenNative()
         QVERIFY2(form.match(each.name).hasMatch(), qUtf8Printable(each.name));
 }
 
-void tst_kbdspecs::noNameStandsTwice()
+void KbdSpecsTest::noNameStandsTwice()
 {
     // Without the native names too: what is translated must tell two rows apart.
     QSet<QString> seen;
@@ -263,7 +263,7 @@ void tst_kbdspecs::noNameStandsTwice()
     }
 }
 
-void tst_kbdspecs::noKeyboardStandsTwice()
+void KbdSpecsTest::noKeyboardStandsTwice()
 {
     QSet<QStringList> seen;
     for (const SpecRow& each : std::as_const(rows)) {
@@ -273,7 +273,7 @@ void tst_kbdspecs::noKeyboardStandsTwice()
     }
 }
 
-void tst_kbdspecs::japanAndKoreaAreCalledByTheNamesThatTheSelectorKnows()
+void KbdSpecsTest::japanAndKoreaAreCalledByTheNamesThatTheSelectorKnows()
 {
     const auto modelOf = [this](const QString& name) {
         const auto found = std::find_if(
@@ -284,7 +284,7 @@ void tst_kbdspecs::japanAndKoreaAreCalledByTheNamesThatTheSelectorKnows()
     QCOMPARE(modelOf(QStringLiteral("Korea [한국]")), QStringLiteral("kr106"));
 }
 
-void tst_kbdspecs::languagesComeBeforeTwoLayoutsBeforeCountriesEachSorted()
+void KbdSpecsTest::languagesComeBeforeTwoLayoutsBeforeCountriesEachSorted()
 {
     const auto stepsBack = [](const SpecRow& a, const SpecRow& b) {
         if (sectionOf(a) != sectionOf(b))
@@ -295,7 +295,7 @@ void tst_kbdspecs::languagesComeBeforeTwoLayoutsBeforeCountriesEachSorted()
     QVERIFY2(found == rows.cend(), qUtf8Printable(found->name));
 }
 
-void tst_kbdspecs::everyModelHasAShape()
+void KbdSpecsTest::everyModelHasAShape()
 {
     const QSet<QString> shapes{QStringLiteral("abnt2"), QStringLiteral("jp106"),
         QStringLiteral("kr106"), QStringLiteral("pc104"), QStringLiteral("pc105")};
@@ -305,7 +305,7 @@ void tst_kbdspecs::everyModelHasAShape()
     QCOMPARE(used, shapes);
 }
 
-void tst_kbdspecs::theRulesKnowEveryLayoutAndVariant()
+void KbdSpecsTest::theRulesKnowEveryLayoutAndVariant()
 {
     const QStringList layouts = layoutsOf(row());
     const QStringList variants = variantsOf(row());
@@ -318,7 +318,7 @@ void tst_kbdspecs::theRulesKnowEveryLayoutAndVariant()
     }
 }
 
-void tst_kbdspecs::everyLayoutOfTheRulesHasARow()
+void KbdSpecsTest::everyLayoutOfTheRulesHasARow()
 {
     QSet<QString> missing(rules.keyBegin(), rules.keyEnd());
     missing.remove(QStringLiteral("custom")); // the administrator's own, belongs to nobody
@@ -329,14 +329,14 @@ void tst_kbdspecs::everyLayoutOfTheRulesHasARow()
     QCOMPARE(missing, QSet<QString>());
 }
 
-void tst_kbdspecs::everyIconIsAPictureOfTheSizeOfAFlag()
+void KbdSpecsTest::everyIconIsAPictureOfTheSizeOfAFlag()
 {
     const QImage image(QStringLiteral(KBD_ICON_DIR "/") + row().icon);
     QCOMPARE(image.size(), QSize(320, 240));
     QVERIFY2(!isOfOneColour(image), qUtf8Printable(row().icon));
 }
 
-void tst_kbdspecs::bothKeyCapsArePictures()
+void KbdSpecsTest::bothKeyCapsArePictures()
 {
     const QImage single(QStringLiteral(KBD_ICON_DIR "/singlekey.png"));
     const QImage full(QStringLiteral(KBD_ICON_DIR "/fullkey.png"));
@@ -345,7 +345,7 @@ void tst_kbdspecs::bothKeyCapsArePictures()
     QVERIFY(single != full);
 }
 
-void tst_kbdspecs::aFlagIsThatOfACountryOfItsLayouts()
+void KbdSpecsTest::aFlagIsThatOfACountryOfItsLayouts()
 {
     if (isBadge(row().icon))
         return;
@@ -357,7 +357,7 @@ void tst_kbdspecs::aFlagIsThatOfACountryOfItsLayouts()
         QVERIFY(rules.value(country).countries.contains(country.toUpper()));
 }
 
-void tst_kbdspecs::aVariantForAnotherLanguageHasABadge()
+void KbdSpecsTest::aVariantForAnotherLanguageHasABadge()
 {
     const RuleLayout layout = rules.value(row().layout);
     const QStringList languages = layout.variants.value(row().variant).languages;
@@ -370,7 +370,7 @@ void tst_kbdspecs::aVariantForAnotherLanguageHasABadge()
 }
 
 // The group control goes by the last row on which a layout stands first.
-void tst_kbdspecs::theLastRowOfALayoutHasItsFlag()
+void KbdSpecsTest::theLastRowOfALayoutHasItsFlag()
 {
     QHash<QString, QString> shown;
     QSet<QString> withFlag;
@@ -387,6 +387,6 @@ void tst_kbdspecs::theLastRowOfALayoutHasItsFlag()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_kbdspecs)
+QTEST_GUILESS_MAIN(KbdSpecsTest)
 
 #include "tst_kbdspecs.moc"

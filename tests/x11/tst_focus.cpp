@@ -357,10 +357,11 @@ bool FocusTest::chooseSecondEntry(const QComboBox& combo)
 // the presses and releases that the target has got.
 QStringList FocusTest::typeKeys(int count)
 {
-    const qsizetype before = target->keys().size();
+    qsizetype expected = target->keys().size();
     for (int i = 0; i < count; ++i) {
         click(placeOf(*letterBlock.at(i % letterBlock.size())));
-        if (!waitUntil([&] { return target->keys().size() >= before + 2 * (i + 1); }))
+        expected += 2;
+        if (!waitUntil([&] { return target->keys().size() >= expected; }))
             break;
     }
     QStringList words;

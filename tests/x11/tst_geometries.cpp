@@ -24,6 +24,8 @@
 
 namespace {
 
+constexpr char dataFlag[] = "-I" KBD_XKB_DIR; // where the keymap compiler looks
+
 // Keycodes of the keymap "evdev".
 constexpr KeyCode returnKey = 36;
 constexpr KeyCode keyA = 38;
@@ -201,7 +203,7 @@ int compilerStatus(const QString& map)
     const QString name = map.section('(', 1).chopped(1);
     const QTemporaryDir results;
     return runTool("xkbcomp",
-        {"-I", "-I" KBD_XKB_DIR, "-w", "0", "-m", name, "-xkm", KBD_XKB_DIR "/geometry/" + file,
+        {"-I", dataFlag, "-w", "0", "-m", name, "-xkm", KBD_XKB_DIR "/geometry/" + file,
             results.filePath("compiled.xkm")},
         qgetenv("DISPLAY"))
         .status;
@@ -289,8 +291,7 @@ void GeometriesTest::ourMapsCompileWithoutAWarning()
     QFETCH(QString, map);
     const QTemporaryDir results;
     const ToolResult result = runTool("xkbcomp",
-        {"-I", "-I" KBD_XKB_DIR, "-w", "10", "-m", map, "-xkm", ownFile,
-            results.filePath("compiled.xkm")},
+        {"-I", dataFlag, "-w", "10", "-m", map, "-xkm", ownFile, results.filePath("compiled.xkm")},
         qgetenv("DISPLAY"));
     QCOMPARE(result.errors, QByteArray());
     QCOMPARE(result.output, QByteArray());

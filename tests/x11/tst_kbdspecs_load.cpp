@@ -35,7 +35,7 @@ bool hasSymbols(XkbDescRec* xkb, int group)
 } // namespace
 
 // Every keyboard of the shipped spec table, compiled by a real X server.
-class tst_kbdspecs_load : public QObject {
+class KbdSpecsLoadTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -48,13 +48,13 @@ private:
     XConnection connection;
 };
 
-void tst_kbdspecs_load::initTestCase()
+void KbdSpecsLoadTest::initTestCase()
 {
     connection = openDisplay(qgetenv("DISPLAY"));
     QVERIFY(connection);
 }
 
-void tst_kbdspecs_load::everyEntryGivesAKeyboardWithAPictureAndItsGroups_data()
+void KbdSpecsLoadTest::everyEntryGivesAKeyboardWithAPictureAndItsGroups_data()
 {
     QTest::addColumn<QString>("model");
     QTest::addColumn<QString>("layout");
@@ -68,7 +68,7 @@ void tst_kbdspecs_load::everyEntryGivesAKeyboardWithAPictureAndItsGroups_data()
     }
 }
 
-void tst_kbdspecs_load::everyEntryGivesAKeyboardWithAPictureAndItsGroups()
+void KbdSpecsLoadTest::everyEntryGivesAKeyboardWithAPictureAndItsGroups()
 {
     QFETCH(QString, model);
     QFETCH(QString, layout);
@@ -89,7 +89,7 @@ void tst_kbdspecs_load::everyEntryGivesAKeyboardWithAPictureAndItsGroups()
     }
 }
 
-void tst_kbdspecs_load::anUnknownLayoutGivesNone()
+void KbdSpecsLoadTest::anUnknownLayoutGivesNone()
 {
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
@@ -98,6 +98,6 @@ void tst_kbdspecs_load::anUnknownLayoutGivesNone()
     QVERIFY(!compileKeyboard(connection.get(), names));
 }
 
-KBD_X11_TEST_MAIN(tst_kbdspecs_load)
+KBD_X11_TEST_MAIN(KbdSpecsLoadTest)
 
 #include "tst_kbdspecs_load.moc"

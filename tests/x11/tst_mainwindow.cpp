@@ -59,7 +59,7 @@ private:
 
 } // namespace
 
-class TestMainWindow : public QObject {
+class MainWindowTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -99,21 +99,21 @@ private:
     std::unique_ptr<MainWindow> window;
 };
 
-void TestMainWindow::init()
+void MainWindowTest::init()
 {
     QVERIFY(setKeyboard(qgetenv("DISPLAY"),
         {QStringLiteral("-model"), QStringLiteral("pc105"), QStringLiteral("-layout"),
             QStringLiteral("us"), QStringLiteral("-option"), QString()}));
 }
 
-void TestMainWindow::cleanup()
+void MainWindowTest::cleanup()
 {
     window.reset();
     XkbLockGroup(toolkitDisplay(), x11::coreKeyboard, 0);
     XSync(toolkitDisplay(), x11::xFalse);
 }
 
-void TestMainWindow::open(const Keyboard& keyboard)
+void MainWindowTest::open(const Keyboard& keyboard)
 {
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
@@ -127,7 +127,7 @@ void TestMainWindow::open(const Keyboard& keyboard)
 }
 
 // The group combo's box is the first of the control row.
-QComboBox* TestMainWindow::groupBox() const
+QComboBox* MainWindowTest::groupBox() const
 {
     const QLabel* caption = labelWith(QStringLiteral("Group: "));
     const QList<QComboBox*> boxes = window->findChildren<QComboBox*>();
@@ -138,7 +138,7 @@ QComboBox* TestMainWindow::groupBox() const
     return nullptr;
 }
 
-QLabel* TestMainWindow::labelWith(const QString& text) const
+QLabel* MainWindowTest::labelWith(const QString& text) const
 {
     const QList<QLabel*> labels = window->findChildren<QLabel*>();
     for (QLabel* label : labels) {
@@ -148,7 +148,7 @@ QLabel* TestMainWindow::labelWith(const QString& text) const
     return nullptr;
 }
 
-int TestMainWindow::indexOf(const QString& layout, const QString& variant) const
+int MainWindowTest::indexOf(const QString& layout, const QString& variant) const
 {
     const int before = selector()->currentIndex();
     const QSignalBlocker quiet(selector());
@@ -163,14 +163,14 @@ int TestMainWindow::indexOf(const QString& layout, const QString& variant) const
     return found;
 }
 
-void TestMainWindow::choose(const QString& layout, const QString& variant)
+void MainWindowTest::choose(const QString& layout, const QString& variant)
 {
     const int index = indexOf(layout, variant);
     QVERIFY2(index >= 0, qPrintable(layout));
     selector()->setCurrentIndex(index);
 }
 
-void TestMainWindow::theRowsStandInTheirOrder()
+void MainWindowTest::theRowsStandInTheirOrder()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us,ru"), {}});
     const auto placeOf = [this](const QWidget* widget) {
@@ -194,7 +194,7 @@ void TestMainWindow::theRowsStandInTheirOrder()
     QVERIFY(sampleLine()->width() > 5 * closeButton->width());
 }
 
-void TestMainWindow::everyControlRefusesTheFocus()
+void MainWindowTest::everyControlRefusesTheFocus()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     const QList<QWidget*> controls{window->picture(), selector(), groupBox(), sampleLine()};
@@ -207,7 +207,7 @@ void TestMainWindow::everyControlRefusesTheFocus()
     QTRY_COMPARE(QApplication::focusWidget(), window.get());
 }
 
-void TestMainWindow::theFirstSizeHasThePicturesProportions()
+void MainWindowTest::theFirstSizeHasThePicturesProportions()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     const QRect screen = window->screen()->availableGeometry();
@@ -219,7 +219,7 @@ void TestMainWindow::theFirstSizeHasThePicturesProportions()
     QVERIFY2(qAbs(difference) < 0.1, qPrintable(QString::number(difference)));
 }
 
-void TestMainWindow::theControlsAreWholeAtTheFirstSize()
+void MainWindowTest::theControlsAreWholeAtTheFirstSize()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us,ba,ru"), {}});
     const QList<QComboBox*> boxes = window->findChildren<QComboBox*>();
@@ -230,14 +230,14 @@ void TestMainWindow::theControlsAreWholeAtTheFirstSize()
     }
 }
 
-void TestMainWindow::aSingleGroupNeedsNoGroupCombo()
+void MainWindowTest::aSingleGroupNeedsNoGroupCombo()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     QVERIFY(!groupBox()->isVisible());
     QVERIFY(!labelWith(QStringLiteral("Group: "))->isVisible());
 }
 
-void TestMainWindow::theGroupComboComesBackWithASecondGroup()
+void MainWindowTest::theGroupComboComesBackWithASecondGroup()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     choose(QStringLiteral("us,ru"));
@@ -249,7 +249,7 @@ void TestMainWindow::theGroupComboComesBackWithASecondGroup()
     QVERIFY(!groupBox()->isVisible());
 }
 
-void TestMainWindow::theGroupComboStartsAtTheServersGroup()
+void MainWindowTest::theGroupComboStartsAtTheServersGroup()
 {
     QVERIFY(setKeyboard(qgetenv("DISPLAY"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
     XkbLockGroup(toolkitDisplay(), x11::coreKeyboard, 1);
@@ -258,7 +258,7 @@ void TestMainWindow::theGroupComboStartsAtTheServersGroup()
     QCOMPARE(int(window->picture()->group()), 1);
 }
 
-void TestMainWindow::theGroupComboFollowsTheServer()
+void MainWindowTest::theGroupComboFollowsTheServer()
 {
     QVERIFY(setKeyboard(qgetenv("DISPLAY"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
     open({QStringLiteral("pc105"), QStringLiteral("us,ru"), {}});
@@ -269,7 +269,7 @@ void TestMainWindow::theGroupComboFollowsTheServer()
     QCOMPARE(int(window->picture()->group()), 1);
 }
 
-void TestMainWindow::optionsAddNoItemToTheGroupCombo()
+void MainWindowTest::optionsAddNoItemToTheGroupCombo()
 {
     QVERIFY(setKeyboard(qgetenv("DISPLAY"),
         {QStringLiteral("-layout"), QStringLiteral("us,ru"), QStringLiteral("-option"),
@@ -280,7 +280,7 @@ void TestMainWindow::optionsAddNoItemToTheGroupCombo()
     QVERIFY(!groupBox()->itemIcon(1).isNull());
 }
 
-void TestMainWindow::aKeyboardOfTheTableIsSelectedAndCustomIsNotOffered()
+void MainWindowTest::aKeyboardOfTheTableIsSelectedAndCustomIsNotOffered()
 {
     open({QStringLiteral("pc105"), QStringLiteral("de"), QStringLiteral("nodeadkeys")});
     QCOMPARE(selector()->currentLayout(), QStringLiteral("de"));
@@ -289,7 +289,7 @@ void TestMainWindow::aKeyboardOfTheTableIsSelectedAndCustomIsNotOffered()
     QVERIFY(!selector()->isCustom(selector()->count() - 1));
 }
 
-void TestMainWindow::aKeyboardOutsideTheTableIsCustom()
+void MainWindowTest::aKeyboardOutsideTheTableIsCustom()
 {
     open({});
     QVERIFY(selector()->isCustom(selector()->currentIndex()));
@@ -297,7 +297,7 @@ void TestMainWindow::aKeyboardOutsideTheTableIsCustom()
     QCOMPARE(selector()->currentText(), QStringLiteral("<Custom>"));
 }
 
-void TestMainWindow::choosingAnEntryReplacesThePictureAndDropsCustomForGood()
+void MainWindowTest::choosingAnEntryReplacesThePictureAndDropsCustomForGood()
 {
     open({});
     const KbdGeometry* before = window->picture();
@@ -310,7 +310,7 @@ void TestMainWindow::choosingAnEntryReplacesThePictureAndDropsCustomForGood()
     QVERIFY(!selector()->isCustom(selector()->count() - 1));
 }
 
-void TestMainWindow::theNewPictureKeepsTheKeycapMode()
+void MainWindowTest::theNewPictureKeepsTheKeycapMode()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     const QList<QComboBox*> boxes = window->findChildren<QComboBox*>();
@@ -332,7 +332,7 @@ void TestMainWindow::theNewPictureKeepsTheKeycapMode()
     QCOMPARE(shown(), several);
 }
 
-void TestMainWindow::theNewPictureGetsTheFlagAndItsNamesAreHandedOn()
+void MainWindowTest::theNewPictureGetsTheFlagAndItsNamesAreHandedOn()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     QStringList symbols;
@@ -349,7 +349,7 @@ void TestMainWindow::theNewPictureGetsTheFlagAndItsNamesAreHandedOn()
     QCOMPARE(flags, QStringList{QStringLiteral("fr.png")});
 }
 
-void TestMainWindow::componentsThatCannotBeHadChangeNothing()
+void MainWindowTest::componentsThatCannotBeHadChangeNothing()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     const KbdGeometry* before = window->picture();
@@ -359,7 +359,7 @@ void TestMainWindow::componentsThatCannotBeHadChangeNothing()
     QVERIFY(before->isVisible());
 }
 
-void TestMainWindow::customIsHandedToSetxkbmapAsItStands()
+void MainWindowTest::customIsHandedToSetxkbmapAsItStands()
 {
     open({});
     const ToolDirectory fake("echo \"$@\" >\"$(dirname \"$0\")/arguments\"\n");
@@ -372,7 +372,7 @@ void TestMainWindow::customIsHandedToSetxkbmapAsItStands()
     QCOMPARE(window->picture(), before);
 }
 
-void TestMainWindow::customThatCanBeHadLoadsNoOther()
+void MainWindowTest::customThatCanBeHadLoadsNoOther()
 {
     open({});
     const int custom = selector()->currentIndex();
@@ -387,7 +387,7 @@ void TestMainWindow::customThatCanBeHadLoadsNoOther()
     QCOMPARE(fake.written("arguments").count('\n'), 1);
 }
 
-void TestMainWindow::keyEventsOfTheWindowGoToTheSampleLine()
+void MainWindowTest::keyEventsOfTheWindowGoToTheSampleLine()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     QCOMPARE(sampleLine()->text(), QStringLiteral("Sample Text Area"));
@@ -404,7 +404,7 @@ void TestMainWindow::keyEventsOfTheWindowGoToTheSampleLine()
     QVERIFY(sampleLine()->isReadOnly());
 }
 
-void TestMainWindow::theX11EventsAreHandedOn()
+void MainWindowTest::theX11EventsAreHandedOn()
 {
     open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
     const QSignalSpy presses(window.get(), &MainWindow::x11KeyPressEventOut);
@@ -430,7 +430,7 @@ void TestMainWindow::theX11EventsAreHandedOn()
     QCOMPARE(locks.count(), 1);
 }
 
-void TestMainWindow::theGroupChosenIsLockedInTheServer()
+void MainWindowTest::theGroupChosenIsLockedInTheServer()
 {
     QVERIFY(setKeyboard(qgetenv("DISPLAY"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
     open({QStringLiteral("pc105"), QStringLiteral("us,ru"), {}});
@@ -440,5 +440,5 @@ void TestMainWindow::theGroupChosenIsLockedInTheServer()
     QCOMPARE(int(state.locked_group), 1);
 }
 
-KBD_X11_TEST_MAIN(TestMainWindow)
+KBD_X11_TEST_MAIN(MainWindowTest)
 #include "tst_mainwindow.moc"

@@ -63,7 +63,7 @@ QRect inkOf(const QImage& page)
 
 } // namespace
 
-class TestPrinting : public QObject {
+class PrintingTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -86,7 +86,7 @@ private:
     std::unique_ptr<MainWindow> window;
 };
 
-void TestPrinting::init()
+void PrintingTest::init()
 {
     const QString model = QStringLiteral("pc105");
     const QString layout = QStringLiteral("de");
@@ -100,7 +100,7 @@ void TestPrinting::init()
     QVERIFY(QTest::qWaitForWindowExposed(window.get()));
 }
 
-void TestPrinting::printWith(const std::function<void(QPrintDialog*)>& visitor)
+void PrintingTest::printWith(const std::function<void(QPrintDialog*)>& visitor)
 {
     QTimer poll;
     connect(&poll, &QTimer::timeout, &poll, [&] {
@@ -119,7 +119,7 @@ void TestPrinting::printWith(const std::function<void(QPrintDialog*)>& visitor)
     QVERIFY(!poll.isActive());
 }
 
-void TestPrinting::printTo(const QString& file)
+void PrintingTest::printTo(const QString& file)
 {
     printWith([&file](QPrintDialog* dialog) {
         // Where no printer is set up the dialog offers a file, in this field.
@@ -138,7 +138,7 @@ void TestPrinting::printTo(const QString& file)
     });
 }
 
-void TestPrinting::thePageShowsThePictureInTheColoursForPaper()
+void PrintingTest::thePageShowsThePictureInTheColoursForPaper()
 {
     const QString file = directory.filePath(QStringLiteral("colours.pdf"));
     printTo(file);
@@ -150,7 +150,7 @@ void TestPrinting::thePageShowsThePictureInTheColoursForPaper()
     QVERIFY(countOf(page, screenTop) < 500);
 }
 
-void TestPrinting::thePictureFillsThePagesWidthAndKeepsItsProportions()
+void PrintingTest::thePictureFillsThePagesWidthAndKeepsItsProportions()
 {
     const QString file = directory.filePath(QStringLiteral("size.pdf"));
     printTo(file);
@@ -164,14 +164,14 @@ void TestPrinting::thePictureFillsThePagesWidthAndKeepsItsProportions()
     QVERIFY(proportions >= ground.width() / (ground.height() + 80) - 0.05);
 }
 
-void TestPrinting::theScreenPictureIsAsBeforeAfterwards()
+void PrintingTest::theScreenPictureIsAsBeforeAfterwards()
 {
     const QImage before = picture();
     printTo(directory.filePath(QStringLiteral("after.pdf")));
     QCOMPARE(picture(), before);
 }
 
-void TestPrinting::cancellingPrintsNothingAndChangesNothing()
+void PrintingTest::cancellingPrintsNothingAndChangesNothing()
 {
     const QImage before = picture();
     QImage during;
@@ -183,7 +183,7 @@ void TestPrinting::cancellingPrintsNothingAndChangesNothing()
     QCOMPARE(picture(), before);
 }
 
-void TestPrinting::aPlaceThatCannotBeWrittenPrintsNothingAndChangesNothing()
+void PrintingTest::aPlaceThatCannotBeWrittenPrintsNothingAndChangesNothing()
 {
     const QImage before = picture();
     const QString file = QStringLiteral("/proc/no/such/place.pdf");
@@ -192,5 +192,5 @@ void TestPrinting::aPlaceThatCannotBeWrittenPrintsNothingAndChangesNothing()
     QCOMPARE(picture(), before);
 }
 
-KBD_X11_TEST_MAIN(TestPrinting)
+KBD_X11_TEST_MAIN(PrintingTest)
 #include "tst_printing.moc"

@@ -21,7 +21,7 @@ constexpr int titleHeight = 40;
 } // namespace
 
 // The real program on screens of many sizes, at the scale factors that desktops use.
-class TestScreens : public QObject {
+class ScreensTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -32,7 +32,7 @@ private:
     static QRect rectangleOf(Display* display, Window window);
 };
 
-void TestScreens::theWindowFitsAndThePictureIsCentred_data()
+void ScreensTest::theWindowFitsAndThePictureIsCentred_data()
 {
     QTest::addColumn<QStringList>("server");
     QTest::addColumn<QRect>("screen"); // where the window is to be
@@ -60,7 +60,7 @@ void TestScreens::theWindowFitsAndThePictureIsCentred_data()
         << QRect(0, 0, 1024, 768) << QStringLiteral("1") << QStringLiteral("--tofocus");
 }
 
-QRect TestScreens::rectangleOf(Display* display, Window window)
+QRect ScreensTest::rectangleOf(Display* display, Window window)
 {
     XWindowAttributes attributes{};
     XGetWindowAttributes(display, window, &attributes);
@@ -71,7 +71,7 @@ QRect TestScreens::rectangleOf(Display* display, Window window)
     return {x, y, attributes.width, attributes.height};
 }
 
-void TestScreens::theWindowFitsAndThePictureIsCentred()
+void ScreensTest::theWindowFitsAndThePictureIsCentred()
 {
     QFETCH(QStringList, server);
     QFETCH(QRect, screen);
@@ -115,7 +115,7 @@ void TestScreens::theWindowFitsAndThePictureIsCentred()
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
-    TestScreens test;
+    ScreensTest test;
     return runWithFailurePictures(test, {}, argc, argv);
 }
 

@@ -682,7 +682,7 @@ void StartupTest::theFlagsChooseTheTitle()
 // A copy of the program, which looks for its data beside itself. Empty when that failed.
 QString StartupTest::install(const QString& place)
 {
-    const QString copy = prefix.filePath(place + "/bin/orvix-kbd-display");
+    QString copy = prefix.filePath(place + "/bin/orvix-kbd-display");
     if (QFile::exists(copy))
         return copy;
     const bool isDone = QDir().mkpath(QFileInfo(copy).path()) && QFile::copy(KBD_PROGRAM, copy);

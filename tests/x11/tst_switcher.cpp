@@ -63,6 +63,8 @@ public:
     }
 
     ~SwitcherProcess() { stop(); }
+    SwitcherProcess(const SwitcherProcess&) = delete;
+    SwitcherProcess& operator=(const SwitcherProcess&) = delete;
 
     void signal(int number) const { ::kill(static_cast<pid_t>(process.processId()), number); }
 
@@ -93,7 +95,7 @@ using Switcher = std::unique_ptr<SwitcherProcess>;
 
 } // namespace
 
-class TestSwitcher : public QObject {
+class SwitcherTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -164,7 +166,7 @@ private:
     QByteArray keymapBefore;
 };
 
-Window TestSwitcher::createWindow(Window parent)
+Window SwitcherTest::createWindow(Window parent)
 {
     Display* const display = connection.get();
     const Window window = XCreateSimpleWindow(display,
@@ -174,29 +176,29 @@ Window TestSwitcher::createWindow(Window parent)
     return window;
 }
 
-void TestSwitcher::focus(Window window)
+void SwitcherTest::focus(Window window)
 {
     XSetInputFocus(connection.get(), window, RevertToParent, CurrentTime);
     XSync(connection.get(), x11::xFalse);
 }
 
-QString TestSwitcher::symbols()
+QString SwitcherTest::symbols()
 {
-    XkbDescPtr const description = XkbAllocKeyboard();
+    XkbDescRec* const description = XkbAllocKeyboard();
     XkbGetNames(connection.get(), XkbSymbolsNameMask, description);
     const x11::Owned<char> name(XGetAtomName(connection.get(), description->names->symbols));
     XkbFreeKeyboard(description, XkbAllComponentsMask, x11::xTrue);
     return QString::fromLatin1(name.get());
 }
 
-bool TestSwitcher::isOwned(const QByteArray& selection)
+bool SwitcherTest::isOwned(const QByteArray& selection)
 {
     const Atom atom = XInternAtom(connection.get(), selection.constData(), x11::xFalse);
     return XGetSelectionOwner(connection.get(), atom) != x11::none;
 }
 
 // How often a keyboard was loaded since the last call.
-int TestSwitcher::loadsSeen()
+int SwitcherTest::loadsSeen()
 {
     XSync(connection.get(), x11::xFalse);
     int count = 0;
@@ -210,7 +212,7 @@ int TestSwitcher::loadsSeen()
     return count;
 }
 
-KeySym TestSwitcher::keysymOf(int keycode)
+KeySym SwitcherTest::keysymOf(int keycode)
 {
     int width = 0;
     const x11::Owned<KeySym> keysyms(
@@ -218,21 +220,21 @@ KeySym TestSwitcher::keysymOf(int keycode)
     return keysyms.get()[0];
 }
 
-XkbStateRec TestSwitcher::state()
+XkbStateRec SwitcherTest::state()
 {
     XkbStateRec result{};
     XkbGetState(connection.get(), x11::coreKeyboard, &result);
     return result;
 }
 
-bool TestSwitcher::repeats(int keycode)
+bool SwitcherTest::repeats(int keycode)
 {
     XKeyboardState control{};
     XGetKeyboardControl(connection.get(), &control);
     return control.auto_repeats[keycode / 8] & (1 << keycode % 8);
 }
 
-void TestSwitcher::setRepeat(int keycode, bool isOn)
+void SwitcherTest::setRepeat(int keycode, bool isOn)
 {
     XKeyboardControl control{};
     control.key = keycode;
@@ -241,7 +243,7 @@ void TestSwitcher::setRepeat(int keycode, bool isOn)
     XSync(connection.get(), x11::xFalse);
 }
 
-QByteArray TestSwitcher::deviceKeymap(int device) const
+QByteArray SwitcherTest::deviceKeymap(int device) const
 {
     return runTool("xkbcomp",
         {"-w", "0", "-i", QString::number(device), "-xkb", QString::fromLatin1(displayName), "-"},
@@ -249,24 +251,24 @@ QByteArray TestSwitcher::deviceKeymap(int device) const
         .output;
 }
 
-QStringList TestSwitcher::who(Window window, qint64 parent) const
+QStringList SwitcherTest::who(Window window, qint64 parent) const
 {
     return {"--parent", QString::number(parent), "--window", QString::number(window), "--display",
         QString::fromLatin1(displayName)};
 }
 
-Switcher TestSwitcher::start(Window window, const QStringList& more) const
+Switcher SwitcherTest::start(Window window, const QStringList& more) const
 {
     return std::make_unique<SwitcherProcess>(who(window) + more);
 }
 
-void TestSwitcher::type(int keycode, bool isDown)
+void SwitcherTest::type(int keycode, bool isDown)
 {
     XTestFakeKeyEvent(connection.get(), static_cast<unsigned int>(keycode), isDown, CurrentTime);
     XSync(connection.get(), x11::xFalse);
 }
 
-void TestSwitcher::initTestCase()
+void SwitcherTest::initTestCase()
 {
     displayName = qgetenv("DISPLAY");
     connection = openDisplay(displayName);
@@ -279,7 +281,7 @@ void TestSwitcher::initTestCase()
     elsewhere = createWindow();
 }
 
-void TestSwitcher::init()
+void SwitcherTest::init()
 {
     QVERIFY(setKeyboard(displayName, {"-model", "pc105", "-layout", "us", "-option", ""}));
     XkbLockModifiers(connection.get(), x11::coreKeyboard, 0xff, 0);
@@ -293,7 +295,7 @@ void TestSwitcher::init()
     loadsSeen();
 }
 
-void TestSwitcher::theKeyboardIsLoadedWhileTheWindowHasTheFocus()
+void SwitcherTest::theKeyboardIsLoadedWhileTheWindowHasTheFocus()
 {
     const Switcher switcher = start(parentWindow, german);
     for (int round = 0; round < 3; ++round) {
@@ -307,7 +309,7 @@ void TestSwitcher::theKeyboardIsLoadedWhileTheWindowHasTheFocus()
     QCOMPARE(switcher->errors(), QByteArray());
 }
 
-void TestSwitcher::aFocusOnADescendantOfTheWindowCounts()
+void SwitcherTest::aFocusOnADescendantOfTheWindowCounts()
 {
     const Window child = createWindow(createWindow(parentWindow));
     const Switcher switcher = start(parentWindow, german);
@@ -319,14 +321,14 @@ void TestSwitcher::aFocusOnADescendantOfTheWindowCounts()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::aWindowThatHasTheFocusAtTheStartCounts()
+void SwitcherTest::aWindowThatHasTheFocusAtTheStartCounts()
 {
     focus(parentWindow);
     const Switcher switcher = start(parentWindow, german);
     QTRY_COMPARE(symbols(), germanSymbols);
 }
 
-void TestSwitcher::aStaticSwitcherLoadsWithoutTheFocus()
+void SwitcherTest::aStaticSwitcherLoadsWithoutTheFocus()
 {
     const Switcher switcher = start(parentWindow, german + QStringList{"--static"});
     QTRY_COMPARE(symbols(), germanSymbols);
@@ -339,7 +341,7 @@ void TestSwitcher::aStaticSwitcherLoadsWithoutTheFocus()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::anEndPutsTheKeyboardBack_data()
+void SwitcherTest::anEndPutsTheKeyboardBack_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QStringList>("mode");
@@ -349,7 +351,7 @@ void TestSwitcher::anEndPutsTheKeyboardBack_data()
     QTest::newRow("SIGTERM, static") << SIGTERM << QStringList{"--static"};
 }
 
-void TestSwitcher::anEndPutsTheKeyboardBack()
+void SwitcherTest::anEndPutsTheKeyboardBack()
 {
     QFETCH(int, number);
     QFETCH(QStringList, mode);
@@ -361,7 +363,7 @@ void TestSwitcher::anEndPutsTheKeyboardBack()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::theKeyboardComesBackWhenTheWindowIsDestroyed()
+void SwitcherTest::theKeyboardComesBackWhenTheWindowIsDestroyed()
 {
     const Window window = createWindow();
     focus(window);
@@ -373,7 +375,7 @@ void TestSwitcher::theKeyboardComesBackWhenTheWindowIsDestroyed()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled_data()
+void SwitcherTest::theKeyboardComesBackWhenTheParentIsKilled_data()
 {
     QTest::addColumn<QStringList>("mode");
     QTest::newRow("with the focus") << QStringList();
@@ -381,7 +383,7 @@ void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled_data()
 }
 
 // The window outlives the process here: its end alone must do.
-void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled()
+void SwitcherTest::theKeyboardComesBackWhenTheParentIsKilled()
 {
     QFETCH(QStringList, mode);
     QProcess parent;
@@ -396,7 +398,7 @@ void TestSwitcher::theKeyboardComesBackWhenTheParentIsKilled()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::aKilledParentWithTheFocusLeavesNothingBehind()
+void SwitcherTest::aKilledParentWithTheFocusLeavesNothingBehind()
 {
     KeyTargetProcess parent(displayName);
     QVERIFY(parent.waitForReady());
@@ -407,14 +409,14 @@ void TestSwitcher::aKilledParentWithTheFocusLeavesNothingBehind()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::whatAKilledParentHeldDownIsReleased_data()
+void SwitcherTest::whatAKilledParentHeldDownIsReleased_data()
 {
     QTest::addColumn<QStringList>("keys");
     QTest::newRow("while another keyboard is loaded") << german;
     QTest::newRow("while the server has its own") << american;
 }
 
-void TestSwitcher::whatAKilledParentHeldDownIsReleased()
+void SwitcherTest::whatAKilledParentHeldDownIsReleased()
 {
     QFETCH(QStringList, keys);
     QProcess parent;
@@ -433,7 +435,7 @@ void TestSwitcher::whatAKilledParentHeldDownIsReleased()
     QCOMPARE(pressedKeys(displayName), QList<int>());
 }
 
-void TestSwitcher::anyKeyboardComesBackExactly_data()
+void SwitcherTest::anyKeyboardComesBackExactly_data()
 {
     QTest::addColumn<QStringList>("present");
     QTest::newRow("one group") << QStringList{"-layout", "es"};
@@ -450,7 +452,7 @@ void TestSwitcher::anyKeyboardComesBackExactly_data()
                "basic+ledcaps", "-geometry", "kinesis"};
 }
 
-void TestSwitcher::anyKeyboardComesBackExactly()
+void SwitcherTest::anyKeyboardComesBackExactly()
 {
     QFETCH(QStringList, present);
     QVERIFY(setKeyboard(displayName, present));
@@ -465,7 +467,7 @@ void TestSwitcher::anyKeyboardComesBackExactly()
 }
 
 // It has what no component file has, so no name leads back to it.
-void TestSwitcher::aKeyboardThatWasUploadedComesBackExactly()
+void SwitcherTest::aKeyboardThatWasUploadedComesBackExactly()
 {
     QByteArray text = keymapBefore;
     text.replace("key <AE01> {         [               1,          exclam ] };",
@@ -488,7 +490,7 @@ void TestSwitcher::aKeyboardThatWasUploadedComesBackExactly()
     QCOMPARE(keymapText(displayName), before);
 }
 
-void TestSwitcher::everyDeviceGetsItsOwnKeyboardBack()
+void SwitcherTest::everyDeviceGetsItsOwnKeyboardBack()
 {
     QVERIFY(
         setKeyboard(displayName, {"-device", QString::number(serversKeyboard), "-layout", "ru"}));
@@ -505,7 +507,7 @@ void TestSwitcher::everyDeviceGetsItsOwnKeyboardBack()
         QCOMPARE(deviceKeymap(device), before[device]);
 }
 
-void TestSwitcher::whatWasChangedWhileTheFocusWasElsewhereComesBack()
+void SwitcherTest::whatWasChangedWhileTheFocusWasElsewhereComesBack()
 {
     const Switcher switcher = start(parentWindow, german);
     focus(parentWindow);
@@ -522,7 +524,7 @@ void TestSwitcher::whatWasChangedWhileTheFocusWasElsewhereComesBack()
     QCOMPARE(keymapText(displayName), changed);
 }
 
-void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays_data()
+void SwitcherTest::aKeyboardThatAnotherToolLoadedMeanwhileStays_data()
 {
     QTest::addColumn<QStringList>("mode");
     QTest::addColumn<QString>("layout");
@@ -531,7 +533,7 @@ void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays_data()
     QTest::newRow("another layout, static") << QStringList{"--static"} << "fr";
 }
 
-void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays()
+void SwitcherTest::aKeyboardThatAnotherToolLoadedMeanwhileStays()
 {
     QFETCH(QStringList, mode);
     QFETCH(QString, layout);
@@ -545,7 +547,7 @@ void TestSwitcher::aKeyboardThatAnotherToolLoadedMeanwhileStays()
     QCOMPARE(keymapText(displayName), changed);
 }
 
-void TestSwitcher::keysThatWereEditedMeanwhileAreCarriedOver()
+void SwitcherTest::keysThatWereEditedMeanwhileAreCarriedOver()
 {
     const Switcher switcher = start(parentWindow, german + QStringList{"--static"});
     QTRY_COMPARE(symbols(), germanSymbols);
@@ -558,7 +560,7 @@ void TestSwitcher::keysThatWereEditedMeanwhileAreCarriedOver()
     QCOMPARE(keysymOf(keyQ), KeySym(XK_q));
 }
 
-void TestSwitcher::locksGroupAndRepeatsComeBack()
+void SwitcherTest::locksGroupAndRepeatsComeBack()
 {
     QVERIFY(setKeyboard(displayName, {"-layout", "us,ru,gr"}));
     XkbLockModifiers(connection.get(), x11::coreKeyboard, 0xff, capsLock | numLock);
@@ -589,7 +591,7 @@ void TestSwitcher::locksGroupAndRepeatsComeBack()
     setRepeat(leftShift, false);
 }
 
-void TestSwitcher::locksAndRepeatsThatTheUserChangedMeanwhileStay()
+void SwitcherTest::locksAndRepeatsThatTheUserChangedMeanwhileStay()
 {
     XkbLockModifiers(connection.get(), x11::coreKeyboard, 0xff, numLock);
     XSync(connection.get(), x11::xFalse);
@@ -607,7 +609,7 @@ void TestSwitcher::locksAndRepeatsThatTheUserChangedMeanwhileStay()
     setRepeat(leftShift, false);
 }
 
-void TestSwitcher::theNamesOfTheRulesAreNotTouched()
+void SwitcherTest::theNamesOfTheRulesAreNotTouched()
 {
     const QByteArray before = runTool("setxkbmap", {"-query"}, displayName).output;
     QVERIFY(before.contains("us"));
@@ -619,14 +621,14 @@ void TestSwitcher::theNamesOfTheRulesAreNotTouched()
     QCOMPARE(runTool("setxkbmap", {"-query"}, displayName).output, before);
 }
 
-void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed_data()
+void SwitcherTest::aKeyHeldAtASwitchIsNotLeftPressed_data()
 {
     QTest::addColumn<bool>("isArrival");
     QTest::newRow("when the keyboard is loaded") << true;
     QTest::newRow("when the keyboard is put back") << false;
 }
 
-void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed()
+void SwitcherTest::aKeyHeldAtASwitchIsNotLeftPressed()
 {
     QFETCH(bool, isArrival);
     const Switcher switcher = start(parentWindow, german);
@@ -645,7 +647,7 @@ void TestSwitcher::aKeyHeldAtASwitchIsNotLeftPressed()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::nothingIsLoadedWhenTheServerHasTheComponents()
+void SwitcherTest::nothingIsLoadedWhenTheServerHasTheComponents()
 {
     const Switcher switcher = start(parentWindow, american);
     focus(parentWindow);
@@ -655,7 +657,7 @@ void TestSwitcher::nothingIsLoadedWhenTheServerHasTheComponents()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::nothingIsLoadedWithoutTheFocus()
+void SwitcherTest::nothingIsLoadedWithoutTheFocus()
 {
     const Switcher switcher = start(parentWindow, german);
     QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(parentWindow))));
@@ -663,7 +665,7 @@ void TestSwitcher::nothingIsLoadedWithoutTheFocus()
     QCOMPARE(loadsSeen(), 0);
 }
 
-void TestSwitcher::aComponentThatIsNotGivenStaysAsItIs()
+void SwitcherTest::aComponentThatIsNotGivenStaysAsItIs()
 {
     const Switcher switcher = start(parentWindow, {"--symbols", germanSymbols});
     focus(parentWindow);
@@ -675,7 +677,7 @@ void TestSwitcher::aComponentThatIsNotGivenStaysAsItIs()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::aNewerSwitcherOfTheWindowReplacesTheOlder()
+void SwitcherTest::aNewerSwitcherOfTheWindowReplacesTheOlder()
 {
     focus(parentWindow);
     const Switcher older = start(parentWindow, german);
@@ -688,7 +690,7 @@ void TestSwitcher::aNewerSwitcherOfTheWindowReplacesTheOlder()
 }
 
 // And an older one that comes round later leaves the newer one's keyboard alone.
-void TestSwitcher::aNewerSwitcherDoesNotWaitForeverForTheOlder()
+void SwitcherTest::aNewerSwitcherDoesNotWaitForeverForTheOlder()
 {
     focus(parentWindow);
     const Switcher older = start(parentWindow, german);
@@ -701,7 +703,7 @@ void TestSwitcher::aNewerSwitcherDoesNotWaitForeverForTheOlder()
     QCOMPARE(symbols(), frenchSymbols);
 }
 
-void TestSwitcher::windowsHaveTheirKeyboardsInTurn()
+void SwitcherTest::windowsHaveTheirKeyboardsInTurn()
 {
     const Window other = createWindow();
     const Switcher one = start(parentWindow, german);
@@ -718,7 +720,7 @@ void TestSwitcher::windowsHaveTheirKeyboardsInTurn()
     XDestroyWindow(connection.get(), other);
 }
 
-void TestSwitcher::aStaticKeyboardComesBackAfterAnotherWindowsTurn()
+void SwitcherTest::aStaticKeyboardComesBackAfterAnotherWindowsTurn()
 {
     const Window other = createWindow();
     const Switcher fixed = start(parentWindow, german + QStringList{"--static"});
@@ -737,7 +739,7 @@ void TestSwitcher::aStaticKeyboardComesBackAfterAnotherWindowsTurn()
     XDestroyWindow(connection.get(), other);
 }
 
-void TestSwitcher::componentsThatCannotBeLoadedChangeNothing_data()
+void SwitcherTest::componentsThatCannotBeLoadedChangeNothing_data()
 {
     QTest::addColumn<QStringList>("components");
     QTest::newRow("unknown symbols") << keyboard("nosuchland");
@@ -745,7 +747,7 @@ void TestSwitcher::componentsThatCannotBeLoadedChangeNothing_data()
     QTest::newRow("a name that is too long") << keyboard("de" + QString("+level3").repeated(50));
 }
 
-void TestSwitcher::componentsThatCannotBeLoadedChangeNothing()
+void SwitcherTest::componentsThatCannotBeLoadedChangeNothing()
 {
     QFETCH(QStringList, components);
     focus(parentWindow);
@@ -756,7 +758,7 @@ void TestSwitcher::componentsThatCannotBeLoadedChangeNothing()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::malformedArgumentsAreRefusedInOneLine_data()
+void SwitcherTest::malformedArgumentsAreRefusedInOneLine_data()
 {
     const QStringList parent{"--parent", QString::number(getpid())};
     const QStringList window{"--window", "4194305"};
@@ -786,7 +788,7 @@ void TestSwitcher::malformedArgumentsAreRefusedInOneLine_data()
         << parent + window + display + german + isStatic + QStringList{"--symbols"};
 }
 
-void TestSwitcher::malformedArgumentsAreRefusedInOneLine()
+void SwitcherTest::malformedArgumentsAreRefusedInOneLine()
 {
     QFETCH(QStringList, arguments);
     SwitcherProcess switcher(arguments);
@@ -798,7 +800,7 @@ void TestSwitcher::malformedArgumentsAreRefusedInOneLine()
     QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
-void TestSwitcher::aDisplayThatIsNotThereIsRefusedInOneLine()
+void SwitcherTest::aDisplayThatIsNotThereIsRefusedInOneLine()
 {
     SwitcherProcess switcher(
         QStringList{"--parent", QString::number(getpid()), "--window", "7", "--display", ":59999"}
@@ -807,7 +809,7 @@ void TestSwitcher::aDisplayThatIsNotThereIsRefusedInOneLine()
     QCOMPARE(switcher.errors(), QByteArray("orvix-kbd-switcher: cannot open display ':59999'\n"));
 }
 
-void TestSwitcher::aParentOrWindowThatIsNotThereEndsIt_data()
+void SwitcherTest::aParentOrWindowThatIsNotThereEndsIt_data()
 {
     QTest::addColumn<bool>("hasParent");
     QTest::addColumn<QStringList>("mode");
@@ -816,7 +818,7 @@ void TestSwitcher::aParentOrWindowThatIsNotThereEndsIt_data()
     QTest::newRow("no window") << true << QStringList();
 }
 
-void TestSwitcher::aParentOrWindowThatIsNotThereEndsIt()
+void SwitcherTest::aParentOrWindowThatIsNotThereEndsIt()
 {
     QFETCH(bool, hasParent);
     QFETCH(QStringList, mode);
@@ -834,7 +836,7 @@ void TestSwitcher::aParentOrWindowThatIsNotThereEndsIt()
     QCOMPARE(loadsSeen(), 0);
 }
 
-void TestSwitcher::itEndsQuietlyWithTheServer()
+void SwitcherTest::itEndsQuietlyWithTheServer()
 {
     auto server = std::make_unique<PrivateServer>();
     const QByteArray display = server->display();
@@ -853,7 +855,7 @@ int main(int argc, char** argv)
     server.useForThisProcess();
     QCoreApplication application(argc, argv);
     failOnXErrors();
-    TestSwitcher test;
+    SwitcherTest test;
     return runWithFailurePictures(test, server.display(), argc, argv);
 }
 

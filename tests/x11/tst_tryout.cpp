@@ -14,11 +14,11 @@
 
 // The try-out mode as its user has it: the real application under a window manager, the real
 // pointer, real keys.
-class TestTryOut : public QObject {
+class TryOutTest : public QObject {
     Q_OBJECT
 
 public:
-    explicit TestTryOut(const QByteArray& displayName)
+    explicit TryOutTest(const QByteArray& displayName)
         : display(openDisplay(displayName))
     {
     }
@@ -53,7 +53,7 @@ private:
     XConnection display;
 };
 
-MainWindow* TestTryOut::window()
+MainWindow* TryOutTest::window()
 {
     const QWidgetList widgets = QApplication::topLevelWidgets();
     for (QWidget* widget : widgets) {
@@ -63,7 +63,7 @@ MainWindow* TestTryOut::window()
     return nullptr;
 }
 
-const KbdKey* TestTryOut::keyNamed(const char* name) const
+const KbdKey* TryOutTest::keyNamed(const char* name) const
 {
     const QList<KbdKey*> keys = window()->picture()->keyItems();
     for (const KbdKey* key : keys) {
@@ -73,7 +73,7 @@ const KbdKey* TestTryOut::keyNamed(const char* name) const
     return nullptr;
 }
 
-QPoint TestTryOut::placeOf(const char* name) const
+QPoint TryOutTest::placeOf(const char* name) const
 {
     const KbdGeometry* view = window()->picture();
     const KbdKey* key = keyNamed(name);
@@ -81,20 +81,20 @@ QPoint TestTryOut::placeOf(const char* name) const
     return view->viewport()->mapToGlobal(view->mapFromScene(centre));
 }
 
-void TestTryOut::movePointerTo(const char* name) const
+void TryOutTest::movePointerTo(const char* name) const
 {
     const QPoint place = placeOf(name);
     XTestFakeMotionEvent(display.get(), -1, place.x(), place.y(), CurrentTime);
 }
 
-void TestTryOut::button(bool down) const
+void TryOutTest::button(bool down) const
 {
     XTestFakeButtonEvent(display.get(), Button1, down, CurrentTime);
     XSync(display.get(), x11::xFalse);
 }
 
 // A key that types lights up by the event that it sends; a click is over when it has gone out.
-void TestTryOut::click(const char* name) const
+void TryOutTest::click(const char* name) const
 {
     const KbdKey* key = keyNamed(name);
     const ShiftMask_t before = window()->picture()->modifiers();
@@ -109,19 +109,19 @@ void TestTryOut::click(const char* name) const
         QTRY_VERIFY(window()->picture()->modifiers() != before);
 }
 
-void TestTryOut::physicalKey(KeySym keysym, bool down) const
+void TryOutTest::physicalKey(KeySym keysym, bool down) const
 {
     XTestFakeKeyEvent(display.get(), XKeysymToKeycode(display.get(), keysym), down, CurrentTime);
     XSync(display.get(), x11::xFalse);
 }
 
-void TestTryOut::stroke(KeySym keysym) const
+void TryOutTest::stroke(KeySym keysym) const
 {
     physicalKey(keysym, true);
     physicalKey(keysym, false);
 }
 
-void TestTryOut::initTestCase()
+void TryOutTest::initTestCase()
 {
     QVERIFY(window());
     window()->activateWindow();
@@ -129,14 +129,14 @@ void TestTryOut::initTestCase()
     QCOMPARE(typed(), QStringLiteral("Sample Text Area"));
 }
 
-void TestTryOut::init()
+void TryOutTest::init()
 {
     sampleLine()->setText(QString());
     QTRY_COMPARE(QApplication::focusWidget(), window());
 }
 
 // Width, height and that many pixels at least (EWMH, _NET_WM_ICON).
-void TestTryOut::theWindowBringsItsIcon()
+void TryOutTest::theWindowBringsItsIcon()
 {
     Atom type = x11::none;
     int format = 0;
@@ -152,7 +152,7 @@ void TestTryOut::theWindowBringsItsIcon()
     QVERIFY(values[0] >= 16 && values[1] >= 16 && count >= 2 + values[0] * values[1]);
 }
 
-void TestTryOut::aClickedKeyIsTypedAndLitWhileItIsDown()
+void TryOutTest::aClickedKeyIsTypedAndLitWhileItIsDown()
 {
     movePointerTo("AD03");
     button(true);
@@ -163,7 +163,7 @@ void TestTryOut::aClickedKeyIsTypedAndLitWhileItIsDown()
     QCOMPARE(typed(), QStringLiteral("e"));
 }
 
-void TestTryOut::aClickedShiftMakesACapital()
+void TryOutTest::aClickedShiftMakesACapital()
 {
     click("LFSH");
     click("AC10");
@@ -172,7 +172,7 @@ void TestTryOut::aClickedShiftMakesACapital()
     QTRY_COMPARE(typed(), QStringLiteral("Öö"));
 }
 
-void TestTryOut::aClickedDeadKeyComposesWithTheNextClick()
+void TryOutTest::aClickedDeadKeyComposesWithTheNextClick()
 {
     click("AE12");
     QCOMPARE(typed(), QString());
@@ -183,7 +183,7 @@ void TestTryOut::aClickedDeadKeyComposesWithTheNextClick()
     QTRY_COMPARE(typed(), QStringLiteral("éâ"));
 }
 
-void TestTryOut::aPhysicalDeadKeyComposesWithTheNextKey()
+void TryOutTest::aPhysicalDeadKeyComposesWithTheNextKey()
 {
     stroke(XK_dead_acute);
     stroke(XK_a);
@@ -195,14 +195,14 @@ void TestTryOut::aPhysicalDeadKeyComposesWithTheNextKey()
     QTRY_COMPARE(typed(), QStringLiteral("áÉ"));
 }
 
-void TestTryOut::aDeadKeyTwiceGivesItsAccent()
+void TryOutTest::aDeadKeyTwiceGivesItsAccent()
 {
     click("AE12");
     click("AE12");
     QTRY_COMPARE(typed(), QStringLiteral("´"));
 }
 
-void TestTryOut::thirdLevelCharactersAreTyped()
+void TryOutTest::thirdLevelCharactersAreTyped()
 {
     click("RALT");
     click("AD01");
@@ -210,14 +210,14 @@ void TestTryOut::thirdLevelCharactersAreTyped()
     QTRY_COMPARE(typed(), QStringLiteral("@"));
 }
 
-void TestTryOut::theClickDoesNotLeaveTheWindowsFocus()
+void TryOutTest::theClickDoesNotLeaveTheWindowsFocus()
 {
     click("AC01");
     QCOMPARE(QApplication::focusWidget(), window());
     QVERIFY(window()->isActiveWindow());
 }
 
-void TestTryOut::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
+void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 {
     physicalKey(XK_Shift_L, true);
     QTRY_VERIFY(keyNamed("LFSH")->isPressed());
@@ -238,7 +238,7 @@ void TestTryOut::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 }
 
 // The new picture types through XTest, and its own window gets the modifiers around each key.
-void TestTryOut::modifiersStayHeldAfterAnotherKeyboardWasChosen()
+void TryOutTest::modifiersStayHeldAfterAnotherKeyboardWasChosen()
 {
     auto* selector = window()->findChild<CKbdSpecSelector*>();
     selector->setCurrent(QStringLiteral("pc105"), QStringLiteral("de"), QString());
@@ -272,7 +272,7 @@ int main(int argc, char** argv)
     char* arguments[] = {program, standalone, nullptr};
     KbdApp application(2, arguments);
     failOnXErrors();
-    TestTryOut test(server.display());
+    TryOutTest test(server.display());
     return runWithFailurePictures(test, server.display(), argc, argv);
 }
 
