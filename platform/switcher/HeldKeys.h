@@ -2,8 +2,9 @@
 
 #include "x11/X11.h"
 
-// Releases every key that is down on the server's XTest keyboard: what a killed program has pressed
-// there would stay down for ever. The keys of real keyboards stay as they are. Opens a connection
-// of its own for the moment, so the server must not be grabbed. Without the X Input extension,
-// version 2, nothing happens.
-void releaseHeldKeys(Display* display);
+#include <sys/types.h>
+
+// Releases the keys that the process has pressed through XTest and not released, because it was
+// killed. It names them, a byte for each key code, in the property _ORVIX_KBD_HELD_KEYS_ and its
+// number of the root window, which goes with them. No other key is touched.
+void releaseHeldKeys(Display* display, pid_t process);

@@ -5,13 +5,8 @@
 #include <xcb/xinput.h>
 
 #include <memory>
-#include <string>
-#include <string_view>
 
 namespace {
-
-// How the server calls the keyboard that XTest's keys come from, after the name of the master.
-constexpr std::string_view xtestName = "XTEST keyboard";
 
 struct CloseConnection {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
@@ -37,29 +32,6 @@ bool feeds(const xcb_input_xi_device_info_t& device, unsigned int core)
     return device.type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD && device.attachment == core;
 }
 
-struct Feeder {
-    unsigned int device;
-    std::string name;
-};
-
-std::vector<Feeder> feedersOf(Display* display, unsigned int core)
-{
-    const Connection connection(xcb_connect(XDisplayString(display), nullptr));
-    const DeviceReply reply = queryDevices(connection.get());
-    if (!reply)
-        return {};
-    std::vector<Feeder> feeders;
-    for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem > 0;
-         xcb_input_xi_device_info_next(&device)) {
-        const xcb_input_xi_device_info_t* info = device.data;
-        if (feeds(*info, core))
-            feeders.push_back({info->deviceid,
-                std::string(xcb_input_xi_device_info_name(info),
-                    static_cast<size_t>(xcb_input_xi_device_info_name_length(info)))});
-    }
-    return feeders;
-}
-
 } // namespace
 
 unsigned int coreKeyboardDevice(Display* display)
@@ -70,17 +42,16 @@ unsigned int coreKeyboardDevice(Display* display)
 
 std::vector<unsigned int> keyboardDevices(Display* display)
 {
-    std::vector<unsigned int> result{coreKeyboardDevice(display)};
-    for (const Feeder& feeder : feedersOf(display, result.front()))
-        result.push_back(feeder.device);
-    return result;
-}
-
-unsigned int xtestKeyboard(Display* display)
-{
-    for (const Feeder& feeder : feedersOf(display, coreKeyboardDevice(display))) {
-        if (feeder.name.ends_with(xtestName))
-            return feeder.device;
+    const unsigned int core = coreKeyboardDevice(display);
+    std::vector<unsigned int> result{core};
+    const Connection connection(xcb_connect(XDisplayString(display), nullptr));
+    const DeviceReply reply = queryDevices(connection.get());
+    if (!reply)
+        return result;
+    for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem > 0;
+         xcb_input_xi_device_info_next(&device)) {
+        if (feeds(*device.data, core))
+            result.push_back(device.data->deviceid);
     }
-    return 0;
+    return result;
 }

@@ -12,6 +12,3 @@ unsigned int coreKeyboardDevice(Display* display);
 // moment, so the server must not be grabbed. Without the X Input extension, version 2, it is the
 // core keyboard alone.
 std::vector<unsigned int> keyboardDevices(Display* display);
-
-// The one of them that XTest's keys come from, or 0 when there is none. It opens a connection, too.
-unsigned int xtestKeyboard(Display* display);

@@ -10,6 +10,7 @@ public:
     ParentWatch(const ParentWatch&) = delete;
     ParentWatch& operator=(const ParentWatch&) = delete;
 
+    pid_t process() const { return processId; }
     bool isGone() const;
 
     // Becomes readable when the process ends; -1 on kernels that cannot tell.

@@ -69,7 +69,7 @@ void Switcher::run()
     }
     loan.end();
     if (parent.isGone() || focus.isWindowGone())
-        releaseHeldKeys(display.get());
+        releaseHeldKeys(display.get(), parent.process());
 }
 
 void Switcher::handleEvents()

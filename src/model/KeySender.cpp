@@ -1,5 +1,16 @@
 #include "model/KeySender.h"
 
+#include <unistd.h>
+
+namespace {
+
+QByteArray heldKeysName()
+{
+    return "_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(getpid());
+}
+
+} // namespace
+
 #include <utility>
 
 KeySender::KeySender(Display* xDisplay, Window root)
@@ -18,6 +29,7 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     if (held.contains(keycode))
         return;
     held.insert(keycode, modifierKeys);
+    tellHeldKeys();
     unsigned long delay = 0; // milliseconds after the key before it
     for (const KeyCode modifier : modifierKeys)
         XTestFakeKeyEvent(display, modifier, x11::xTrue, delay++);
@@ -34,8 +46,29 @@ QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
     XTestFakeKeyEvent(display, keycode, x11::xFalse, delay++);
     for (const KeyCode modifier : std::as_const(modifierKeys))
         XTestFakeKeyEvent(display, modifier, x11::xFalse, delay++);
+    tellHeldKeys();
     XFlush(display);
     return modifierKeys;
+}
+
+// A killed program cannot release its keys: who outlives it finds them here.
+void KeySender::tellHeldKeys()
+{
+    if (heldKeysProperty == x11::none)
+        heldKeysProperty = XInternAtom(display, heldKeysName().constData(), x11::xFalse);
+    QByteArray keycodes;
+    for (auto each = held.cbegin(); each != held.cend(); ++each) {
+        keycodes += static_cast<char>(each.key());
+        for (const KeyCode modifier : each.value())
+            keycodes += static_cast<char>(modifier);
+    }
+    const Window root = DefaultRootWindow(display);
+    if (keycodes.isEmpty())
+        XDeleteProperty(display, root, heldKeysProperty);
+    else
+        XChangeProperty(display, root, heldKeysProperty, XA_INTEGER, 8, PropModeReplace,
+            reinterpret_cast<const unsigned char*>(keycodes.constData()),
+            static_cast<int>(keycodes.size()));
 }
 
 void KeySender::releaseAll()

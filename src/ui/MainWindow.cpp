@@ -136,7 +136,8 @@ void MainWindow::dropCustomEntry()
     const int last = specSelector ? specSelector->count() - 1 : -1;
     if (last < 0 || !specSelector->isCustom(last))
         return;
-    // Were it the current one, the selector would go on to another entry: that is nobody's choice.
+    // Where the user has chosen it, and it could be had, it is the current one. The selector goes
+    // on to another entry then: that is nobody's choice.
     const QSignalBlocker silent(specSelector);
     specSelector->removeItem(last);
 }

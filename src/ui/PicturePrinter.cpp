@@ -26,15 +26,20 @@ private:
     KbdGeometry* picture;
 };
 
+bool isAccepted(QPrinter* printer, QWidget* parent)
+{
+    const FocusKeeper focus(toolkitDisplay());
+    QPrintDialog dialog(printer, parent);
+    return dialog.exec() == QDialog::Accepted;
+}
+
 } // namespace
 
 void printPicture(KbdGeometry* view, QWidget* parent)
 {
-    const FocusKeeper focus(toolkitDisplay());
     QPrinter printer(QPrinter::ScreenResolution);
     printer.setPageOrientation(QPageLayout::Landscape); // as keyboards are
-    QPrintDialog dialog(&printer, parent);
-    if (dialog.exec() != QDialog::Accepted)
+    if (!isAccepted(&printer, parent))
         return;
     QPainter painter(&printer);
     if (!painter.isActive())

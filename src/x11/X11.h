@@ -5,6 +5,7 @@
 // end here, and the few constants that the program needs come back with a type.
 
 #include <X11/XKBlib.h>
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XI2.h>

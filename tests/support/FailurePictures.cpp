@@ -43,6 +43,17 @@ QString fileNameOfTest()
     return parts.join(QLatin1Char('.')).replace(odd, QStringLiteral("-")) + QLatin1String(".png");
 }
 
+// Whether one of the lines is that of a failure.
+bool hasFailure(std::string_view text)
+{
+    for (size_t at = text.find(failureMark); at != std::string_view::npos;
+         at = text.find(failureMark, at + 1)) {
+        if (at == 0 || text[at - 1] == '\n')
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 FailurePictures::FailurePictures(QByteArray watchedDisplay, QString target, std::FILE* goesTo)
@@ -70,8 +81,12 @@ ssize_t FailurePictures::print(void* self, const char* text, size_t size)
 {
     const auto* pictures = static_cast<FailurePictures*>(self);
     const size_t written = std::fwrite(text, 1, size, pictures->output);
-    if (std::string_view(text, size).find(failureMark) != std::string_view::npos)
+    if (hasFailure(std::string_view(text, size))) {
+        // What goes wrong on the way is not to come back here.
+        stdout = pictures->previous;
         pictures->leavePicture();
+        stdout = pictures->watched;
+    }
     std::fflush(pictures->output);
     return static_cast<ssize_t>(written);
 }

@@ -9,7 +9,7 @@ class QObject;
 
 // While it lives, every test function that fails leaves a picture of the screen as it was at that
 // moment, and says where. It listens to what QtTest prints on the standard output, which is before
-// the function's windows and programs go.
+// the function's windows and programs go; a test that is told to write into a file leaves none.
 class FailurePictures {
 public:
     // `watchedDisplay` is the server to look at (empty: the one that DISPLAY names at that moment),

@@ -80,7 +80,7 @@ void FailurePicturesTest::aTestThatPassesLeavesNone()
 {
     {
         const FailurePictures pictures(display(), directory.filePath("of-passes"), output.get());
-        print("PASS   : FAIL! is not at its beginning\n");
+        print("PASS   : a row named FAIL!  : here\n");
     }
     QVERIFY(!QDir(directory.filePath("of-passes")).exists());
 }

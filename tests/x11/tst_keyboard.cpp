@@ -97,6 +97,22 @@ public:
         sync();
     }
 
+    // The bytes of a property of the root window; none where there is no such property.
+    QByteArray bytesOfRoot(const QByteArray& name) const
+    {
+        waitForTheProgram();
+        Atom type = x11::none;
+        int format = 0;
+        unsigned long count = 0;
+        unsigned long rest = 0;
+        unsigned char* data = nullptr;
+        XGetWindowProperty(display(), XDefaultRootWindow(display()),
+            XInternAtom(display(), name.constData(), x11::xFalse), 0, 100, x11::xFalse,
+            AnyPropertyType, &type, &format, &count, &rest, &data);
+        const x11::Owned<unsigned char> owned(data);
+        return {reinterpret_cast<const char*>(data), static_cast<qsizetype>(count)};
+    }
+
     // From now on counts the changes of the locked modifiers, whoever makes them.
     void watchLocks() const
     {
@@ -288,6 +304,7 @@ private slots:
     void aPhysicalLockIsFollowedWhileTheFocusIsElsewhere();
     void whatIsFollowedIsNotWrittenBack();
     void aPhysicalLockIsLeftToTheServer();
+    void aPhysicalLockEndsAsTheServerHasIt();
     void locksThatHaveNoKeyAreFollowedTogether();
     void aClickedLockIsLockedInTheServerUntilTheNextClick();
     void aLockIsClickedWhileShiftIsHeld();
@@ -302,6 +319,8 @@ private slots:
 
     // Groups.
     void aModifierThatTheUserHoldsStaysHeldAfterAClick();
+
+    void whatIsHeldStandsInTheServerForTheSwitcher();
 
     void theGroupIsShownAndLockedInTheServer();
     void aKeyWithFewerGroupsKeepsItsGroup();
@@ -638,10 +657,27 @@ void KeyboardTest::aPhysicalLockIsLeftToTheServer()
     const auto view = newPicture();
     other->watchLocks();
     sendKeyEvent(*view, x11::keyPress, capsLock);
+    QCOMPARE(view->modifiers(), lock);
+    QCOMPARE(lampsOf(*view), capsLamp);
     sendKeyEvent(*view, x11::keyRelease, capsLock);
     QCOMPARE(view->modifiers(), lock);
     QCOMPARE(lampsOf(*view), capsLamp);
     QCOMPARE(other->lockChanges(), 0);
+}
+
+// A press toggles the picture's lock, whichever way that stood; the server's report puts it right.
+void KeyboardTest::aPhysicalLockEndsAsTheServerHasIt()
+{
+    other->lockModifiers(num, num);
+    startApplication({});
+    focusTheWindow();
+    other->tap(leftShift);
+    for (const KeyCode key : {numLock, capsLock, numLock, capsLock}) {
+        other->tap(key);
+        QTRY_COMPARE(litKeysOf(picture()), QList<int>());
+        QTRY_COMPARE(picture().modifiers(), other->state().locked_mods);
+    }
+    QCOMPARE(picture().modifiers(), num);
 }
 
 void KeyboardTest::locksThatHaveNoKeyAreFollowedTogether()
@@ -831,6 +867,20 @@ void KeyboardTest::aModifierThatTheUserHoldsStaysHeldAfterAClick()
     QCOMPARE(other->state().base_mods, shift);
     other->key(leftShift, false);
     QCOMPARE(other->state().base_mods, noModifiers);
+}
+
+void KeyboardTest::whatIsHeldStandsInTheServerForTheSwitcher()
+{
+    startApplication({"--tofocus"});
+    other->takeFocus();
+    const QByteArray name = "_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(getpid());
+    QCOMPARE(other->bytesOfRoot(name), QByteArray());
+    picture().modifierPressed(leftShift, XkbSA_SetMods, shift);
+    press(picture(), keyA);
+    QCOMPARE(other->bytesOfRoot(name), QByteArray("\x26\x3e")); // A and a Shift
+    release(picture(), keyA);
+    QCOMPARE(other->bytesOfRoot(name), QByteArray());
+    QTRY_COMPARE(pressedKeys(display), QList<int>());
 }
 
 void KeyboardTest::theGroupIsShownAndLockedInTheServer()

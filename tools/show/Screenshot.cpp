@@ -51,7 +51,7 @@ QImage screenshot::ofScreen()
 
 QImage screenshot::ofWindows()
 {
-    const QImage screen = ofScreen();
+    QImage screen = ofScreen();
     const QRect windows = allButGround(screen);
     if (windows.isEmpty())
         return screen;

@@ -146,6 +146,29 @@ void end(QProcess& program)
     program.waitForFinished();
 }
 
+// Types where the program, whose window is given, types: into the terminal where there is one.
+bool typeAsTheUser(Display* display, const Settings& settings, Window window, Terminal* terminal)
+{
+    const std::unique_ptr<KbdGeometry> picture = samePicture(display, settings);
+    PictureLocator locator(
+        display, window, PictureLocator::groundOf(picture->sceneRect()), pictureGround);
+    if (!locator.waitForPicture(startDeadline))
+        throw std::runtime_error("the program shows no keyboard");
+
+    LineTyper typer(display, *picture, locator,
+        terminal ? LineTyper::Target::FocusedWindow : LineTyper::Target::OwnLine);
+    if (terminal)
+        return typeInto(*terminal, typer);
+    typer.typeLine(typer.suggestLine());
+    return true;
+}
+
+bool leavePicture(const Show& show)
+{
+    return screenshot::leave(
+        show.crop ? screenshot::ofWindows() : screenshot::ofScreen(), show.screenshot);
+}
+
 int run(const Show& show, const QByteArray& displayName)
 {
     const XConnection display = openDisplay(displayName);
@@ -160,29 +183,16 @@ int run(const Show& show, const QByteArray& displayName)
         terminal.emplace(displayName);
         waitForFocus(display.get(), waitForWindow(display.get(), terminal->processId()));
     }
-
     QProcess program;
     start(program, show);
     const Window window = waitForWindow(display.get(), program.processId());
     if (!terminal)
         waitForFocus(display.get(), window);
-    const std::unique_ptr<KbdGeometry> picture = samePicture(display.get(), settings);
-    PictureLocator locator(
-        display.get(), window, PictureLocator::groundOf(picture->sceneRect()), pictureGround);
-    if (!locator.waitForPicture(startDeadline))
-        throw std::runtime_error("the program shows no keyboard");
-
-    LineTyper typer(display.get(), *picture, locator,
-        terminal ? LineTyper::Target::FocusedWindow : LineTyper::Target::OwnLine);
-    bool right = true;
-    if (terminal)
-        right = typeInto(*terminal, typer);
-    else
-        typer.typeLine(typer.suggestLine());
-    const QImage image = show.crop ? screenshot::ofWindows() : screenshot::ofScreen();
-    right = screenshot::leave(image, show.screenshot) && right;
+    const bool right =
+        typeAsTheUser(display.get(), settings, window, terminal ? &*terminal : nullptr);
+    const bool shown = leavePicture(show);
     end(program);
-    return right ? EXIT_SUCCESS : EXIT_FAILURE;
+    return right && shown ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 Show readArguments(const QStringList& commandLine)
