@@ -582,6 +582,13 @@ void TypingTest::theTargetHasTheFocusAgainAfterThePrintDialog()
 {
     QVERIFY(startApplication("--tofocus", {"-model", "pc105", "-layout", "us"}));
     QVERIFY(startTarget());
+    // The window manager tells it a little later than the target, and it is what the program asks.
+    const Atom activeWindow = XInternAtom(pointer.display(), "_NET_ACTIVE_WINDOW", x11::xFalse);
+    const auto active = [&] {
+        return numberProperty(
+            pointer.display(), DefaultRootWindow(pointer.display()), activeWindow);
+    };
+    QVERIFY(waitUntil([&] { return active() == target->windowId(); }));
     bool hadFocus = false;
     QTimer reader; // of the dialog, which returns when it is closed
     connect(&reader, &QTimer::timeout, &reader, [&] {
