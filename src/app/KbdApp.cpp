@@ -42,7 +42,7 @@ struct FailureRow {
 constexpr char geometryAdvice[] =
     "The geometry file pc-arvane must be in the X server's directory "
     "/usr/share/X11/xkb/geometry. For the server's reason, run: setxkbmap -print | "
-    "sed 's/\"pc(/\"pc-arvane(/' | xkbcomp -w 10 -I/usr/share/X11/xkb - /dev/null";
+    "sed 's/\"pc(/\"pc-arvane(/' | xkbcomp -w 0 -I/usr/share/X11/xkb -xkb - - >/dev/null";
 
 constexpr std::array<FailureRow, 6> failures{{
     {KbdApp::UnknownError, "Unknown exception, aborting."},
