@@ -1,6 +1,6 @@
 #include "BareWindow.h"
 
-#include "app/description/ToolkitDisplay.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QKeyEvent>
 #include <QPaintEvent>

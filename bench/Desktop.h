@@ -2,10 +2,10 @@
 
 #include "ScreenWatch.h"
 
-#include "support/PrivateServer.h"
-#include "support/WindowManager.h"
-#include "support/XErrors.h"
-#include "support/XTools.h"
+#include "harness/PrivateServer.h"
+#include "harness/WindowManager.h"
+#include "harness/XErrors.h"
+#include "harness/XTools.h"
 
 #include <QTemporaryDir>
 

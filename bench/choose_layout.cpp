@@ -6,10 +6,10 @@
 
 #include "app/KbdApp.h"
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
 #include "model/KbdGeometry.h"
-#include "ui/KbdSpec.h"
 #include "ui/MainWindow.h"
+#include "ui/specs/KbdSpec.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QElapsedTimer>
 

@@ -2,18 +2,18 @@
 
 #include "app/FatalMessages.h"
 #include "app/KbdSwitcher.h"
-#include "app/PhysicalKeys.h"
 #include "app/Registry.h"
 #include "app/SignalWatch.h"
-#include "app/ToFocusWindow.h"
-#include "app/XcbEventBridge.h"
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
-#include "ui/KbdConstants.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "ui/specs/KbdConstants.h"
+#include "x11/qt/PhysicalKeys.h"
+#include "x11/qt/ToFocusWindow.h"
+#include "x11/qt/ToolkitDisplay.h"
+#include "x11/qt/XcbEventBridge.h"
 
 #include <QIcon>
 #include <QLabel>

@@ -2,13 +2,13 @@
 
 #include "model/KbdGeometry.h"
 
-#include "app/description/ToolkitDisplay.h"
 #include "keys/GeometryColours.h"
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "model/KeySender.h"
 #include "model/ModifierMasks.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QFontMetricsF>
 #include <QGraphicsRectItem>

@@ -1,9 +1,9 @@
 #include "ui/CKbdSpecSelector.h"
 
-#include "ui/FileIconEngine.h"
-#include "ui/KbdConstants.h"
-#include "ui/PackageTest.h"
-#include "ui/SpecTable.h"
+#include "ui/specs/FileIconEngine.h"
+#include "ui/specs/KbdConstants.h"
+#include "ui/specs/PackageTest.h"
+#include "ui/specs/SpecTable.h"
 
 #include <QCoreApplication>
 #include <QHash>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/ControlCombo.h"
-#include "ui/KbdSpec.h"
+#include "ui/specs/KbdSpec.h"
 
 #include <QVector>
 

@@ -1,9 +1,9 @@
 #include "ui/GroupCombo.h"
 
 #include "ui/ControlCombo.h"
-#include "ui/FileIconEngine.h"
-#include "ui/KbdConstants.h"
-#include "ui/SpecTable.h"
+#include "ui/specs/FileIconEngine.h"
+#include "ui/specs/KbdConstants.h"
+#include "ui/specs/SpecTable.h"
 
 #include <QIcon>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "ui/KeycapCombo.h"
 
 #include "ui/ControlCombo.h"
-#include "ui/FileIconEngine.h"
-#include "ui/KbdConstants.h"
+#include "ui/specs/FileIconEngine.h"
+#include "ui/specs/KbdConstants.h"
 
 #include <QIcon>
 #include <QLabel>

@@ -1,15 +1,15 @@
 #include "ui/MainWindow.h"
 
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
 #include "app/description/XkbTexts.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/GroupCombo.h"
 #include "ui/KeycapCombo.h"
-#include "ui/PackageTest.h"
 #include "ui/PicturePrinter.h"
 #include "ui/TypingArea.h"
+#include "ui/specs/PackageTest.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

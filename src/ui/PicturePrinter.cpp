@@ -1,8 +1,8 @@
 #include "ui/PicturePrinter.h"
 
-#include "app/description/ToolkitDisplay.h"
 #include "model/KbdGeometry.h"
-#include "ui/FocusKeeper.h"
+#include "x11/qt/FocusKeeper.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QPainter>
 #include <QPrintDialog>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/KbdConstants.h"
+#include "ui/specs/KbdConstants.h"
 
 #include <QBuffer>
 #include <QByteArray>

@@ -1,5 +1,5 @@
 #include "keys/KbdLabelTable.h"
-#include "ui/SpecTable.h"
+#include "ui/specs/SpecTable.h"
 
 #include <QFont>
 #include <QGlyphRun>

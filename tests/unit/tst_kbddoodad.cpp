@@ -1,6 +1,6 @@
 #include "FakeGeometry.h"
 #include "PaintRecorder.h"
-#include "StandardErrorCapture.h"
+#include "harness/StandardErrorCapture.h"
 
 #include "keys/GeometryColours.h"
 #include "keys/KbdDoodad.h"

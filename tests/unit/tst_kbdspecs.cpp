@@ -1,4 +1,4 @@
-#include "ui/SpecTable.h"
+#include "ui/specs/SpecTable.h"
 
 #include <QFile>
 #include <QHash>

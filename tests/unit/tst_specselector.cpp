@@ -1,6 +1,6 @@
 #include "DataFixture.h"
 #include "ui/CKbdSpecSelector.h"
-#include "ui/FileIconEngine.h"
+#include "ui/specs/FileIconEngine.h"
 
 #include <QElapsedTimer>
 #include <QHBoxLayout>

@@ -1,4 +1,4 @@
-#include "ui/SpecTable.h"
+#include "ui/specs/SpecTable.h"
 
 #include <QDir>
 #include <QFile>

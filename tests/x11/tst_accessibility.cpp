@@ -1,16 +1,16 @@
 #include "app/KbdApp.h"
+#include "harness/FailurePictures.h"
+#include "harness/KeyTargetProcess.h"
+#include "harness/PrivateServer.h"
+#include "harness/XErrors.h"
+#include "harness/XTools.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "model/KbdGeometry.h"
 #include "model/SpokenName.h"
-#include "support/FailurePictures.h"
-#include "support/KeyTargetProcess.h"
-#include "support/PrivateServer.h"
-#include "support/XErrors.h"
-#include "support/XTools.h"
-#include "ui/KbdSpec.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "ui/specs/KbdSpec.h"
 
 #include <QAccessible>
 #include <QTest>

@@ -1,6 +1,6 @@
-#include "support/FailurePictures.h"
-#include "support/XTestMain.h"
-#include "support/XTools.h"
+#include "harness/FailurePictures.h"
+#include "harness/XTestMain.h"
+#include "harness/XTools.h"
 
 #include <QDir>
 #include <QImage>

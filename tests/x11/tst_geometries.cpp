@@ -1,12 +1,12 @@
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
+#include "harness/StandardErrorCapture.h"
+#include "harness/XTestMain.h"
+#include "harness/XTools.h"
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
 #include "model/XkbDescription.h"
-#include "support/XTestMain.h"
-#include "support/XTools.h"
-#include "unit/StandardErrorCapture.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QDirIterator>
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "app/description/ComponentNames.h"
+#include "harness/XTestMain.h"
+#include "harness/XTools.h"
 #include "model/GroupLayouts.h"
 #include "model/XkbDescription.h"
-#include "support/XTestMain.h"
-#include "support/XTools.h"
-#include "ui/SpecTable.h"
+#include "ui/specs/SpecTable.h"
 
 namespace {
 

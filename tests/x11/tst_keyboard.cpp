@@ -1,14 +1,14 @@
 #include "app/KbdApp.h"
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
+#include "harness/FailurePictures.h"
+#include "harness/PrivateServer.h"
+#include "harness/XErrors.h"
+#include "harness/XTools.h"
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
-#include "support/FailurePictures.h"
-#include "support/PrivateServer.h"
-#include "support/XErrors.h"
-#include "support/XTools.h"
 #include "ui/MainWindow.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
 #include <QResizeEvent>

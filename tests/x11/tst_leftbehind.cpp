@@ -1,15 +1,15 @@
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
+#include "harness/KeyTargetProcess.h"
+#include "harness/PictureLocator.h"
+#include "harness/ProgramRun.h"
+#include "harness/WindowManager.h"
+#include "harness/XTestMain.h"
+#include "harness/XTools.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
-#include "support/KeyTargetProcess.h"
-#include "support/PictureLocator.h"
-#include "support/ProgramRun.h"
-#include "support/WindowManager.h"
-#include "support/XTestMain.h"
-#include "support/XTools.h"
-#include "ui/KbdSpec.h"
 #include "ui/MainWindow.h"
+#include "ui/specs/KbdSpec.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QDir>
 #include <QFile>

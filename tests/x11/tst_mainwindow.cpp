@@ -1,16 +1,16 @@
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
+#include "harness/XTestMain.h"
+#include "harness/XTools.h"
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
-#include "support/XTestMain.h"
-#include "support/XTools.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/GroupCombo.h"
-#include "ui/KbdSpec.h"
 #include "ui/KeycapCombo.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "ui/specs/KbdSpec.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QComboBox>
 #include <QDir>

@@ -1,12 +1,12 @@
 #include "app/KbdApp.h"
+#include "harness/FailurePictures.h"
+#include "harness/KeyTargetProcess.h"
+#include "harness/NestedServer.h"
+#include "harness/XErrors.h"
+#include "harness/XTools.h"
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
-#include "support/FailurePictures.h"
-#include "support/KeyTargetProcess.h"
-#include "support/NestedServer.h"
-#include "support/XErrors.h"
-#include "support/XTools.h"
 #include "ui/MainWindow.h"
 
 #include <QLineEdit>

@@ -1,10 +1,10 @@
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
+#include "harness/XTestMain.h"
+#include "harness/XTools.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
-#include "support/XTestMain.h"
-#include "support/XTools.h"
 #include "ui/MainWindow.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

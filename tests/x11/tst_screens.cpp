@@ -1,10 +1,10 @@
-#include "support/FailurePictures.h"
-#include "support/PictureLocator.h"
-#include "support/PrivateServer.h"
-#include "support/ProgramRun.h"
-#include "support/ProgramWindows.h"
-#include "support/WindowManager.h"
-#include "support/XTools.h"
+#include "harness/FailurePictures.h"
+#include "harness/PictureLocator.h"
+#include "harness/PrivateServer.h"
+#include "harness/ProgramRun.h"
+#include "harness/ProgramWindows.h"
+#include "harness/WindowManager.h"
+#include "harness/XTools.h"
 
 #include <QTest>
 

@@ -1,15 +1,15 @@
 #include "app/KbdApp.h"
 #include "app/KbdSwitcher.h"
 #include "app/description/ComponentNames.h"
-#include "app/description/ToolkitDisplay.h"
-#include "support/ExtensionHider.h"
-#include "support/FailurePictures.h"
-#include "support/ProgramRun.h"
-#include "support/ProgramWindows.h"
-#include "support/XTestMain.h"
-#include "support/XTools.h"
+#include "harness/ExtensionHider.h"
+#include "harness/FailurePictures.h"
+#include "harness/ProgramRun.h"
+#include "harness/ProgramWindows.h"
+#include "harness/XTestMain.h"
+#include "harness/XTools.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QDeadlineTimer>
 #include <QDir>

@@ -1,8 +1,8 @@
-#include "support/FailurePictures.h"
-#include "support/KeyTargetProcess.h"
-#include "support/PrivateServer.h"
-#include "support/XErrors.h"
-#include "support/XTools.h"
+#include "harness/FailurePictures.h"
+#include "harness/KeyTargetProcess.h"
+#include "harness/PrivateServer.h"
+#include "harness/XErrors.h"
+#include "harness/XTools.h"
 
 #include <QCoreApplication>
 #include <QTemporaryFile>

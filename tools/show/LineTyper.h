@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/PictureLocator.h"
+#include "harness/PictureLocator.h"
 #include "x11/X11.h"
 
 #include <QRect>

@@ -15,11 +15,11 @@
 #include "Terminal.h"
 
 #include "app/description/ComponentNames.h"
+#include "harness/PictureLocator.h"
+#include "harness/PrivateServer.h"
+#include "harness/WindowManager.h"
+#include "harness/XTools.h"
 #include "model/KbdGeometry.h"
-#include "support/PictureLocator.h"
-#include "support/PrivateServer.h"
-#include "support/WindowManager.h"
-#include "support/XTools.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

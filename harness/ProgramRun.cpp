@@ -1,0 +1,84 @@
+#include "harness/ProgramRun.h"
+
+#include "harness/ProgramWindows.h"
+
+#include <QTest>
+
+namespace {
+
+constexpr int endLimitMs = 5000;
+
+} // namespace
+
+ProgramRun::ProgramRun(const QString& program, const QByteArray& display)
+    : environment(QProcessEnvironment::systemEnvironment())
+{
+    process.setProgram(program);
+    process.setStandardInputFile(QProcess::nullDevice());
+    setVariable("DISPLAY", QString::fromLatin1(display));
+    setVariable("LC_ALL", "C.UTF-8");
+    for (const char* variable : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
+        setVariable(variable, home.path());
+    for (const char* variable : {"QT_QPA_PLATFORM", "LANGUAGE"})
+        removeVariable(variable);
+}
+
+ProgramRun::~ProgramRun()
+{
+    process.kill();
+    process.waitForFinished(endLimitMs);
+}
+
+void ProgramRun::setVariable(const QString& name, const QString& value)
+{
+    environment.insert(name, value);
+}
+
+void ProgramRun::removeVariable(const QString& name)
+{
+    environment.remove(name);
+}
+
+void ProgramRun::setWorkingDirectory(const QString& directory)
+{
+    process.setWorkingDirectory(directory);
+}
+
+void ProgramRun::start(const QStringList& arguments)
+{
+    process.setProcessEnvironment(environment);
+    process.setArguments(arguments);
+    process.start();
+    process.waitForStarted();
+}
+
+Window ProgramRun::waitForWindow(Display* display, int milliseconds) const
+{
+    Window window = x11::none;
+    const auto isThereOrWillNeverBe = [&] {
+        window = mainWindowOf(display, processId());
+        return window != x11::none || !isRunning();
+    };
+    return QTest::qWaitFor(isThereOrWillNeverBe, milliseconds) ? window : x11::none;
+}
+
+bool ProgramRun::waitForEnd(int milliseconds)
+{
+    return !isRunning() || process.waitForFinished(milliseconds);
+}
+
+int ProgramRun::exitStatus() const
+{
+    const bool hasExited = !isRunning() && process.exitStatus() == QProcess::NormalExit;
+    return hasExited ? process.exitCode() : -1;
+}
+
+QByteArray ProgramRun::output()
+{
+    return outputSoFar += process.readAllStandardOutput();
+}
+
+QByteArray ProgramRun::errors()
+{
+    return errorsSoFar += process.readAllStandardError();
+}

@@ -1,0 +1,104 @@
+#include "harness/WindowManager.h"
+
+#include "harness/XTools.h"
+
+#include <QDeadlineTimer>
+
+#include <algorithm>
+#include <array>
+#include <poll.h>
+#include <stdexcept>
+
+namespace {
+
+constexpr int startLimitMs = 15000;
+// How long a change may go unseen that the root window does not announce.
+constexpr int lookAgainMs = 50;
+
+struct ManagerCommand {
+    const char* name = nullptr;
+    QByteArrayList command;
+};
+
+// xfwm4 keeps its settings behind a session bus and does not start without one.
+QByteArrayList commandOf(const QByteArray& name)
+{
+    const std::array<ManagerCommand, 3> known{{
+        {"openbox", {"openbox", "--sm-disable"}},
+        {"xfwm4", {"dbus-run-session", "--", "xfwm4", "--compositor=off", "--vblank=off"}},
+        {"metacity", {"metacity", "--sm-disable", "--no-composite"}},
+    }};
+    const auto* const row = std::find_if(
+        known.begin(), known.end(), [&](const ManagerCommand& each) { return name == each.name; });
+    if (row == known.end())
+        throw std::runtime_error("unknown window manager: " + name.toStdString());
+    return row->command;
+}
+
+QByteArrayList privateEnvironment(const QByteArray& display, const QByteArray& home)
+{
+    const QByteArrayList replaced{"DISPLAY", "HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME",
+        "XDG_CACHE_HOME", "XDG_DATA_HOME", "DBUS_SESSION_BUS_ADDRESS", "SESSION_MANAGER",
+        "WAYLAND_DISPLAY", "GSETTINGS_BACKEND", "NO_AT_BRIDGE"};
+    QByteArrayList result;
+    for (const QByteArray& variable : currentEnvironment()) {
+        if (!replaced.contains(variable.left(variable.indexOf('='))))
+            result.append(variable);
+    }
+    for (const char* directory :
+        {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CONFIG_HOME=", "XDG_CACHE_HOME=", "XDG_DATA_HOME="})
+        result.append(directory + home);
+    return result << "DISPLAY=" + display << "GSETTINGS_BACKEND=memory"
+                  << "NO_AT_BRIDGE=1";
+}
+
+void waitForEvents(Display* display)
+{
+    pollfd server{ConnectionNumber(display), POLLIN, 0};
+    poll(&server, 1, lookAgainMs);
+    XSync(display, x11::xTrue);
+}
+
+// Managers write WM_STATE on every window that they manage (ICCCM 4.1.3.1).
+bool isManagedWindow(Display* display, Window window)
+{
+    int count = 0;
+    const x11::Owned<Atom> properties(XListProperties(display, window, &count));
+    Atom* const end = properties.get() + count;
+    return std::find(properties.get(), end, XInternAtom(display, "WM_STATE", x11::xFalse)) != end;
+}
+
+// Some managers announce themselves before they serve requests, and lose those that come in
+// between: maps a window of its own until one is managed.
+bool waitUntilManaged(const QByteArray& displayName, ChildProcess& manager)
+{
+    const XConnection connection = openDisplay(displayName);
+    if (!connection)
+        return false;
+    Display* const display = connection.get();
+    const Window probe =
+        XCreateSimpleWindow(display, XDefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
+    XSelectInput(display, probe, PropertyChangeMask);
+    XSelectInput(display, XDefaultRootWindow(display), PropertyChangeMask);
+    const QDeadlineTimer deadline(startLimitMs);
+    while (!isManaged(display) || !isManagedWindow(display, probe)) {
+        if (deadline.hasExpired() || !manager.isRunning())
+            return false;
+        if (isManaged(display))
+            XMapWindow(display, probe);
+        waitForEvents(display);
+    }
+    return true;
+}
+
+} // namespace
+
+WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
+    : manager(std::make_unique<ChildProcess>(
+        commandOf(name), privateEnvironment(display, home.path().toLocal8Bit())))
+{
+    if (!waitUntilManaged(display, *manager)) {
+        throw std::runtime_error(name.toStdString()
+            + " does not manage the display: " + manager->output().toStdString());
+    }
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "harness/ChildProcess.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+// A window manager on a test's display, with settings of its own (nothing of the user's is read
+// or written) and without compositing.
+class WindowManager {
+public:
+    // `name` is "openbox", "xfwm4" or "metacity". Returns when the manager has announced itself on
+    // the root window (EWMH, _NET_SUPPORTING_WM_CHECK) and manages windows. Throws
+    // std::runtime_error, with what the manager said, for another name or when that takes more than
+    // fifteen seconds.
+    WindowManager(const QByteArray& name, const QByteArray& display);
+
+private:
+    QTemporaryDir home;
+    std::unique_ptr<ChildProcess> manager;
+};

@@ -1,0 +1,57 @@
+#include "harness/XErrors.h"
+
+#include <QTest>
+
+#include <array>
+
+namespace {
+
+QByteArray describe(Display* display, const XErrorEvent* error)
+{
+    std::array<char, 128> words{};
+    XGetErrorText(display, error->error_code, words.data(), static_cast<int>(words.size()));
+    return QByteArray("X error: ") + words.data() + ", request "
+        + QByteArray::number(error->request_code) + '.' + QByteArray::number(error->minor_code)
+        + ", resource 0x" + QByteArray::number(qulonglong(error->resourceid), 16);
+}
+
+int failTest(Display* display, XErrorEvent* error)
+{
+    QTest::qFail(describe(display, error).constData(), __FILE__, __LINE__);
+    return 0;
+}
+
+QStringList& keptErrors()
+{
+    static QStringList errors;
+    return errors;
+}
+
+int keepError(Display* display, XErrorEvent* error)
+{
+    keptErrors().append(QString::fromLatin1(describe(display, error)));
+    return 0;
+}
+
+} // namespace
+
+void failOnXErrors()
+{
+    XSetErrorHandler(failTest);
+}
+
+ExpectedXErrors::ExpectedXErrors()
+    : previous(XSetErrorHandler(keepError))
+{
+    keptErrors().clear();
+}
+
+ExpectedXErrors::~ExpectedXErrors()
+{
+    XSetErrorHandler(previous);
+}
+
+QStringList ExpectedXErrors::seen()
+{
+    return keptErrors();
+}

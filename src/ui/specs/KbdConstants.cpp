@@ -1,0 +1,38 @@
+#include "ui/specs/KbdConstants.h"
+
+#include <QFileInfo>
+#include <QStringList>
+
+#include <algorithm>
+
+// Tests compile this file with a directory of their own.
+#ifndef KBD_LAYOUT_DIRECTORY
+#define KBD_LAYOUT_DIRECTORY "/usr/share/orvix-keyboard-layout/"
+#endif
+
+const QString KbdConstants::layoutDirectory = QStringLiteral(KBD_LAYOUT_DIRECTORY);
+const QString KbdConstants::specTablePath = layoutDirectory + QLatin1String("kbdSpecs.tab");
+const QString KbdConstants::iconDirectory = layoutDirectory + QLatin1String("icons/");
+
+namespace {
+
+bool isReadableFile(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.isFile() && file.isReadable();
+}
+
+} // namespace
+
+QString KbdConstants::iconPath(const QString& fileName)
+{
+    // A name of the keyboard table can hold anything; the toolkit complains of one with a NUL in
+    // it.
+    if (fileName.isEmpty() || fileName.contains(QChar::Null))
+        return {};
+
+    const QStringList places{iconDirectory + fileName, QLatin1String("./icons/") + fileName,
+        QLatin1String("../src/icons/") + fileName};
+    const auto found = std::find_if(places.cbegin(), places.cend(), isReadableFile);
+    return found == places.cend() ? QString() : *found;
+}

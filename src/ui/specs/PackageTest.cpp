@@ -1,0 +1,97 @@
+#include "ui/specs/PackageTest.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+
+namespace {
+
+constexpr int statusTimeout = 1000; // milliseconds for dpkg
+constexpr int searchTimeout = 100; // milliseconds that grep may take longer
+
+// A process object complains when it goes before its process.
+void endNow(QProcess& process)
+{
+    if (process.state() == QProcess::NotRunning)
+        return;
+    process.kill();
+    process.waitForFinished();
+}
+
+// Of a process that ended before it is waited for there is nothing to wait for any more.
+bool hasEnded(QProcess& process, int timeout)
+{
+    if (process.error() == QProcess::FailedToStart)
+        return false;
+    return process.state() == QProcess::NotRunning || process.waitForFinished(timeout);
+}
+
+void describeStatusRun(QProcess& dpkg, const QString& package)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LANG"), QStringLiteral("C"));
+    dpkg.setProcessEnvironment(environment);
+    dpkg.setProgram(QStringLiteral("dpkg"));
+    dpkg.setArguments({QStringLiteral("--status"), package});
+    dpkg.setStandardErrorFile(QProcess::nullDevice());
+}
+
+void describeSearchRun(QProcess& grep)
+{
+    grep.setProgram(QStringLiteral("grep"));
+    grep.setArguments({QStringLiteral("-qi"), QStringLiteral("^Status:.* installed")});
+    grep.setStandardOutputFile(QProcess::nullDevice());
+    grep.setStandardErrorFile(QProcess::nullDevice());
+}
+
+} // namespace
+
+// dpkg's report, searched by grep as it comes.
+struct PackageTest::Run {
+    explicit Run(const QString& package)
+    {
+        describeStatusRun(dpkg, package);
+        describeSearchRun(grep);
+        dpkg.setStandardOutputProcess(&grep);
+        dpkg.start();
+        grep.start();
+    }
+
+    ~Run()
+    {
+        endNow(dpkg);
+        endNow(grep);
+    }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    // How dpkg ends says nothing: grep stops reading at the line that it looks for.
+    bool finds()
+    {
+        return hasEnded(dpkg, statusTimeout) && hasEnded(grep, searchTimeout)
+            && grep.exitStatus() == QProcess::NormalExit && grep.exitCode() == 0;
+    }
+
+    QProcess dpkg;
+    QProcess grep;
+};
+
+PackageTest::PackageTest() = default;
+
+PackageTest::~PackageTest() = default;
+
+void PackageTest::start(const QString& package)
+{
+    if (!answers.contains(package) && !runs.contains(package))
+        runs.emplace(package, std::make_unique<Run>(package));
+}
+
+bool PackageTest::isPackageInstalled(const QString& package)
+{
+    const auto known = answers.constFind(package);
+    if (known != answers.cend())
+        return *known;
+    start(package);
+    const bool installed = runs.at(package)->finds();
+    runs.erase(package);
+    return *answers.insert(package, installed);
+}

@@ -1,0 +1,48 @@
+#include "ui/specs/SpecTable.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTextStream>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype fewestFields = 4;
+
+std::optional<SpecRow> rowOf(const QString& line)
+{
+    if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+        return std::nullopt;
+    const QStringList fields = line.split(QLatin1Char('\t'));
+    if (fields.size() < fewestFields)
+        return std::nullopt;
+    return SpecRow{fields.at(0), fields.at(1), fields.at(2), fields.at(3), fields.value(4)};
+}
+
+} // namespace
+
+QString SpecTable::firstReadable(const QStringList& paths)
+{
+    const auto found = std::find_if(paths.cbegin(), paths.cend(),
+        [](const QString& path) { return QFileInfo(path).isReadable(); });
+    return found == paths.cend() ? QString() : *found;
+}
+
+std::optional<QList<SpecRow>> SpecTable::rowsOf(const QString& path)
+{
+    // Opening a pipe would wait for a writer.
+    QFile file(path);
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return std::nullopt;
+
+    QTextStream text(&file);
+    text.setEncoding(QStringConverter::Utf8);
+    QList<SpecRow> rows;
+    while (!text.atEnd()) {
+        text.skipWhiteSpace();
+        if (const std::optional<SpecRow> row = rowOf(text.readLine()))
+            rows.append(*row);
+    }
+    return rows;
+}

@@ -1,0 +1,58 @@
+#include "x11/qt/XcbEventBridge.h"
+
+#include <QByteArray>
+
+#include <xcb/xcb.h>
+
+namespace {
+
+constexpr int sentBySendEvent = 0x80; // in the response type of an event
+constexpr int firstExtensionEvent = 64; // X protocol, "Event encoding"
+
+XEvent keyEvent(Display* display, const xcb_key_press_event_t& source, int type)
+{
+    XEvent event{};
+    XKeyEvent& key = event.xkey;
+    key.type = type;
+    key.serial = source.sequence;
+    key.send_event = (source.response_type & sentBySendEvent) != 0;
+    key.display = display;
+    key.window = source.event;
+    key.root = source.root;
+    key.subwindow = source.child;
+    key.time = source.time;
+    key.x = source.event_x;
+    key.y = source.event_y;
+    key.x_root = source.root_x;
+    key.y_root = source.root_y;
+    key.state = source.state;
+    key.keycode = source.detail;
+    key.same_screen = source.same_screen;
+    return event;
+}
+
+} // namespace
+
+XcbEventBridge::XcbEventBridge(Display* xDisplay, Receiver eventReceiver)
+    : display(xDisplay)
+    , receiver(std::move(eventReceiver))
+{
+}
+
+bool XcbEventBridge::nativeEventFilter(const QByteArray&, void* message, qintptr*)
+{
+    const auto* generic = static_cast<const xcb_generic_event_t*>(message);
+    const int type = generic->response_type & ~sentBySendEvent;
+    if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
+        XEvent event = keyEvent(display, *static_cast<xcb_key_press_event_t*>(message), type);
+        return receiver(&event);
+    }
+    if (type < firstExtensionEvent)
+        return false;
+
+    XkbEvent event{};
+    event.type = type;
+    event.any.display = display;
+    event.any.xkb_type = generic->pad0;
+    return receiver(&event.core);
+}

@@ -1,0 +1,15 @@
+#include "switcher/ComponentAtoms.h"
+
+#include "switcher/XkbDescription.h"
+
+ComponentAtoms ComponentAtoms::of(Display* display, unsigned int device)
+{
+    const XkbDescription description(XkbAllocKeyboard());
+    if (!description)
+        return {};
+    description->device_spec = static_cast<unsigned short>(device);
+    if (XkbGetNames(display, XkbComponentNamesMask, description.get()) != 0)
+        return {};
+    const XkbNamesRec& names = *description->names;
+    return {names.keycodes, names.types, names.compat, names.symbols};
+}

@@ -1,0 +1,81 @@
+#include "switcher/KeyboardComponents.h"
+
+#include "switcher/XkbDescription.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::size_t longestName = 255;
+
+std::string atomName(Display* display, Atom atom)
+{
+    if (atom == x11::none)
+        return {};
+    const x11::Owned<char> name(XGetAtomName(display, atom));
+    return name ? name.get() : "";
+}
+
+Atom geometryName(const XkbDescRec& description)
+{
+    return description.geom ? description.geom->name : description.names->geometry;
+}
+
+// A keymap that was compiled from another one has '_' in its names for '+' and '|'.
+std::string withoutOperators(std::string name)
+{
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c == '+' || c == '|'; }, '_');
+    return name;
+}
+
+bool satisfies(const std::string& present, const std::string& wanted)
+{
+    return wanted.empty() || withoutOperators(present) == withoutOperators(wanted);
+}
+
+char* orNull(std::string& name)
+{
+    return name.empty() ? nullptr : name.data();
+}
+
+} // namespace
+
+KeyboardComponents KeyboardComponents::of(Display* display, const XkbDescRec& description)
+{
+    const XkbNamesRec& names = *description.names;
+    return {atomName(display, names.keycodes), atomName(display, names.types),
+        atomName(display, names.compat), atomName(display, names.symbols),
+        atomName(display, geometryName(description))};
+}
+
+bool KeyboardComponents::areLoaded(Display* display) const
+{
+    const XkbDescription server(XkbAllocKeyboard());
+    if (!server || XkbGetNames(display, XkbComponentNamesMask, server.get()) != 0)
+        return false;
+    if (!geometry.empty())
+        XkbGetGeometry(display, server.get());
+    const KeyboardComponents present = of(display, *server);
+    return satisfies(present.keycodes, keycodes) && satisfies(present.types, types)
+        && satisfies(present.compat, compat) && satisfies(present.symbols, symbols)
+        && satisfies(present.geometry, geometry);
+}
+
+void KeyboardComponents::load(Display* display, unsigned int device) const
+{
+    KeyboardComponents copy = *this;
+    for (const std::string& name : {keycodes, types, compat, symbols, geometry}) {
+        if (name.size() > longestName)
+            return;
+    }
+    XkbComponentNamesRec names{};
+    names.keycodes = orNull(copy.keycodes);
+    names.types = orNull(copy.types);
+    names.compat = orNull(copy.compat);
+    names.symbols = orNull(copy.symbols);
+    names.geometry = orNull(copy.geometry);
+    const XkbDescription loaded(XkbGetKeyboardByName(display, device, &names,
+        XkbGBN_AllComponentsMask, XkbGBN_AllComponentsMask & ~XkbGBN_GeometryMask, x11::xTrue));
+}

@@ -1,0 +1,57 @@
+#include "switcher/KeyboardDevices.h"
+
+#include "switcher/XkbDescription.h"
+
+#include <xcb/xinput.h>
+
+#include <memory>
+
+namespace {
+
+struct CloseConnection {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+};
+
+using Connection = std::unique_ptr<xcb_connection_t, CloseConnection>;
+using DeviceReply = x11::Reply<xcb_input_xi_query_device_reply_t>;
+
+DeviceReply queryDevices(xcb_connection_t* connection)
+{
+    const xcb_query_extension_reply_t* extension =
+        xcb_get_extension_data(connection, &xcb_input_id);
+    if (!extension || !extension->present)
+        return nullptr;
+    // The server answers as to the version that it was told.
+    xcb_discard_reply(connection, xcb_input_xi_query_version(connection, 2, 2).sequence);
+    const auto cookie = xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL);
+    return DeviceReply(xcb_input_xi_query_device_reply(connection, cookie, nullptr));
+}
+
+bool feeds(const xcb_input_xi_device_info_t& device, unsigned int core)
+{
+    return device.type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD && device.attachment == core;
+}
+
+} // namespace
+
+unsigned int coreKeyboardDevice(Display* display)
+{
+    const XkbDescription description(XkbGetMap(display, XkbKeySymsMask, x11::coreKeyboard));
+    return description ? description->device_spec : 0;
+}
+
+std::vector<unsigned int> keyboardDevices(Display* display)
+{
+    const unsigned int core = coreKeyboardDevice(display);
+    std::vector<unsigned int> result{core};
+    const Connection connection(xcb_connect(XDisplayString(display), nullptr));
+    const DeviceReply reply = queryDevices(connection.get());
+    if (!reply)
+        return result;
+    for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem > 0;
+         xcb_input_xi_device_info_next(&device)) {
+        if (feeds(*device.data, core))
+            result.push_back(device.data->deviceid);
+    }
+    return result;
+}

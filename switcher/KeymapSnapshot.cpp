@@ -1,0 +1,84 @@
+#include "switcher/KeymapSnapshot.h"
+
+#include "switcher/KeyboardComponents.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned int allIndicators = ~0U;
+
+// These calls say 0 when they succeed, but may leave out a part that the server does not have.
+bool readParts(Display* display, XkbDescPtr keymap)
+{
+    return XkbGetNames(display, XkbAllNamesMask, keymap) == 0
+        && XkbGetCompatMap(display, XkbAllCompatMask, keymap) == 0
+        && XkbGetIndicatorMap(display, XkbAllIndicatorsMask, keymap) == 0 && keymap->names
+        && keymap->compat && keymap->indicators;
+}
+
+XkbDescription read(Display* display, unsigned int device)
+{
+    XkbDescription keymap(XkbGetMap(display, XkbAllMapComponentsMask, device));
+    if (!keymap || !readParts(display, keymap.get()))
+        return nullptr;
+    // A keyboard need not have a geometry.
+    XkbGetGeometry(display, keymap.get());
+    return keymap;
+}
+
+template <std::size_t count>
+bool hasNamesMoreThan(const Atom (&present)[count], const Atom (&wanted)[count])
+{
+    return !std::equal(std::begin(present), std::end(present), std::begin(wanted),
+        [](Atom now, Atom then) { return now == x11::none || then != x11::none; });
+}
+
+} // namespace
+
+KeymapSnapshot::KeymapSnapshot(XkbDescription wholeKeymap)
+    : keymap(std::move(wholeKeymap))
+{
+}
+
+std::optional<KeymapSnapshot> KeymapSnapshot::take(Display* display, unsigned int device)
+{
+    XkbDescription present = read(display, device);
+    if (!present)
+        return std::nullopt;
+    return KeymapSnapshot(std::move(present));
+}
+
+void KeymapSnapshot::putBack(Display* display) const
+{
+    const XkbDescription present = read(display, device());
+    if (!present)
+        return;
+    if (!canBeSetOver(*present))
+        KeyboardComponents::of(display, *keymap).load(display, device());
+    set(display);
+}
+
+// Xlib can set names but not take them away, and the set of real indicators comes from loading
+// only. Where that matters the components are loaded by name first, which leaves no name behind.
+bool KeymapSnapshot::canBeSetOver(const XkbDescRec& present) const
+{
+    const XkbNamesRec& now = *present.names;
+    const XkbNamesRec& then = *keymap->names;
+    return !hasNamesMoreThan(now.vmods, then.vmods)
+        && !hasNamesMoreThan(now.indicators, then.indicators)
+        && !hasNamesMoreThan(now.groups, then.groups)
+        && present.indicators->phys_indicators == keymap->indicators->phys_indicators;
+}
+
+// The compatibility map goes first: the server derives actions from it when it gets the keys.
+void KeymapSnapshot::set(Display* display) const
+{
+    XkbDescRec* const whole = keymap.get();
+    XkbSetCompatMap(display, XkbAllCompatMask, whole, x11::xFalse);
+    XkbSetMap(display, XkbAllMapComponentsMask, whole);
+    XkbSetNames(display, XkbAllNamesMask, 0, whole->map->num_types, whole);
+    XkbSetIndicatorMap(display, allIndicators, whole);
+    if (whole->geom)
+        XkbSetGeometry(display, device(), whole->geom);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "switcher/XkbDescription.h"
+
+#include <optional>
+
+// The whole keymap of one keyboard at one moment: keys, types, actions, modifiers, all names,
+// compatibility map, indicators and geometry.
+class KeymapSnapshot {
+public:
+    // Nothing when the keyboard is not there or one of its parts cannot be read.
+    static std::optional<KeymapSnapshot> take(Display* display, unsigned int device);
+
+    unsigned int device() const { return keymap->device_spec; }
+
+    // Gives the keyboard this keymap again, and those that feed it, if it is the core keyboard.
+    // Does nothing when the keyboard has gone.
+    void putBack(Display* display) const;
+
+private:
+    explicit KeymapSnapshot(XkbDescription wholeKeymap);
+
+    bool canBeSetOver(const XkbDescRec& present) const;
+    void set(Display* display) const;
+
+    XkbDescription keymap;
+};
