@@ -18,10 +18,12 @@ public:
     explicit TypingArea(const QString& contents, QWidget* parent = nullptr);
 
 public slots:
-    // Types the key, unless a dead key waits for its base key: then its press is ignored.
+    // Types the key, unless a dead key waits for its base key: then its press is ignored. The press
+    // of Left or Right does nothing: one stroke is one step.
     void keyPressEvent(QKeyEvent* event) override;
 
-    // Composes a pending dead key with this one; Left and Right move the cursor.
+    // Composes a pending dead key with this one. Left and Right move the cursor by one character,
+    // and with Shift they select it.
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:

@@ -33,6 +33,7 @@ private slots:
     void aClickedDeadKeyComposesWithTheNextClick();
     void aPhysicalDeadKeyComposesWithTheNextKey();
     void aDeadKeyTwiceGivesItsAccent();
+    void anArrowMovesTheCursorOfTheSampleLineByOneCharacter();
     void thirdLevelCharactersAreTyped();
     void theClickDoesNotLeaveTheWindowsFocus();
     void aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus();
@@ -200,6 +201,20 @@ void TryOutTest::aDeadKeyTwiceGivesItsAccent()
     click("AE12");
     click("AE12");
     QTRY_COMPARE(typed(), QStringLiteral("´"));
+}
+
+void TryOutTest::anArrowMovesTheCursorOfTheSampleLineByOneCharacter()
+{
+    for (const KeySym keysym : {XK_a, XK_b, XK_c, XK_Left, XK_x})
+        stroke(keysym);
+    QTRY_COMPARE(typed(), QStringLiteral("abxc"));
+
+    click("LEFT");
+    physicalKey(XK_Shift_L, true);
+    stroke(XK_Left);
+    physicalKey(XK_Shift_L, false);
+    stroke(XK_y);
+    QTRY_COMPARE(typed(), QStringLiteral("ayxc"));
 }
 
 void TryOutTest::thirdLevelCharactersAreTyped()
