@@ -11,6 +11,10 @@ class ControlCombo : public QComboBox {
 public:
     explicit ControlCombo(QWidget* parent = nullptr);
 
+    // Wide enough for the longest text of the list, and follows the list when it changes, unless
+    // the size adjust policy is another one than AdjustToContents.
+    QSize sizeHint() const override;
+
     // A sixth of the screen at the most, and less than that for a shorter text.
     QSize minimumSizeHint() const override;
 
