@@ -1,5 +1,6 @@
 #include "switcher/FocusWatch.h"
 
+#include "x11/Queries.h"
 #include "x11/X11.h"
 
 namespace {
@@ -49,9 +50,6 @@ void FocusWatch::handle(const XEvent& event)
 // tell of grabs and of the pointer too: what the server says now is simpler, and up to date.
 void FocusWatch::look()
 {
-    Window focus = x11::none;
-    int revertTo = 0;
-    XGetInputFocus(display, &focus, &revertTo);
-    const bool isOnWindow = focus != x11::none && focus != PointerRoot;
-    inside = !gone && isOnWindow && isWithin(display, focus, window);
+    const Window focus = x11::focusWindow(display);
+    inside = !gone && isWithin(display, focus, window);
 }

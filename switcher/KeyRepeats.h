@@ -1,6 +1,6 @@
 #pragma once
 
-#include "switcher/XkbDescription.h"
+#include "x11/XkbDescription.h"
 
 // Which keys of one keyboard repeat while they are held. That is not of the keymap but the user's
 // own (xset r), yet the server works it out anew when it gets a keymap.

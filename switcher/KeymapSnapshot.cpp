@@ -50,6 +50,11 @@ std::optional<KeymapSnapshot> KeymapSnapshot::take(Display* display, unsigned in
     return KeymapSnapshot(std::move(present));
 }
 
+unsigned int KeymapSnapshot::device() const
+{
+    return keymap->device_spec;
+}
+
 void KeymapSnapshot::putBack(Display* display) const
 {
     const XkbDescription present = read(display, device());

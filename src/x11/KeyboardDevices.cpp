@@ -1,7 +1,7 @@
-#include "switcher/KeyboardDevices.h"
+#include "x11/KeyboardDevices.h"
 
-#include "switcher/XkbDescription.h"
 #include "x11/X11.h"
+#include "x11/XkbDescription.h"
 
 #include <xcb/xinput.h>
 
