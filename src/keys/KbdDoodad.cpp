@@ -1,5 +1,7 @@
 #include "keys/KbdDoodad.h"
 
+#include "x11/X11.h"
+
 #include <QPainter>
 
 #include <algorithm>

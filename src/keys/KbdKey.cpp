@@ -4,6 +4,7 @@
 #include "keys/KbdLabelTable.h"
 #include "keys/KeyAnnouncement.h"
 #include "keys/KeyDetails.h"
+#include "x11/X11.h"
 
 #include <QGraphicsSceneMouseEvent>
 

@@ -4,7 +4,7 @@
 #include "keys/KeyCapPainter.h"
 #include "keys/KeyLevels.h"
 #include "keys/KeyShape.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QGraphicsItem>
 #include <QObject>

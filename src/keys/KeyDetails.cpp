@@ -1,5 +1,7 @@
 #include "keys/KeyDetails.h"
 
+#include "x11/X11.h"
+
 KeyDetails::KeyDetails(const QString& keyName, KeyCode keycode)
     : details(tr("Details about this key:"))
 {

@@ -5,7 +5,8 @@
 #include "keys/KeyColours.h"
 #include "model/GroupLayouts.h"
 #include "model/KeyPlacement.h"
-#include "model/XkbDescription.h"
+#include "x11/X11.h"
+#include "x11/XkbDescription.h"
 
 #include <QGraphicsView>
 #include <QHash>

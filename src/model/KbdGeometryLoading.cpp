@@ -8,6 +8,8 @@
 #include "keys/KbdLabelTable.h"
 #include "model/KeySender.h"
 #include "model/ModifierMasks.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QFontMetricsF>
@@ -33,12 +35,7 @@ constexpr double captionZ = 200;
 void KbdGeometry::openDisplay()
 {
     Display* display = toolkitDisplay();
-    int opcode = 0;
-    int event = 0;
-    int error = 0;
-    int major = XkbMajorVersion;
-    int minor = XkbMinorVersion;
-    if (!display || !XkbQueryExtension(display, &opcode, &event, &error, &major, &minor))
+    if (!display || !x11::queryXkb(display))
         throw NoXkb;
 
     xDisplay = std::make_unique<XDisplayClass>(display);

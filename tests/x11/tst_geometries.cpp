@@ -5,7 +5,8 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
-#include "model/XkbDescription.h"
+#include "x11/X11.h"
+#include "x11/XkbDescription.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QDirIterator>
