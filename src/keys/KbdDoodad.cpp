@@ -1,6 +1,6 @@
 #include "keys/KbdDoodad.h"
 
-#include <QPainter>
+#include "keys/ItemPainting.h"
 
 #include <algorithm>
 #include <cmath>
@@ -122,12 +122,7 @@ QRectF KbdDoodad::boundingRect() const
 
 void KbdDoodad::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
-    const QBrush brush = painter->brush();
-    const QPen pen = painter->pen();
-    const QFont font = painter->font();
-    const Qt::LayoutDirection direction = painter->layoutDirection();
-    painter->setLayoutDirection(Qt::LeftToRight); // it stands where the keyboard has it
-
+    const ItemPainting painting(painter);
     switch (doodad.any.type) {
     case XkbOutlineDoodad:
     case XkbSolidDoodad:
@@ -145,11 +140,6 @@ void KbdDoodad::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
     default:
         break;
     }
-
-    painter->setBrush(brush);
-    painter->setPen(pen);
-    painter->setFont(font);
-    painter->setLayoutDirection(direction);
 }
 
 // Outlines are filled like solid areas: an unfilled case would let the background through.

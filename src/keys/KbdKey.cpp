@@ -1,6 +1,7 @@
 #include "keys/KbdKey.h"
 
 #include "app/description/XDisplayClass.h"
+#include "keys/ItemPainting.h"
 #include "keys/KbdLabelTable.h"
 #include "keys/KeyAnnouncement.h"
 #include "keys/KeyDetails.h"
@@ -330,23 +331,12 @@ void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
     if (!shown)
         return;
 
-    const QBrush brush = painter->brush();
-    const QPen pen = painter->pen();
-    const QFont font = painter->font();
-    const Qt::LayoutDirection direction = painter->layoutDirection();
-    // The keyboard is the same in every language: written from right to left, brackets would turn.
-    painter->setLayoutDirection(Qt::LeftToRight);
-
+    const ItemPainting painting(painter);
     const int slot = activeSlot(*shown, currentModifiers);
     KeyCapPainter cap(painter, keyShape, colourScheme);
     cap.drawCap(look(slot));
     if (!keysyms.isEmpty())
         paintLabels(cap, *shown, slot);
-
-    painter->setBrush(brush);
-    painter->setPen(pen);
-    painter->setFont(font);
-    painter->setLayoutDirection(direction);
 }
 
 CapLook KbdKey::look(int slot) const
