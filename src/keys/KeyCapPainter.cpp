@@ -56,15 +56,6 @@ double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 
 } // namespace
 
-QString KeyCapPainter::withCaseOf(const QString& text, ShiftMask_t modifiers)
-{
-    if (!(modifiers & x11::lockMask) || text.size() != 1)
-        return text;
-    const QString changed = (modifiers & x11::shiftMask) ? text.toLower() : text.toUpper();
-    // A sharp s has no capital of one character: the key goes on typing what it shows.
-    return changed.size() == 1 ? changed : text;
-}
-
 double KeyCapPainter::border(const KeyShape& shape)
 {
     return std::min(shape.width, shape.height) / 10;
@@ -91,7 +82,7 @@ void KeyCapPainter::drawFace(const QPolygon& polygon, const QRectF& rectangle)
         painter->drawPolygon(polygon);
 }
 
-void KeyCapPainter::drawDeadCell(const QRectF& cell)
+void KeyCapPainter::drawDeadGround(const QRectF& cell)
 {
     painter->setPen(Qt::NoPen);
     painter->setBrush(keyColour(KeyColour::TopDead, scheme));
@@ -102,10 +93,12 @@ void KeyCapPainter::drawDeadCell(const QRectF& cell)
 
 void KeyCapPainter::drawLabel(const CapLabel& label)
 {
-    if (label.text == QLatin1StringView("Void") || label.text == QLatin1StringView("None"))
+    if (label.onDeadGround)
+        drawDeadGround(label.cell);
+    const QString& text = label.text;
+    if (text == QLatin1StringView("Void") || text == QLatin1StringView("None"))
         return;
 
-    const QString text = withCaseOf(label.text, label.modifiers);
     QRectF room = textRectangle(label.cell);
     painter->setPen(keyColour(label.colour, scheme));
     double factor = fit(text, label.size, room);

@@ -302,7 +302,7 @@ private:
     XDisplayClass noDisplay{nullptr};
     KbdLabelTable labels;
     QStringList layouts{"us"};
-    ShiftMask_t momentaryMask = 0;
+    ShiftMask_t lockModifiers = 0;
 };
 
 Q_DECLARE_METATYPE(CapRow)
@@ -313,12 +313,12 @@ void KbdKeyTest::init()
 {
     keymap = std::make_unique<FakeKeymap>();
     layouts = QStringList{"us"};
-    momentaryMask = 0;
+    lockModifiers = 0;
 }
 
 std::unique_ptr<KbdKey> KbdKeyTest::key(const char* name, const KeyShape& shape)
 {
-    const KeyContext context{&noDisplay, keymap->xkb(), &labels, layouts, {}, momentaryMask};
+    const KeyContext context{&noDisplay, keymap->xkb(), &labels, layouts, {}, lockModifiers};
     return std::make_unique<KbdKey>(context, name, shape, nullptr);
 }
 
@@ -477,7 +477,7 @@ void KbdKeyTest::aKeyWithoutGroupsPaintsNothing()
     keymap->addKey("AC01", keyA);
     const auto item = key("AC01");
     QImage empty = paintedOn(*item);
-    QCOMPARE(item->groupCount(), 0);
+    QCOMPARE(item->symbols().groupCount(), 0);
     QCOMPARE(item->x11Keycode(), keyA);
     QImage untouched = empty;
     untouched.fill(ground);
@@ -497,7 +497,7 @@ void KbdKeyTest::aKeyThatTheKeymapLacksPaintsNothing()
 void KbdKeyTest::aKeyWithoutSymbolsHasAnEmptyCap()
 {
     const auto item = keyOf(keymap->addType(0, {}), {});
-    QCOMPARE(item->groupCount(), 1);
+    QCOMPARE(item->symbols().groupCount(), 1);
     QCOMPARE(at(paintedOn(*item), 25, 15), QColor(normalCap.top[0]));
     QVERIFY(textsOf(*item).isEmpty());
     item->setMultipleCharacters(true);
@@ -1100,7 +1100,7 @@ void KbdKeyTest::aDoubleClickIsASecondPress()
 
 void KbdKeyTest::aMomentaryModifierIsHeldWithTheMouse()
 {
-    momentaryMask = both(lock, mod1);
+    lockModifiers = both(lock, mod1);
     keymap->addKey("CAPS", capsLock, {{keymap->oneLevel(), {XK_Caps_Lock}}});
     keymap->setAction(capsLock, XkbSA_LockMods, lock);
     const auto item = key("CAPS");
@@ -1162,7 +1162,7 @@ void KbdKeyTest::aTwinIsToggledAsWell()
 
 void KbdKeyTest::aMomentaryModifierHasNoUseForItsTwin()
 {
-    momentaryMask = shift;
+    lockModifiers = shift;
     const auto item = modifierKey(leftShift, XK_Shift_L, shift);
     item->setTwinKeycode(rightShift);
     KeyLog log(*item);
@@ -1273,7 +1273,7 @@ void KbdKeyTest::modifiersAreNamedByTheirFirstKeysym_data()
 void KbdKeyTest::modifiersAreNamedByTheirFirstKeysym()
 {
     QFETCH(KeySym, keysym);
-    QTEST(keyOf(keymap->twoLevels(), {keysym, XK_Shift_L})->modifierName(), "name");
+    QTEST(keyOf(keymap->twoLevels(), {keysym, XK_Shift_L})->symbols().modifierName(), "name");
 }
 
 void KbdKeyTest::onlySettingAndLockingMakesAModifier_data()
@@ -1293,8 +1293,8 @@ void KbdKeyTest::onlySettingAndLockingMakesAModifier()
     QFETCH(int, action);
     keymap->setAction(keyA, static_cast<unsigned char>(action), both(shift, control));
     const auto item = keyOf(keymap->oneLevel(), {XK_a});
-    QTEST(int(item->keyType()), "type");
-    QTEST(int(item->keyModifiers()), "mask");
+    QTEST(int(item->symbols().keyType()), "type");
+    QTEST(int(item->symbols().keyModifiers()), "mask");
 }
 
 void KbdKeyTest::aKeyIsFoundByAllOfItsName()
