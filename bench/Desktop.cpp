@@ -1,5 +1,7 @@
 #include "Desktop.h"
 
+#include "x11/X11.h"
+
 #include <algorithm>
 #include <array>
 #include <stdexcept>

@@ -1,8 +1,11 @@
 #include "harness/KeyTarget.h"
 
+#include "x11/X11.h"
+
 #include <array>
 #include <cstdio>
 #include <poll.h>
+#include <string>
 #include <unistd.h>
 
 namespace {
@@ -39,6 +42,16 @@ std::string keysymName(KeySym keysym)
     std::array<char, 20> number{};
     std::snprintf(number.data(), number.size(), "0x%lx", keysym);
     return number.data();
+}
+
+void printKey(const char* word, XKeyEvent& key)
+{
+    std::array<char, 64> text{};
+    KeySym keysym = x11::none;
+    const int length =
+        XLookupString(&key, text.data(), static_cast<int>(text.size()), &keysym, nullptr);
+    std::printf("%s %u %u %s %s\n", word, key.keycode, key.state, keysymName(keysym).c_str(),
+        escaped(text.data(), length).c_str());
 }
 
 // True once there is nothing more to come from the one who started the target.
@@ -201,14 +214,4 @@ void KeyTarget::announceFocus()
         return;
     ready = true;
     std::printf("ready %lu\n", window);
-}
-
-void KeyTarget::printKey(const char* word, XKeyEvent& key)
-{
-    std::array<char, 64> text{};
-    KeySym keysym = x11::none;
-    const int length =
-        XLookupString(&key, text.data(), static_cast<int>(text.size()), &keysym, nullptr);
-    std::printf("%s %u %u %s %s\n", word, key.keycode, key.state, keysymName(keysym).c_str(),
-        escaped(text.data(), length).c_str());
 }

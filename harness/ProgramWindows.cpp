@@ -2,6 +2,7 @@
 
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
+#include "x11/X11.h"
 
 #include <QRect>
 

@@ -1,6 +1,7 @@
 #include "harness/XTools.h"
 
 #include "harness/XErrors.h"
+#include "x11/X11.h"
 
 #include <QProcess>
 

@@ -1,21 +1,16 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Connection.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QRect>
 #include <QStringList>
 
-#include <memory>
 #include <optional>
 
-struct CloseDisplay {
-    void operator()(Display* display) const { XCloseDisplay(display); }
-};
-
 // A connection of the test's own, beside the application's.
-using XConnection = std::unique_ptr<Display, CloseDisplay>;
+using XConnection = x11::Connection;
 
 // Null when the display takes no connection.
 XConnection openDisplay(const QByteArray& name);

@@ -1,5 +1,7 @@
 #include "platform/InstanceGuard.h"
 
+#include "x11/X11.h"
+
 InstanceGuard::InstanceGuard(Display* xDisplay, const QByteArray& name)
     : display(xDisplay)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "switcher/KeyboardComponents.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <string>
 #include <sys/types.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 // The names of what a keyboard types with, as the server's atoms: enough to see that another
 // keyboard was loaded. The geometry is left out on purpose, it is a drawing.

@@ -1,5 +1,7 @@
 #include "switcher/FocusWatch.h"
 
+#include "x11/X11.h"
+
 namespace {
 
 Window parentOf(Display* display, Window window)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 // Follows whether the input focus is in a window of another program, that is, on it or on one of
 // its descendants. The other program notices nothing of it.

@@ -1,5 +1,7 @@
 #include "switcher/HeldKeys.h"
 
+#include "x11/X11.h"
+
 #include <string>
 
 void releaseHeldKeys(Display* display, pid_t process)

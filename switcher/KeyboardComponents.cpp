@@ -1,6 +1,7 @@
 #include "switcher/KeyboardComponents.h"
 
 #include "switcher/XkbDescription.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 #include "switcher/KeyboardDevices.h"
 
 #include "switcher/XkbDescription.h"
+#include "x11/X11.h"
 
 #include <xcb/xinput.h>
 

@@ -3,6 +3,7 @@
 #include "switcher/KeyRepeats.h"
 #include "switcher/KeyboardDevices.h"
 #include "switcher/ServerGrab.h"
+#include "x11/X11.h"
 
 #include <stdexcept>
 #include <utility>

@@ -1,6 +1,7 @@
 #include "switcher/KeymapSnapshot.h"
 
 #include "switcher/KeyboardComponents.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 

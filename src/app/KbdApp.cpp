@@ -10,6 +10,7 @@
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/KbdConstants.h"
+#include "x11/X11.h"
 #include "x11/qt/PhysicalKeys.h"
 #include "x11/qt/ToFocusWindow.h"
 #include "x11/qt/ToolkitDisplay.h"

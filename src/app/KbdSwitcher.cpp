@@ -1,6 +1,7 @@
 #include "app/KbdSwitcher.h"
 
 #include "app/description/ToolRun.h"
+#include "x11/X11.h"
 
 #include <QCoreApplication>
 #include <QProcess>

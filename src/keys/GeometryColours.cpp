@@ -1,6 +1,7 @@
 #include "keys/GeometryColours.h"
 
 #include "x11/ColourLookup.h"
+#include "x11/X11.h"
 
 namespace {
 

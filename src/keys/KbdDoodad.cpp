@@ -1,6 +1,7 @@
 #include "keys/KbdDoodad.h"
 
 #include "keys/ItemPainting.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 #include <cmath>

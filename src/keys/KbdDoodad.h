@@ -2,7 +2,7 @@
 
 #include "keys/GeometryColours.h"
 #include "keys/KeyShape.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QGraphicsItem>
 #include <QObject>

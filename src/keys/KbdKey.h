@@ -4,6 +4,7 @@
 #include "keys/KeyShape.h"
 #include "keys/KeyState.h"
 #include "keys/KeySymbols.h"
+#include "x11/Types.h"
 
 #include <QGraphicsItem>
 #include <QObject>

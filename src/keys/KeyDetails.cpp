@@ -1,6 +1,7 @@
 #include "keys/KeyDetails.h"
 
 #include "keys/KeySymbols.h"
+#include "x11/X11.h"
 
 QString KeyDetails::of(const KeySymbols& symbols)
 {

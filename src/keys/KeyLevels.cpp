@@ -1,5 +1,7 @@
 #include "keys/KeyLevels.h"
 
+#include "x11/X11.h"
+
 #include <algorithm>
 
 namespace {

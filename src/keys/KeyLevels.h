@@ -1,7 +1,7 @@
 #pragma once
 
 #include "keys/KbdTypes.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <array>
 #include <optional>

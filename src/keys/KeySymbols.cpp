@@ -3,6 +3,7 @@
 #include "app/description/XDisplayClass.h"
 #include "keys/KbdLabelTable.h"
 #include "keys/LabelCase.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "keys/KbdTypes.h"
 #include "keys/KeyLevels.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QByteArray>
 #include <QList>

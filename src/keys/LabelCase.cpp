@@ -1,6 +1,6 @@
 #include "keys/LabelCase.h"
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 QString withCaseOf(const QString& label, ShiftMask_t modifiers)
 {

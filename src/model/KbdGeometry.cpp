@@ -8,6 +8,7 @@
 #include "keys/KbdLabelTable.h"
 #include "model/KbdAccessible.h"
 #include "model/KeySender.h"
+#include "x11/X11.h"
 
 #include <QCoreApplication>
 #include <QGraphicsRectItem>

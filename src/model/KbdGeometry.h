@@ -6,6 +6,7 @@
 #include "model/GroupLayouts.h"
 #include "model/KeyPlacement.h"
 #include "model/XkbDescription.h"
+#include "x11/X11.h"
 
 #include <QGraphicsView>
 #include <QHash>

@@ -8,6 +8,7 @@
 #include "keys/KbdLabelTable.h"
 #include "model/KeySender.h"
 #include "model/ModifierMasks.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QFontMetricsF>

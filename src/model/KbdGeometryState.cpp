@@ -6,6 +6,7 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KeySender.h"
+#include "x11/X11.h"
 
 #include <QScopedValueRollback>
 

@@ -1,5 +1,7 @@
 #include "model/KeySender.h"
 
+#include "x11/X11.h"
+
 #include <unistd.h>
 
 namespace {

@@ -1,5 +1,7 @@
 #include "model/ModifierMasks.h"
 
+#include "x11/X11.h"
+
 QMap<QString, ShiftMask_t> modifierMasksOf(const XkbDescRec& xkb, XDisplayClass& display)
 {
     QMap<QString, ShiftMask_t> masks{

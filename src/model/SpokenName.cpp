@@ -1,6 +1,7 @@
 #include "model/SpokenName.h"
 
 #include "x11/Keysyms.h"
+#include "x11/X11.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>

@@ -1,5 +1,7 @@
 #include "model/XkbDescription.h"
 
+#include "x11/X11.h"
+
 namespace {
 
 constexpr unsigned int everything = 0x7f; // XkbGBN_AllComponentsMask

@@ -9,6 +9,7 @@
 #include "ui/PicturePrinter.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/PackageTest.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>

@@ -4,6 +4,7 @@
 #include "app/description/XDisplayClass.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
+#include "x11/X11.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>

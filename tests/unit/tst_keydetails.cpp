@@ -4,6 +4,7 @@
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "keys/KeyDetails.h"
+#include "x11/X11.h"
 
 #include <QTest>
 

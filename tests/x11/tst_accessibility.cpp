@@ -11,6 +11,7 @@
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/KbdSpec.h"
+#include "x11/X11.h"
 
 #include <QAccessible>
 #include <QTest>

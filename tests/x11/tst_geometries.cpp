@@ -6,6 +6,7 @@
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
 #include "model/XkbDescription.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QDirIterator>

@@ -4,6 +4,7 @@
 #include "model/GroupLayouts.h"
 #include "model/XkbDescription.h"
 #include "ui/specs/SpecTable.h"
+#include "x11/X11.h"
 
 namespace {
 

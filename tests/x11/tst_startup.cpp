@@ -9,6 +9,7 @@
 #include "harness/XTools.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QDeadlineTimer>

@@ -3,6 +3,7 @@
 #include "harness/PrivateServer.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
+#include "x11/X11.h"
 
 #include <QCoreApplication>
 #include <QTemporaryFile>

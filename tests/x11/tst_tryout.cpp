@@ -9,6 +9,7 @@
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "x11/X11.h"
 
 #include <QTest>
 

@@ -10,6 +10,7 @@
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "x11/X11.h"
 
 #include <QDir>
 #include <QFile>

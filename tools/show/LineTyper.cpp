@@ -4,6 +4,7 @@
 #include "keys/KbdLabelTable.h"
 #include "keys/KeyColours.h"
 #include "model/KbdGeometry.h"
+#include "x11/X11.h"
 
 #include <QGuiApplication>
 #include <QScreen>

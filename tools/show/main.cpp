@@ -20,6 +20,7 @@
 #include "harness/WindowManager.h"
 #include "harness/XTools.h"
 #include "model/KbdGeometry.h"
+#include "x11/X11.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

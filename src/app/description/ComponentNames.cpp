@@ -1,6 +1,7 @@
 #include "app/description/ComponentNames.h"
 
 #include "app/description/ToolRun.h"
+#include "x11/X11.h"
 
 #include <QByteArrayView>
 #include <QRegularExpression>

@@ -1,5 +1,7 @@
 #include "app/description/XDisplayClass.h"
 
+#include "x11/X11.h"
+
 #include <vector>
 
 namespace {

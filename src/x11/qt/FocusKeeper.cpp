@@ -1,5 +1,7 @@
 #include "x11/qt/FocusKeeper.h"
 
+#include "x11/X11.h"
+
 #include <QApplication>
 
 namespace {

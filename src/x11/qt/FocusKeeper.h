@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 // For a window of ours that has to take the keyboard focus for a while, a dialog: gives the focus
 // back to the window of another program that had it before. Does nothing where the focus was ours.

@@ -1,5 +1,7 @@
 #include "x11/qt/ToFocusWindow.h"
 
+#include "x11/X11.h"
+
 #include <QWidget>
 
 void neverTakeFocus(QWidget* window, Display* display)
