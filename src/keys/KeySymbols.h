@@ -62,10 +62,10 @@ public:
     ShiftMask_t keyModifiers() const { return modifierMask; }
     bool isModifier() const { return modifierType != 0; }
 
-    // Whether the key belongs to Caps Lock, Num Lock or Scroll Lock.
+    // Whether the key sets or locks the modifier of Caps Lock, Num Lock or Scroll Lock.
     bool isLockKey() const { return modifierMask & context.lockModifiers; }
 
-    // Whether any, or all, of the key's own modifiers are among these. An ordinary key has none.
+    // Whether one, or every one, of the modifiers that the key sets or locks is among these.
     bool hasModifierOf(ShiftMask_t modifiers) const { return modifiers & modifierMask; }
     bool hasAllModifiersIn(ShiftMask_t modifiers) const;
 
