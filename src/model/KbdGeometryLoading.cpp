@@ -188,7 +188,7 @@ void KbdGeometry::addKey(
     if (key->x11Keycode() == 0)
         return;
     keysByKeycode.insert(key->x11Keycode(), key);
-    const QString modifier = key->modifierName();
+    const QString modifier = key->symbols().modifierName();
     if (!modifier.isEmpty())
         modifierKeycodes.insert(modifier, key->x11Keycode());
 }
@@ -208,11 +208,12 @@ void KbdGeometry::pairModifierKeys()
 {
     QHash<QString, QList<KbdKey*>> keysByModifier;
     for (KbdKey* key : std::as_const(keys)) {
-        if (key->keyType() == XkbSA_SetMods && !key->modifierName().isEmpty())
-            keysByModifier[key->modifierName()] << key;
+        if (key->symbols().keyType() == XkbSA_SetMods && !key->symbols().modifierName().isEmpty())
+            keysByModifier[key->symbols().modifierName()] << key;
     }
     for (const QList<KbdKey*>& pair : std::as_const(keysByModifier)) {
-        if (pair.size() != 2 || pair.first()->keyModifiers() != pair.last()->keyModifiers())
+        if (pair.size() != 2
+            || pair.first()->symbols().keyModifiers() != pair.last()->symbols().keyModifiers())
             continue;
         pair.first()->setTwinKeycode(pair.last()->x11Keycode());
         pair.last()->setTwinKeycode(pair.first()->x11Keycode());

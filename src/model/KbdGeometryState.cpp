@@ -235,7 +235,7 @@ QList<KeyCode> KbdGeometry::unnamedKeysHolding(ShiftMask_t modifiers) const
     QList<KeyCode> keycodes;
     for (auto held = pressedModifiers.cbegin(); held != pressedModifiers.cend(); ++held) {
         const KbdKey* key = keysByKeycode.value(held.key());
-        if ((held.value() & modifiers) && key && key->keyType() == XkbSA_SetMods)
+        if ((held.value() & modifiers) && key && key->symbols().keyType() == XkbSA_SetMods)
             keycodes << held.key();
     }
     std::sort(keycodes.begin(), keycodes.end());

@@ -52,7 +52,7 @@ constexpr int dragTolerance = 20;
 bool isInLetterBlock(const KbdKey& key)
 {
     const QString row = key.name().left(2);
-    return key.keyType() == 0 && QStringList{"AB", "AC", "AD", "AE"}.contains(row);
+    return key.symbols().keyType() == 0 && QStringList{"AB", "AC", "AD", "AE"}.contains(row);
 }
 
 std::unique_ptr<MainWindow> makeLikeness()

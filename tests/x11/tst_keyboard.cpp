@@ -677,7 +677,8 @@ void KeyboardTest::locksThatHaveNoKeyAreFollowedTogether()
     startOnlyToolkit();
     const auto view = newPicture(ourGeometry, neoSymbols);
     for (const KbdKey* key : view->keyItems())
-        QVERIFY(key->modifierName() != "CapsLock" && key->modifierName() != "NumLock");
+        QVERIFY(key->symbols().modifierName() != "CapsLock"
+            && key->symbols().modifierName() != "NumLock");
     other->lockModifiers(num, num);
     view->x11LockStateChangedIn();
     other->lockModifiers(lock, lock);
@@ -897,8 +898,8 @@ void KeyboardTest::aKeyWithFewerGroupsKeepsItsGroup()
     startOnlyToolkit();
     const auto view = newPicture("pc-arvane(jp106)");
     const KbdKey* key = keyOf(*view, underscore);
-    QCOMPARE(key->groupCount(), 2);
-    QCOMPARE(keyOf(*view, keyY)->groupCount(), 3);
+    QCOMPARE(key->symbols().groupCount(), 2);
+    QCOMPARE(keyOf(*view, keyY)->symbols().groupCount(), 3);
     QCOMPARE(key->activeKeysym(), x11::none);
     view->setGroupNum(2);
     QCOMPARE(key->activeKeysym(), x11::none);

@@ -103,10 +103,10 @@ void TryOutTest::click(const char* name) const
     const ShiftMask_t before = window()->picture()->modifiers();
     movePointerTo(name);
     button(true);
-    if (key->keyType() == 0)
+    if (key->symbols().keyType() == 0)
         QTRY_VERIFY(key->isPressed());
     button(false);
-    if (key->keyType() == 0)
+    if (key->symbols().keyType() == 0)
         QTRY_VERIFY(!key->isPressed());
     else
         QTRY_VERIFY(window()->picture()->modifiers() != before);

@@ -231,7 +231,7 @@ QList<Shown> ordinaryKeys(const KbdGeometry& picture)
     QList<Shown> result;
     const QList<KbdKey*> keys = picture.keyItems();
     for (KbdKey* key : keys) {
-        if (key->keyType() != 0 || key->groupCount() == 0)
+        if (key->symbols().keyType() != 0 || key->symbols().groupCount() == 0)
             continue;
         const Shown shown{key, nameOf(key->activeKeysym()), key->activeLabel()};
         result << shown;
@@ -245,7 +245,7 @@ KbdKey* modifierKey(const KbdGeometry& picture, const QString& modifier)
 {
     const QList<KbdKey*> keys = picture.keyItems();
     for (KbdKey* key : keys) {
-        if (key->keyType() != 0 && key->modifierName() == modifier)
+        if (key->symbols().keyType() != 0 && key->symbols().modifierName() == modifier)
             return key;
     }
     return nullptr;
@@ -388,7 +388,7 @@ bool TypingTest::switchModifiers(const StateRow& state, bool on)
         if (!key || !click(*key))
             return false;
         const auto isSwitched = [&] {
-            return bool(picture().modifiers() & key->keyModifiers()) == on;
+            return bool(picture().modifiers() & key->symbols().keyModifiers()) == on;
         };
         if (!waitUntil(isSwitched))
             return false;
@@ -565,7 +565,8 @@ void TypingTest::theFifthLevelIsTyped()
         [](const KbdKey* key) { return key->activeKeysym() == XK_ISO_Level5_Shift; });
     QVERIFY(fifthLevel != keys.end());
     QVERIFY(click(**fifthLevel));
-    QVERIFY(waitUntil([&] { return picture().modifiers() == (*fifthLevel)->keyModifiers(); }));
+    QVERIFY(waitUntil(
+        [&] { return picture().modifiers() == (*fifthLevel)->symbols().keyModifiers(); }));
 
     const QList<Shown> shown = ordinaryKeys(picture());
     const QList<KeyTargetLine> presses = typed(shown);
@@ -644,7 +645,7 @@ void TypingTest::theTextLineShowsWhatIsDrawn()
         int characters = 0;
         for (const KbdKey* key : keys) {
             const QString character = characterOf(pointer.display(), key->activeKeysym());
-            if (key->keyType() != 0 || character.isEmpty())
+            if (key->symbols().keyType() != 0 || character.isEmpty())
                 continue;
             ++characters;
             QCOMPARE(key->name() + ' ' + lineAfter(*key), key->name() + ' ' + character);
