@@ -7,7 +7,7 @@
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "model/KbdAccessible.h"
-#include "model/KeySender.h"
+#include "x11/qt/KeySender.h"
 
 #include <QCoreApplication>
 #include <QGraphicsRectItem>

@@ -183,7 +183,6 @@ private:
     void sendEvent(int type, KeyCode keycode);
 
     std::unique_ptr<XDisplayClass> xDisplay;
-    Window rootWindow = 0;
     XkbDescription xkb;
     std::unique_ptr<GeometryColours> colours;
     QGraphicsScene* keyboardScene;

@@ -6,8 +6,8 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
-#include "model/KeySender.h"
 #include "model/ModifierMasks.h"
+#include "x11/qt/KeySender.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QFontMetricsF>
@@ -42,8 +42,7 @@ void KbdGeometry::openDisplay()
         throw NoXkb;
 
     xDisplay = std::make_unique<XDisplayClass>(display);
-    rootWindow = DefaultRootWindow(display);
-    sender = std::make_unique<KeySender>(display, rootWindow);
+    sender = std::make_unique<KeySender>(display);
 }
 
 void KbdGeometry::loadKeyboard(const QStringList& captions, const XkbComponentNamesRec& names)

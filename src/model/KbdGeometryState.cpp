@@ -5,7 +5,7 @@
 
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
-#include "model/KeySender.h"
+#include "x11/qt/KeySender.h"
 
 #include <QScopedValueRollback>
 

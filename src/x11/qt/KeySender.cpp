@@ -1,6 +1,8 @@
-#include "model/KeySender.h"
+#include "x11/qt/KeySender.h"
 
 #include <unistd.h>
+
+#include <utility>
 
 namespace {
 
@@ -11,11 +13,9 @@ QByteArray heldKeysName()
 
 } // namespace
 
-#include <utility>
-
-KeySender::KeySender(Display* xDisplay, Window root)
+KeySender::KeySender(Display* xDisplay)
     : display(xDisplay)
-    , rootWindow(root)
+    , rootWindow(DefaultRootWindow(xDisplay))
 {
 }
 
@@ -51,7 +51,7 @@ QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
     return modifierKeys;
 }
 
-// A killed program cannot release its keys: who outlives it finds them here.
+// The switcher reads this property when the program was killed, and releases the keys.
 void KeySender::tellHeldKeys()
 {
     if (heldKeysProperty == x11::none)
@@ -62,11 +62,10 @@ void KeySender::tellHeldKeys()
         for (const KeyCode modifier : each.value())
             keycodes += static_cast<char>(modifier);
     }
-    const Window root = DefaultRootWindow(display);
     if (keycodes.isEmpty())
-        XDeleteProperty(display, root, heldKeysProperty);
+        XDeleteProperty(display, rootWindow, heldKeysProperty);
     else
-        XChangeProperty(display, root, heldKeysProperty, XA_INTEGER, 8, PropModeReplace,
+        XChangeProperty(display, rootWindow, heldKeysProperty, XA_INTEGER, 8, PropModeReplace,
             reinterpret_cast<const unsigned char*>(keycodes.constData()),
             static_cast<int>(keycodes.size()));
 }
@@ -96,7 +95,7 @@ void KeySender::sendEvent(int type, const SyntheticKey& key)
     keyEvent.type = type;
     keyEvent.display = display;
     keyEvent.window = focusWindow();
-    keyEvent.root = DefaultRootWindow(display);
+    keyEvent.root = rootWindow;
     keyEvent.time = key.time;
     keyEvent.state = key.state;
     keyEvent.keycode = key.keycode;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "keys/KbdTypes.h"
 #include "x11/X11.h"
 
 #include <QHash>
@@ -20,8 +19,8 @@ struct SyntheticKey {
 // keyboard switcher releases them if the process is killed.
 class KeySender {
 public:
-    // The display is borrowed. The root window stands in where no window has the focus.
-    KeySender(Display* xDisplay, Window root);
+    // The display is borrowed.
+    explicit KeySender(Display* xDisplay);
 
     // Releases what is still held.
     ~KeySender();
@@ -46,7 +45,7 @@ private:
     void tellHeldKeys();
 
     Display* display;
-    Window rootWindow;
+    Window rootWindow; // of the default screen; gets the key events while no window has the focus
     Atom heldKeysProperty = x11::none;
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it
 };
