@@ -178,7 +178,6 @@ private:
     QList<KeyCode> modifierKeysToPress() const;
     QList<KeyCode> unnamedKeysHolding(ShiftMask_t modifiers) const;
     void lockInServer();
-    void expectEchoes(QHash<KeyCode, int>& echoes, const QList<KeyCode>& modifierKeys) const;
     void switchIndicator(ShiftMask_t mask);
     void sendEvent(int type, KeyCode keycode);
 
@@ -217,9 +216,5 @@ private:
     std::unique_ptr<KeySender> sender;
     GroupObserver groupObserver;
     KeyGroup_t groupAtLoad = 0; // locked in the server
-    // Of modifier keys pressed and released around a clicked key while this window has the focus,
-    // how many events are still to come back: they are not the user's.
-    QHash<KeyCode, int> pressEchoes;
-    QHash<KeyCode, int> releaseEchoes;
     Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
 };

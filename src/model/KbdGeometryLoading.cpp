@@ -42,7 +42,7 @@ void KbdGeometry::openDisplay()
         throw NoXkb;
 
     xDisplay = std::make_unique<XDisplayClass>(display);
-    sender = std::make_unique<KeySender>(display);
+    sender = std::make_unique<KeySender>(display, this);
 }
 
 void KbdGeometry::loadKeyboard(const QStringList& captions, const XkbComponentNamesRec& names)

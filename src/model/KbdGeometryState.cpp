@@ -18,22 +18,11 @@ namespace {
 // as the second.
 constexpr unsigned int secondGroupState = 0x2000;
 
-// Whether the event is one of those expected, which it then is no longer.
-bool takeEcho(QHash<KeyCode, int>& echoes, const XKeyEvent* event)
-{
-    const auto expected = echoes.find(static_cast<KeyCode>(event->keycode));
-    if (expected == echoes.end())
-        return false;
-    if (--*expected == 0)
-        echoes.erase(expected);
-    return true;
-}
-
 } // namespace
 
 void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
 {
-    if (takeEcho(pressEchoes, event))
+    if (sender->isEcho(*event))
         return;
     const QScopedValueRollback following(followsServer, true);
     if (KbdKey* key = keysByKeycode.value(static_cast<KeyCode>(event->keycode)))
@@ -42,7 +31,7 @@ void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
 
 void KbdGeometry::x11KeyReleaseEventIn(XKeyEvent* event)
 {
-    if (takeEcho(releaseEchoes, event))
+    if (sender->isEcho(*event))
         return;
     if (KbdKey* key = keysByKeycode.value(static_cast<KeyCode>(event->keycode)))
         key->keyReleaseEventIn(static_cast<ShiftMask_t>(event->state));
@@ -50,8 +39,7 @@ void KbdGeometry::x11KeyReleaseEventIn(XKeyEvent* event)
 
 void KbdGeometry::releasePhysicalKeys()
 {
-    pressEchoes.clear();
-    releaseEchoes.clear();
+    sender->forgetEchoes();
     for (KbdKey* key : std::as_const(keys)) {
         if (key->isPressed())
             key->keyReleaseEventIn();
@@ -192,16 +180,14 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
 {
     if (!useXTest)
         return sendEvent(x11::keyPress, x11Keycode);
-    const QList<KeyCode> modifierKeys = modifierKeysToPress();
-    expectEchoes(pressEchoes, modifierKeys);
-    sender->pressThroughXTest(x11Keycode, modifierKeys);
+    sender->pressThroughXTest(x11Keycode, modifierKeysToPress());
 }
 
 void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)
 {
     if (!useXTest)
         return sendEvent(x11::keyRelease, x11Keycode);
-    expectEchoes(releaseEchoes, sender->releaseThroughXTest(x11Keycode));
+    sender->releaseThroughXTest(x11Keycode);
 }
 
 ShiftMask_t KbdGeometry::heldModifiers() const
@@ -239,15 +225,6 @@ QList<KeyCode> KbdGeometry::unnamedKeysHolding(ShiftMask_t modifiers) const
     }
     std::sort(keycodes.begin(), keycodes.end());
     return keycodes;
-}
-
-void KbdGeometry::expectEchoes(
-    QHash<KeyCode, int>& echoes, const QList<KeyCode>& modifierKeys) const
-{
-    if (!isActiveWindow())
-        return;
-    for (const KeyCode keycode : modifierKeys)
-        ++echoes[keycode];
 }
 
 void KbdGeometry::sendEvent(int type, KeyCode keycode)

@@ -1,5 +1,7 @@
 #include "x11/qt/KeySender.h"
 
+#include <QWidget>
+
 #include <unistd.h>
 
 #include <utility>
@@ -13,8 +15,9 @@ QByteArray heldKeysName()
 
 } // namespace
 
-KeySender::KeySender(Display* xDisplay)
+KeySender::KeySender(Display* xDisplay, const QWidget* widgetOfOurs)
     : display(xDisplay)
+    , widget(widgetOfOurs)
     , rootWindow(DefaultRootWindow(xDisplay))
 {
 }
@@ -28,6 +31,7 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
 {
     if (held.contains(keycode))
         return;
+    expect(pressEchoes, modifierKeys);
     held.insert(keycode, modifierKeys);
     tellHeldKeys();
     unsigned long delay = 0; // milliseconds after the key before it
@@ -37,7 +41,13 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     XFlush(display);
 }
 
-QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
+void KeySender::releaseThroughXTest(KeyCode keycode)
+{
+    expect(releaseEchoes, letGo(keycode));
+}
+
+// Returns the modifier keys that it has released with the key.
+QList<KeyCode> KeySender::letGo(KeyCode keycode)
 {
     if (!held.contains(keycode))
         return {};
@@ -49,6 +59,31 @@ QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
     tellHeldKeys();
     XFlush(display);
     return modifierKeys;
+}
+
+void KeySender::expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const
+{
+    if (!widget->isActiveWindow())
+        return;
+    for (const KeyCode keycode : modifierKeys)
+        ++echoes[keycode];
+}
+
+bool KeySender::isEcho(const XKeyEvent& event)
+{
+    Echoes& echoes = event.type == x11::keyPress ? pressEchoes : releaseEchoes;
+    const auto expected = echoes.find(static_cast<KeyCode>(event.keycode));
+    if (expected == echoes.end())
+        return false;
+    if (--*expected == 0)
+        echoes.erase(expected);
+    return true;
+}
+
+void KeySender::forgetEchoes()
+{
+    pressEchoes.clear();
+    releaseEchoes.clear();
 }
 
 // The switcher reads this property when the program was killed, and releases the keys.
@@ -76,7 +111,7 @@ void KeySender::releaseAll()
         return;
     const QList<KeyCode> keycodes = held.keys();
     for (const KeyCode keycode : keycodes)
-        releaseThroughXTest(keycode);
+        letGo(keycode);
     XSync(display, x11::xFalse);
 }
 
