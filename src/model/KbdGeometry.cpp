@@ -7,6 +7,7 @@
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "model/KbdAccessible.h"
+#include "x11/CoreKeyboard.h"
 #include "x11/qt/KeySender.h"
 
 #include <QCoreApplication>
@@ -16,19 +17,6 @@
 #include <QWindow>
 
 #include <utility>
-
-namespace {
-
-bool hasXTest(Display* display)
-{
-    int event = 0;
-    int error = 0;
-    int major = 0;
-    int minor = 0;
-    return XTestQueryExtension(display, &event, &error, &major, &minor);
-}
-
-} // namespace
 
 KbdGeometry::KbdGeometry( // NOLINT(readability-function-size): the settings stand side by side
     QString model, QString layout, QString variant, QString options, XkbComponentNamesRec* names,
@@ -40,7 +28,7 @@ KbdGeometry::KbdGeometry( // NOLINT(readability-function-size): the settings sta
     KbdAccessible::install();
 
     openDisplay();
-    useXTest = wantXTest && hasXTest(xDisplay->xDisplay());
+    useXTest = wantXTest && server->hasXTest();
     loadKeyboard({model, layout, variant, options}, *names);
 
     setScene(keyboardScene);

@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 
+class CoreKeyboard;
 class GeometryColours;
 class KbdDoodad;
 class KbdKey;
@@ -169,7 +170,6 @@ private:
     QString symbolsName() const;
     void fitPicture();
     ShiftMask_t maskOf(const QString& modifier);
-    XkbStateRec serverState() const;
     bool serverHasThisManyGroups() const;
     void followLocks(ShiftMask_t locked);
     void followGroup(KeyGroup_t locked);
@@ -177,10 +177,10 @@ private:
     ShiftMask_t heldModifiers() const;
     QList<KeyCode> modifierKeysToPress() const;
     QList<KeyCode> unnamedKeysHolding(ShiftMask_t modifiers) const;
-    void lockInServer();
     void switchIndicator(ShiftMask_t mask);
     void sendEvent(int type, KeyCode keycode);
 
+    std::unique_ptr<const CoreKeyboard> server;
     std::unique_ptr<XDisplayClass> xDisplay;
     XkbDescription xkb;
     std::unique_ptr<GeometryColours> colours;

@@ -7,6 +7,7 @@
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "model/ModifierMasks.h"
+#include "x11/CoreKeyboard.h"
 #include "x11/qt/KeySender.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -33,12 +34,8 @@ constexpr double captionZ = 200;
 void KbdGeometry::openDisplay()
 {
     Display* display = toolkitDisplay();
-    int opcode = 0;
-    int event = 0;
-    int error = 0;
-    int major = XkbMajorVersion;
-    int minor = XkbMinorVersion;
-    if (!display || !XkbQueryExtension(display, &opcode, &event, &error, &major, &minor))
+    server = std::make_unique<const CoreKeyboard>(display);
+    if (!server->hasXkb())
         throw NoXkb;
 
     xDisplay = std::make_unique<XDisplayClass>(display);
@@ -93,9 +90,9 @@ void KbdGeometry::readModifiers()
     lockModifiers = lockModifiersOf(modifierMasks);
     for (auto mask = modifierMasks.keyBegin(); mask != modifierMasks.keyEnd(); ++mask)
         modifierKeycodes.insert(*mask, 0);
-    const XkbStateRec state = serverState();
-    modifierState = lockModifiers & state.locked_mods;
-    groupAtLoad = state.locked_group;
+    const KeyboardState state = server->state();
+    modifierState = lockModifiers & state.lockedModifiers;
+    groupAtLoad = state.lockedGroup;
 }
 
 void KbdGeometry::readKeyAliases()

@@ -5,6 +5,7 @@
 
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
+#include "x11/CoreKeyboard.h"
 #include "x11/qt/KeySender.h"
 
 #include <QScopedValueRollback>
@@ -80,16 +81,8 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
     if (type != XkbSA_LockMods)
         return;
     if (!followsServer)
-        lockInServer();
+        server->lockModifiers(lockModifiers, modifierState & lockModifiers);
     switchIndicator(mask);
-}
-
-void KbdGeometry::lockInServer()
-{
-    // The server refuses values outside the modifiers that are to be affected.
-    XkbLockModifiers(
-        xDisplay->xDisplay(), x11::coreKeyboard, lockModifiers, modifierState & lockModifiers);
-    XFlush(xDisplay->xDisplay());
 }
 
 // One lamp for one key: the first lock that the mask belongs to.
@@ -104,18 +97,11 @@ void KbdGeometry::switchIndicator(ShiftMask_t mask)
         scrollLockIndicator->setActive(on);
 }
 
-XkbStateRec KbdGeometry::serverState() const
-{
-    XkbStateRec state{};
-    XkbGetState(xDisplay->xDisplay(), x11::coreKeyboard, &state);
-    return state;
-}
-
 void KbdGeometry::x11LockStateChangedIn()
 {
-    const XkbStateRec state = serverState();
-    followLocks(state.locked_mods);
-    followGroup(state.locked_group);
+    const KeyboardState state = server->state();
+    followLocks(state.lockedModifiers);
+    followGroup(state.lockedGroup);
 }
 
 void KbdGeometry::followLocks(ShiftMask_t locked)
@@ -143,8 +129,7 @@ void KbdGeometry::followGroup(KeyGroup_t locked)
 
 void KbdGeometry::setGroupNum(KeyGroup_t group)
 {
-    XkbLockGroup(xDisplay->xDisplay(), x11::coreKeyboard, group);
-    XFlush(xDisplay->xDisplay());
+    server->lockGroup(group);
     showGroup(group);
 }
 
@@ -157,8 +142,7 @@ void KbdGeometry::showGroup(KeyGroup_t group)
 
 void KbdGeometry::x11NewKbdEventIn()
 {
-    XkbLockGroup(xDisplay->xDisplay(), x11::coreKeyboard, groupNum);
-    XFlush(xDisplay->xDisplay());
+    server->lockGroup(groupNum);
 }
 
 KeyGroup_t KbdGeometry::firstGroup() const
@@ -170,10 +154,7 @@ KeyGroup_t KbdGeometry::firstGroup() const
 // here.
 bool KbdGeometry::serverHasThisManyGroups() const
 {
-    const XkbDescription server(XkbAllocKeyboard());
-    server->device_spec = x11::coreKeyboard;
-    return XkbGetControls(xDisplay->xDisplay(), XkbGroupsWrapMask, server.get()) == 0
-        && server->ctrls->num_groups == keymapGroupCount();
+    return server->groupCount() == keymapGroupCount();
 }
 
 void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
@@ -201,7 +182,7 @@ QList<KeyCode> KbdGeometry::modifierKeysToPress() const
 {
     if (heldModifiers() == 0)
         return {};
-    ShiftMask_t missing = heldModifiers() & ~serverState().base_mods;
+    ShiftMask_t missing = heldModifiers() & ~server->state().heldModifiers;
     QList<KeyCode> toPress;
     const ShiftMask_t wanted = missing;
     for (auto mask = modifierMasks.cbegin(); mask != modifierMasks.cend(); ++mask) {
