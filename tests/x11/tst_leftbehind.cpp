@@ -128,6 +128,7 @@ kbdSpec_t germanSpec()
 void tellOfKey(const MainWindow& window, KeyCode keycode, bool down)
 {
     XKeyEvent event{};
+    event.type = down ? x11::keyPress : x11::keyRelease;
     event.keycode = keycode;
     if (down)
         window.picture()->x11KeyPressEventIn(&event);

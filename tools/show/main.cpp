@@ -117,7 +117,7 @@ void start(QProcess& process, const Show& show)
 
 void waitForFocus(Display* display, Window window)
 {
-    if (!QTest::qWaitFor([&] { return x11::focusWindow(display) == window); }, startDeadline))
+    if (!QTest::qWaitFor([&] { return x11::focusWindow(display) == window; }, startDeadline))
         throw std::runtime_error("a window does not get the focus");
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "keys/KbdTypes.h"
-#include "x11/Types.h"
+#include "x11/X11.h"
 
 #include <QHash>
 #include <QList>
+
+class QWidget;
 
 // What a synthetic key event carries beside the key.
 struct SyntheticKey {
@@ -19,8 +20,9 @@ struct SyntheticKey {
 // (x11/HeldKeysProperty.h): the keyboard switcher releases them if this process is killed.
 class KeySender {
 public:
-    // The display is borrowed. The root window stands in where no window has the focus.
-    KeySender(Display* xDisplay, Window root);
+    // Both are borrowed. While the widget's window is active the server sends what XTest presses
+    // back to this program: see isEcho.
+    KeySender(Display* xDisplay, const QWidget* widgetOfOurs);
 
     // Releases what is still held.
     ~KeySender();
@@ -28,11 +30,19 @@ public:
     KeySender& operator=(const KeySender&) = delete;
 
     // Presses the modifier keys in the order given, one millisecond apart, and then the key.
+    // Nothing for a key that is held already.
     void pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
-    // Releases the key and then the modifier keys that were pressed with it, and returns those.
-    // Nothing for a key that is not held: it may be a physical one.
-    QList<KeyCode> releaseThroughXTest(KeyCode keycode);
+    // Releases the key and then the modifier keys that were pressed with it. Nothing for a key that
+    // is not held: it may be a physical one.
+    void releaseThroughXTest(KeyCode keycode);
+
+    // Whether the event is the echo of a modifier key that this sender pressed or released around a
+    // key, so not the user's. Each echo is expected once: the answer uses it up.
+    bool isEcho(const XKeyEvent& event);
+
+    // Echoes still expected go to the program that has the focus now.
+    void forgetEchoes();
 
     // Releases every key that is held, and waits until the server has taken note.
     void releaseAll();
@@ -41,10 +51,17 @@ public:
     void sendEvent(int type, const SyntheticKey& key);
 
 private:
+    using Echoes = QHash<KeyCode, int>; // by key code, how many events are still to come
+
+    QList<KeyCode> letGo(KeyCode keycode);
+    void expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const;
     Window focusWindow() const;
     void tellHeldKeys();
 
     Display* display;
-    Window rootWindow;
+    const QWidget* widget;
+    Window rootWindow; // of the default screen; gets the key events while no window has the focus
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it
+    Echoes pressEchoes;
+    Echoes releaseEchoes;
 };

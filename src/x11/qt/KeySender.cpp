@@ -1,4 +1,6 @@
-#include "model/KeySender.h"
+#include "x11/qt/KeySender.h"
+
+#include <QWidget>
 
 #include "x11/HeldKeysProperty.h"
 #include "x11/Queries.h"
@@ -8,9 +10,10 @@
 #include <utility>
 #include <vector>
 
-KeySender::KeySender(Display* xDisplay, Window root)
+KeySender::KeySender(Display* xDisplay, const QWidget* widgetOfOurs)
     : display(xDisplay)
-    , rootWindow(root)
+    , widget(widgetOfOurs)
+    , rootWindow(DefaultRootWindow(xDisplay))
 {
 }
 
@@ -23,6 +26,7 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
 {
     if (held.contains(keycode))
         return;
+    expect(pressEchoes, modifierKeys);
     held.insert(keycode, modifierKeys);
     tellHeldKeys();
     unsigned long delay = 0; // milliseconds after the key before it
@@ -32,7 +36,13 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     XFlush(display);
 }
 
-QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
+void KeySender::releaseThroughXTest(KeyCode keycode)
+{
+    expect(releaseEchoes, letGo(keycode));
+}
+
+// Returns the modifier keys that it has released with the key.
+QList<KeyCode> KeySender::letGo(KeyCode keycode)
 {
     if (!held.contains(keycode))
         return {};
@@ -46,7 +56,32 @@ QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
     return modifierKeys;
 }
 
-// The switcher reads this when the program was killed, and releases the keys.
+void KeySender::expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const
+{
+    if (!widget->isActiveWindow())
+        return;
+    for (const KeyCode keycode : modifierKeys)
+        ++echoes[keycode];
+}
+
+bool KeySender::isEcho(const XKeyEvent& event)
+{
+    Echoes& echoes = event.type == x11::keyPress ? pressEchoes : releaseEchoes;
+    const auto expected = echoes.find(static_cast<KeyCode>(event.keycode));
+    if (expected == echoes.end())
+        return false;
+    if (--*expected == 0)
+        echoes.erase(expected);
+    return true;
+}
+
+void KeySender::forgetEchoes()
+{
+    pressEchoes.clear();
+    releaseEchoes.clear();
+}
+
+// The switcher reads this property when the program was killed, and releases the keys.
 void KeySender::tellHeldKeys()
 {
     std::vector<KeyCode> keycodes;
@@ -63,7 +98,7 @@ void KeySender::releaseAll()
         return;
     const QList<KeyCode> keycodes = held.keys();
     for (const KeyCode keycode : keycodes)
-        releaseThroughXTest(keycode);
+        letGo(keycode);
     XSync(display, x11::xFalse);
 }
 
@@ -80,7 +115,7 @@ void KeySender::sendEvent(int type, const SyntheticKey& key)
     keyEvent.type = type;
     keyEvent.display = display;
     keyEvent.window = focusWindow();
-    keyEvent.root = DefaultRootWindow(display);
+    keyEvent.root = rootWindow;
     keyEvent.time = key.time;
     keyEvent.state = key.state;
     keyEvent.keycode = key.keycode;
