@@ -1,5 +1,7 @@
 #include "harness/KeyTarget.h"
 
+#include "x11/Property.h"
+#include "x11/Queries.h"
 #include "x11/X11.h"
 
 #include <array>
@@ -68,9 +70,8 @@ KeyTarget::KeyTarget(const char* displayName, const char* geometry)
 {
     if (!connection)
         return;
-    int opcode = 0;
-    int error = 0;
-    XkbQueryExtension(connection.get(), &opcode, &xkbEvent, &error, nullptr, nullptr);
+    if (const auto xkb = x11::queryXkb(connection.get()))
+        xkbEvent = xkb->event;
     XkbSetDetectableAutoRepeat(connection.get(), x11::xTrue, nullptr);
     const unsigned int keyboardChanges = XkbNewKeyboardNotifyMask | XkbMapNotifyMask;
     XkbSelectEvents(connection.get(), XkbUseCoreKbd, keyboardChanges, keyboardChanges);
@@ -183,16 +184,8 @@ void KeyTarget::takeFocus()
 bool KeyTarget::isManaged()
 {
     Display* const display = connection.get();
-    const Atom announcement = XInternAtom(display, "_NET_SUPPORTING_WM_CHECK", x11::xFalse);
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, XDefaultRootWindow(display), announcement, 0, 1, x11::xFalse,
-        AnyPropertyType, &type, &format, &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    return count == 1;
+    return x11::numberProperty(display, XDefaultRootWindow(display), "_NET_SUPPORTING_WM_CHECK")
+        .has_value();
 }
 
 void KeyTarget::askManagerForFocus()

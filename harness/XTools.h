@@ -7,8 +7,6 @@
 #include <QRect>
 #include <QStringList>
 
-#include <optional>
-
 // A connection of the test's own, beside the application's.
 using XConnection = x11::Connection;
 
@@ -33,10 +31,6 @@ QByteArray keymapText(const QByteArray& display);
 
 // The keycodes that are down, physically or through XTest, in ascending order.
 QList<int> pressedKeys(const QByteArray& display);
-
-// The one number (a CARDINAL, a WINDOW) that a window's property holds; nothing where it holds none
-// or something else.
-std::optional<unsigned long> numberProperty(Display* display, Window window, Atom property);
 
 // Whether a window manager has announced itself (EWMH, _NET_SUPPORTING_WM_CHECK).
 bool isManaged(Display* display);

@@ -10,6 +10,7 @@
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/KbdConstants.h"
+#include "x11/Queries.h"
 #include "x11/X11.h"
 #include "x11/qt/PhysicalKeys.h"
 #include "x11/qt/ToFocusWindow.h"
@@ -298,14 +299,13 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
     return names.release();
 }
 
-// Learns the extension's events as well.
+// Notes the extension's event code as well.
 bool KbdApp::hasKeyboardExtension()
 {
-    int opcode = 0;
-    int error = 0;
-    int major = XkbMajorVersion;
-    int minor = XkbMinorVersion;
-    return XkbQueryExtension(toolkitDisplay(), &opcode, &xkbEventBase, &error, &major, &minor);
+    const auto xkb = x11::queryXkb(toolkitDisplay());
+    if (xkb)
+        xkbEventBase = xkb->event;
+    return xkb.has_value();
 }
 
 // Only adds to what the toolkit selects on the same connection: the server keeps one selection for

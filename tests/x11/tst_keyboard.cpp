@@ -8,6 +8,9 @@
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
+#include "x11/HeldKeysProperty.h"
+#include "x11/Property.h"
+#include "x11/Queries.h"
 #include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -102,16 +105,8 @@ public:
     QByteArray bytesOfRoot(const QByteArray& name) const
     {
         waitForTheProgram();
-        Atom type = x11::none;
-        int format = 0;
-        unsigned long count = 0;
-        unsigned long rest = 0;
-        unsigned char* data = nullptr;
-        XGetWindowProperty(display(), XDefaultRootWindow(display()),
-            XInternAtom(display(), name.constData(), x11::xFalse), 0, 100, x11::xFalse,
-            AnyPropertyType, &type, &format, &count, &rest, &data);
-        const x11::Owned<unsigned char> owned(data);
-        return {reinterpret_cast<const char*>(data), static_cast<qsizetype>(count)};
+        return QByteArray::fromStdString(
+            x11::property(display(), XDefaultRootWindow(display()), name.constData()).bytes);
     }
 
     // From now on counts the changes of the locked modifiers, whoever makes them.
@@ -420,12 +415,8 @@ MainWindow& KeyboardTest::mainWindow() const
 
 XkbEvent KeyboardTest::xkbEvent(int kind) const
 {
-    int opcode = 0;
-    int firstEvent = 0;
-    int error = 0;
-    XkbQueryExtension(toolkitDisplay(), &opcode, &firstEvent, &error, nullptr, nullptr);
     XkbEvent event{};
-    event.type = firstEvent;
+    event.type = x11::queryXkb(toolkitDisplay())->event;
     event.any.display = toolkitDisplay();
     event.any.xkb_type = kind;
     return event;
@@ -874,7 +865,7 @@ void KeyboardTest::whatIsHeldStandsInTheServerForTheSwitcher()
 {
     startApplication({"--tofocus"});
     other->takeFocus();
-    const QByteArray name = "_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(getpid());
+    const QByteArray name = QByteArray::fromStdString(x11::heldKeysProperty(getpid()));
     QCOMPARE(other->bytesOfRoot(name), QByteArray());
     picture().modifierPressed(leftShift, XkbSA_SetMods, shift);
     press(picture(), keyA);

@@ -9,6 +9,7 @@
 #include "harness/XTools.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
+#include "x11/Property.h"
 #include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -107,16 +108,7 @@ private:
 
 QString windowTitle(Display* display, Window window)
 {
-    const Atom name = XInternAtom(display, "_NET_WM_NAME", x11::xFalse);
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, window, name, 0, 100, x11::xFalse, AnyPropertyType, &type, &format,
-        &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    return bytes ? QString::fromUtf8(reinterpret_cast<const char*>(bytes)) : QString();
+    return QString::fromStdString(x11::property(display, window, "_NET_WM_NAME").bytes);
 }
 
 Window guardOwner(Display* display)

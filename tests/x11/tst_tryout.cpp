@@ -9,6 +9,7 @@
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "x11/Property.h"
 #include "x11/X11.h"
 
 #include <QTest>
@@ -139,18 +140,10 @@ void TryOutTest::init()
 // Width, height and that many pixels at least (EWMH, _NET_WM_ICON).
 void TryOutTest::theWindowBringsItsIcon()
 {
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display.get(), window()->winId(),
-        XInternAtom(display.get(), "_NET_WM_ICON", x11::xFalse), 0, 1 << 20, x11::xFalse,
-        AnyPropertyType, &type, &format, &count, &rest, &data);
-    const x11::Owned<unsigned char> owned(data);
-    QCOMPARE(format, 32);
-    const auto* values = reinterpret_cast<const unsigned long*>(data);
-    QVERIFY(values[0] >= 16 && values[1] >= 16 && count >= 2 + values[0] * values[1]);
+    const std::vector<unsigned long> values =
+        x11::property(display.get(), window()->winId(), "_NET_WM_ICON").numbers;
+    QVERIFY(values.size() > 2);
+    QVERIFY(values[0] >= 16 && values[1] >= 16 && values.size() >= 2 + values[0] * values[1]);
 }
 
 void TryOutTest::aClickedKeyIsTypedAndLitWhileItIsDown()

@@ -10,6 +10,8 @@
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "x11/Property.h"
+#include "x11/Queries.h"
 #include "x11/X11.h"
 
 #include <QDir>
@@ -584,10 +586,9 @@ void TypingTest::theTargetHasTheFocusAgainAfterThePrintDialog()
     QVERIFY(startApplication("--tofocus", {"-model", "pc105", "-layout", "us"}));
     QVERIFY(startTarget());
     // The window manager tells it a little later than the target, and it is what the program asks.
-    const Atom activeWindow = XInternAtom(pointer.display(), "_NET_ACTIVE_WINDOW", x11::xFalse);
     const auto active = [&] {
-        return numberProperty(
-            pointer.display(), DefaultRootWindow(pointer.display()), activeWindow);
+        return x11::numberProperty(
+            pointer.display(), DefaultRootWindow(pointer.display()), "_NET_ACTIVE_WINDOW");
     };
     QVERIFY(waitUntil([&] { return active() == target->windowId(); }));
     bool hadFocus = false;
@@ -607,13 +608,7 @@ void TypingTest::theTargetHasTheFocusAgainAfterThePrintDialog()
     reader.stop();
     QVERIFY(hadFocus);
 
-    const auto focus = [this] {
-        Window window = x11::none;
-        int revertTo = 0;
-        XGetInputFocus(pointer.display(), &window, &revertTo);
-        return window;
-    };
-    QVERIFY(waitUntil([&] { return focus() == target->windowId(); }));
+    QVERIFY(waitUntil([&] { return x11::focusWindow(pointer.display()) == target->windowId(); }));
 }
 
 void TypingTest::capsLockIsSwitchedWhileShiftIsHeld()

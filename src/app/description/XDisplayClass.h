@@ -11,7 +11,7 @@ class XDisplayClass : public QObject {
     Q_OBJECT
 
 public:
-    // The display is borrowed from the toolkit and outlives this object.
+    // The display is borrowed from Qt and outlives this object.
     explicit XDisplayClass(Display* display);
 
     Display* xDisplay() const { return display; }
