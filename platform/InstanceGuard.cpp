@@ -8,7 +8,7 @@ InstanceGuard::InstanceGuard(Display* xDisplay, const QByteArray& name)
 {
     const Atom selection = XInternAtom(display, name.constData(), x11::xFalse);
 
-    // Two that start together must not both find the selection free.
+    // Two instances that start at once must not both find the selection free.
     const ServerGrab grab(display);
     if (XGetSelectionOwner(display, selection) != x11::none)
         return;

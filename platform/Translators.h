@@ -4,8 +4,9 @@
 
 #include <memory>
 
-// The translations that every application of the platform has beside its own: those of the
-// toolkit's dialogs. A virtual base, so that it is there before the application and goes after it.
+// The translations that every application of the platform has beside its own: those of Qt's
+// dialogs. A virtual base: constructed before the application and destroyed after it, which keeps a
+// pointer to the translator.
 class Translators {
 public:
     Translators();
@@ -14,8 +15,8 @@ public:
     Translators& operator=(const Translators&) = delete;
 
 protected:
-    // Loads the toolkit's translation for the system locale and installs it. Needs the
-    // application object; without a translation for the locale nothing happens.
+    // Loads Qt's translation for the system locale and installs it. To be called once the
+    // application object exists. Does nothing when there is no translation for the locale.
     void installToolkitTranslation();
 
 private:

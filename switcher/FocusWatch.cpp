@@ -46,8 +46,8 @@ void FocusWatch::handle(const XEvent& event)
     look();
 }
 
-// The window hears of every change that enters or leaves it, but the events' modes and details
-// tell of grabs and of the pointer too: what the server says now is simpler, and up to date.
+// Every focus change into or out of the window sends an event, but also grabs and pointer movements
+// do. To ask the server is simpler than to tell them apart, and up to date.
 void FocusWatch::look()
 {
     const Window focus = x11::focusWindow(display);

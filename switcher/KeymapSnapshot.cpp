@@ -9,7 +9,7 @@ namespace {
 
 constexpr unsigned int allIndicators = ~0U;
 
-// These calls say 0 when they succeed, but may leave out a part that the server does not have.
+// The calls return 0 for success, but leave out a part that the server does not have.
 bool readParts(Display* display, XkbDescPtr keymap)
 {
     return XkbGetNames(display, XkbAllNamesMask, keymap) == 0
@@ -65,8 +65,9 @@ void KeymapSnapshot::putBack(Display* display) const
     set(display);
 }
 
-// Xlib can set names but not take them away, and the set of real indicators comes from loading
-// only. Where that matters the components are loaded by name first, which leaves no name behind.
+// Xlib can set names but not remove them, and which indicators are real changes only when a
+// keyboard is loaded. Where either differs the components are loaded by name first, which removes
+// all names.
 bool KeymapSnapshot::canBeSetOver(const XkbDescRec& present) const
 {
     const XkbNamesRec& now = *present.names;

@@ -14,7 +14,7 @@ public:
     // Its XKB device id.
     unsigned int device() const;
 
-    // Gives the keyboard this keymap again, and those that feed it, if it is the core keyboard.
+    // Gives the keyboard this keymap again; the core keyboard hands it on to those that feed it.
     // Does nothing when the keyboard has gone.
     void putBack(Display* display) const;
 

@@ -4,8 +4,8 @@
 
 struct xcb_connection_t;
 
-// The X display that the toolkit has opened, borrowed from it; null where the toolkit does not
-// speak to an X server.
+// The X display that Qt has opened, borrowed from it; null where Qt runs on a platform without an X
+// server.
 Display* toolkitDisplay();
 
 // The same connection as XCB knows it; null where toolkitDisplay is.
