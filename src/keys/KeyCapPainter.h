@@ -7,7 +7,7 @@
 
 #include <optional>
 
-// What a cap looks like, whatever stands on it.
+// Which of the caps' colours a cap has.
 enum class CapLook { Normal, Modifier, Dead, Pressed };
 
 // One text on a cap.
@@ -48,7 +48,7 @@ private:
     QRectF placeOf(const QString& text, const QRectF& room, double factor) const;
     void drawText(const QString& text, const QRectF& room, double factor);
     bool isOnCap(const QRectF& place) const;
-    double capEdgeBelow(double y) const;
+    double capEdgeAt(double y) const;
 
     QPainter* painter;
     const KeyShape& shape;
