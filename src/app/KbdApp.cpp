@@ -118,14 +118,15 @@ constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settings{{
     {&KbdApp::xkbOptions, "root/keyboard/XkbOptions", "options"},
 }};
 
-KbdApp::KbdApp(ArgumentCount arguments, char** argv, bool flag)
-    : ArgumentCount(arguments)
-    , BrindleApplication(argumentCount, argv, flag, true, true)
+int KbdApp::argumentCount = 0;
+
+KbdApp::KbdApp(int* argc, char** argv, bool flag)
+    : BrindleApplication(*argc, argv, flag, true, true)
 {
 }
 
 KbdApp::KbdApp(int argc, char** argv, bool flag)
-    : KbdApp(ArgumentCount(argc), argv, flag)
+    : KbdApp(&(argumentCount = argc), argv, flag)
 {
     startUp(argv);
 }

@@ -11,19 +11,9 @@ class MainWindow;
 class PhysicalKeys;
 class XcbEventBridge;
 
-// Holds the argument count that the application refers to. A virtual base, because it must be
-// there before the application is and as long as it is.
-struct ArgumentCount {
-    explicit ArgumentCount(int count)
-        : argumentCount(count)
-    {
-    }
-    int argumentCount;
-};
-
 // The application: reads the settings and the command line, opens the keyboard extension, shows
 // the main window, and feeds it the X events that concern the keyboard.
-class KbdApp : public BrindleApplication, private virtual ArgumentCount {
+class KbdApp : public BrindleApplication {
     Q_OBJECT
 
 public:
@@ -71,9 +61,9 @@ private:
     struct SettingRow;
     static const std::array<SettingRow, 4> settings;
 
-    // Only makes the bases: the public one delegates to it, so that what it has acquired is
-    // released when it throws.
-    KbdApp(ArgumentCount arguments, char** argv, bool flag);
+    // Only makes the bases. The public constructor delegates to it, so that the destructor runs
+    // when the start-up throws.
+    KbdApp(int* argc, char** argv, bool flag);
 
     void startUp(char** argv);
     void installTranslation();
@@ -90,6 +80,8 @@ private:
     void createMainWindow();
     void connectMainWindow();
     void launchSwitcher();
+
+    static int argumentCount; // QApplication keeps a reference to argc; this outlives it
 
     // The settings, made by strdup, in UTF-8; null where there is none.
     char* xkbModel = nullptr;
