@@ -111,7 +111,7 @@ struct KbdApp::SettingRow {
     const char* option; // without its dashes
 };
 
-constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settings{{
+constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settingRows{{
     {&KbdApp::xkbModel, "root/keyboard/XkbModel", "model"},
     {&KbdApp::xkbLayout, "root/keyboard/XkbLayout", "layout"},
     {&KbdApp::xkbVariant, "root/keyboard/XkbVariant", "variant"},
@@ -139,6 +139,8 @@ void KbdApp::startUp(char** argv)
     readRegistry();
     std::setlocale(LC_ALL, "");
     parseArguments(argumentCount, argv);
+    settings = {QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
+        QString::fromUtf8(xkbVariant), QString::fromUtf8(xkbOptions)};
     if (!toolkitDisplay())
         throw XkbInitError;
     if (toFocus)
@@ -215,7 +217,7 @@ void KbdApp::loadTranslator(const QString& locale)
 
 void KbdApp::readRegistry()
 {
-    for (const SettingRow& row : settings) {
+    for (const SettingRow& row : settingRows) {
         const QString value = readRegistryValue(QString::fromLatin1(row.registryPath));
         if (!value.isEmpty())
             assign(this->*row.setting, value.toUtf8().constData());
@@ -238,7 +240,7 @@ void KbdApp::parseArguments(int argc, char** argv)
 bool KbdApp::takeValue(int argc, char** argv, int& index)
 {
     const char* argument = argv[index];
-    for (const SettingRow& row : settings) {
+    for (const SettingRow& row : settingRows) {
         const std::string single = std::string("-") + row.option;
         const std::string joined = "-" + single + "=";
         if (argument == single || argument == "-" + single) {
@@ -288,9 +290,7 @@ void KbdApp::usage(const char* program, int code)
 XkbComponentNamesRec* KbdApp::getComponentNames()
 {
     auto names = std::make_unique<XkbComponentNamesRec>();
-    if (!queryComponentNames(names.get(), toolkitDisplay(), QString::fromUtf8(xkbModel),
-            QString::fromUtf8(xkbLayout), QString::fromUtf8(xkbVariant),
-            QString::fromUtf8(xkbOptions))) {
+    if (!queryComponentNames(names.get(), toolkitDisplay(), settings)) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.
         throw hasKeyboardExtension() ? RulesError : XkbInitError;
@@ -333,9 +333,7 @@ void KbdApp::selectKeyboardEvents()
 void KbdApp::createMainWindow()
 {
     try {
-        mainWindow = new MainWindow(QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
-            QString::fromUtf8(xkbVariant), QString::fromUtf8(xkbOptions), componentNames, toFocus,
-            nullptr, {});
+        mainWindow = new MainWindow(settings, componentNames, toFocus);
     } catch (KbdGeometry::ExceptionType exception) {
         throw translated(exception);
     } catch (...) {

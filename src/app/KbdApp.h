@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/description/KeyboardSettings.h"
 #include "platform/BrindleApplication.h"
 #include "x11/X11.h"
 
@@ -59,7 +60,7 @@ private slots:
 
 private:
     struct SettingRow;
-    static const std::array<SettingRow, 4> settings;
+    static const std::array<SettingRow, 4> settingRows;
 
     // Only makes the bases. The public constructor delegates to it, so that the destructor runs
     // when the start-up throws.
@@ -83,11 +84,13 @@ private:
 
     static int argumentCount; // QApplication keeps a reference to argc; this outlives it
 
-    // The settings, made by strdup, in UTF-8; null where there is none.
+    // The settings as they are read, in UTF-8; null where there is none. That they are byte strings
+    // made with strdup is given.
     char* xkbModel = nullptr;
     char* xkbLayout = nullptr;
     char* xkbVariant = nullptr;
     char* xkbOptions = nullptr;
+    KeyboardSettings settings; // the same once the command line is read, for all other classes
 
     bool standalone = false;
     bool toFocus = false;

@@ -70,13 +70,12 @@ QString tablePath()
         QStringLiteral("../src/kbdSpecs.tab")});
 }
 
-// Whether one of the entry's keyboards has this description.
-bool describes(
-    const kbdSpec_t& spec, const QString& model, const QString& layout, const QString& variantList)
+// Whether one of the entry's keyboards is this one, whatever its options.
+bool describes(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
 {
     for (qsizetype i = 0; i < spec.models.size(); ++i)
-        if (spec.models.at(i) == model && spec.layouts.at(i) == layout
-            && spec.variants.at(i) == variantList)
+        if (spec.models.at(i) == keyboard.model && spec.layouts.at(i) == keyboard.layout
+            && spec.variants.at(i) == keyboard.variant)
             return true;
     return false;
 }
@@ -236,8 +235,13 @@ void CKbdSpecSelector::setCurrent(const QString& specName)
 void CKbdSpecSelector::setCurrent(
     const QString& model, const QString& layout, const QString& variantList)
 {
+    select({model, layout, variantList, {}});
+}
+
+void CKbdSpecSelector::select(const KeyboardSettings& keyboard)
+{
     const auto match = std::find_if(specs.cbegin(), specs.cend(),
-        [&](const kbdSpec_t* spec) { return describes(*spec, model, layout, variantList); });
+        [&](const kbdSpec_t* spec) { return describes(*spec, keyboard); });
     const auto entry = match == specs.cend() ? specs.cend() - 1 : match;
     setCurrentIndex(int(entry - specs.cbegin()));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/description/KeyboardSettings.h"
 #include "ui/ControlCombo.h"
 #include "ui/specs/KbdSpec.h"
 
@@ -29,6 +30,10 @@ public:
     // Begins the package tests that reading the table will ask for, so that they run while
     // something else is done. None where the table does not ask.
     static void startPackageTests(PackageTest& packages);
+
+    // Selects the first entry with a keyboard of exactly this model, layout and variant, else the
+    // last entry.
+    void select(const KeyboardSettings& keyboard);
 
     // Whether the entry is "<Custom>"; false for an index that no entry has.
     bool isCustom(int index) const;
@@ -63,10 +68,10 @@ signals:
     void secondaryVariantChanged(const QString& variant);
 
 public slots:
-    // Passes over every entry of that name and ends on the last entry, whatever matched.
+    // Selects each entry of that name in turn, and then the last entry in any case.
     void setCurrent(const QString& specName);
 
-    // Selects the first entry with a keyboard of exactly this description, else the last entry.
+    // select() with the settings side by side.
     void setCurrent(const QString& model, const QString& layout, const QString& variantList);
 
     // Tell of the entry with this index; nothing where there is none.

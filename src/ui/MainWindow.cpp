@@ -31,12 +31,38 @@ constexpr int textLineStretch = 1000;
 constexpr double screenShare = 0.75; // of the screen's width
 constexpr int screenMargin = 8; // pixels left for the window manager's frame
 
+// All keyboards of the entry together; it does not choose options.
+KeyboardSettings settingsOf(const kbdSpec_t& spec)
+{
+    const QString comma(QLatin1Char(','));
+    return {spec.models.join(comma), spec.layouts.join(comma), spec.variants.join(comma), {}};
+}
+
+KbdGeometry* makePicture(
+    const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest, QWidget* parent)
+{
+    return new KbdGeometry(settings.model, settings.layout, settings.variant, settings.options,
+        names, wantXTest, parent);
+}
+
 } // namespace
 
-MainWindow::MainWindow( // NOLINT(readability-function-size): the settings stand side by side
+MainWindow::MainWindow(
+    const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest)
+{
+    build(settings, names, wantXTest);
+}
+
+MainWindow::MainWindow( // NOLINT(readability-function-size): the signature is given
     QString model, QString layout, QString variant, QString options, XkbComponentNamesRec* names,
     bool wantXTest, QWidget* parent, Qt::WindowFlags flags)
     : QMainWindow(parent, flags)
+{
+    build({model, layout, variant, options}, names, wantXTest);
+}
+
+void MainWindow::build(
+    const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest)
 {
     setUpWindow();
     PackageTest fontPackages;
@@ -47,11 +73,11 @@ MainWindow::MainWindow( // NOLINT(readability-function-size): the settings stand
     mainWidget = new QWidget(this);
     mainLayout = new QVBoxLayout(mainWidget);
     topRow = addRow();
-    view = new KbdGeometry(model, layout, variant, options, names, wantXTest, this);
+    view = makePicture(settings, names, wantXTest, this);
     mainLayout->addWidget(view);
     controlRow = addRow();
     addGroupCombo();
-    addLayoutSelector({model, layout, variant}, fontPackages);
+    addLayoutSelector(settings, fontPackages);
     addKeycapCombo();
     addPrintButton();
     addBottomRow();
@@ -108,7 +134,7 @@ void MainWindow::addGroupCombo()
         controlRow->addStretch(1);
 }
 
-void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPackages)
+void MainWindow::addLayoutSelector(const KeyboardSettings& shown, PackageTest& fontPackages)
 {
     layoutLabel = new QLabel(tr("Layout: "));
     controlRow->addWidget(layoutLabel);
@@ -119,7 +145,7 @@ void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPa
         return;
     }
     specSelector->setFocusPolicy(Qt::NoFocus);
-    specSelector->setCurrent(shown.model, shown.layout, shown.variant);
+    specSelector->select(shown);
     if (!specSelector->isCustom(specSelector->currentIndex()))
         dropCustomEntry();
     connect(
@@ -254,20 +280,17 @@ void MainWindow::printButtonClicked(bool)
 
 void MainWindow::newKbdSelected(kbdSpec_t* spec)
 {
-    const QString comma(QLatin1Char(','));
-    const QString model = spec->models.join(comma);
-    const QString layout = spec->layouts.join(comma);
-    const QString variant = spec->variants.join(comma);
+    const KeyboardSettings settings = settingsOf(*spec);
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
-    if (!queryComponentNames(&names, toolkitDisplay(), model, layout, variant, QString()))
+    if (!queryComponentNames(&names, toolkitDisplay(), settings))
         return;
 
     dropCustomEntry();
     view->hide();
     delete view;
     view = nullptr;
-    view = new KbdGeometry(model, layout, variant, QString(), &names, true, nullptr);
+    view = makePicture(settings, &names, true, nullptr);
     view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
     mainLayout->insertWidget(viewIndex, view);
     connectView();

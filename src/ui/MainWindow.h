@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/description/KeyboardSettings.h"
 #include "x11/X11.h"
 
 #include <QMainWindow>
@@ -24,9 +25,12 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    // The settings are those of the keyboard shown at first, names its components (only read).
+    // The keyboard to show at first: its settings, and its components, which are only read.
     // wantXTest: clicked keys go to other programs' windows.
     // Throws KbdGeometry::ExceptionType.
+    MainWindow(const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest);
+
+    // The same with the settings side by side, a signature that is given.
     MainWindow(QString model, QString layout, QString variant, QString options,
         XkbComponentNamesRec* names, bool wantXTest, QWidget* parent, Qt::WindowFlags flags);
     ~MainWindow() override;
@@ -86,17 +90,11 @@ public slots:
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
-    // What the selector is to show.
-    struct Description {
-        QString model;
-        QString layout;
-        QString variant;
-    };
-
+    void build(const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest);
     void setUpWindow();
     QHBoxLayout* addRow();
     void addGroupCombo();
-    void addLayoutSelector(const Description& shown, PackageTest& fontPackages);
+    void addLayoutSelector(const KeyboardSettings& shown, PackageTest& fontPackages);
     void addKeycapCombo();
     void addPrintButton();
     void addBottomRow();

@@ -15,7 +15,7 @@ namespace {
 
 using Component = char* XkbComponentNamesRec::*;
 
-// In the order in which a line is searched for them.
+// A line is searched for the sections in this order.
 struct ComponentSection {
     Component component;
     const char* keyword;
@@ -45,12 +45,13 @@ constexpr std::array<GeometryReplacement, 5> platformGeometries{{
     {"pc(abnt2)", "pc-arvane(abnt2)"},
 }};
 
-// What the rules give for a model that they do not know, as the program draws it.
+// Our geometry in place of the rules' default, which they also give for a model that they do not
+// know.
 constexpr char fallbackGeometry[] = "pc-arvane(pc104)";
 constexpr std::array<const char*, 3> largerBoards{"jp106", "kr106", "abnt2"};
 
-// No names that an X server takes make a line of this length (characters); a search through one
-// that is made to be slow would take its time.
+// In characters. An X server takes no names as long as that, and a line made to slow a regular
+// expression down could block the program.
 constexpr qsizetype longestLine = 8192;
 
 constexpr int toolTimeout = 30000; // milliseconds
@@ -75,8 +76,8 @@ void preferPlatformGeometry(XkbComponentNamesRec* names)
     }
 }
 
-// The rules of many systems do not know the boards that have more keys than a plain one, and
-// answer with that. Keys that the user has would be missing from the picture.
+// The rules of many systems do not know the boards with more keys than the default one, and give
+// the default for them: keys that the user has would be missing from the picture.
 void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
 {
     if (QByteArrayView(names->geometry) != fallbackGeometry)
@@ -89,23 +90,22 @@ void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
 
 } // namespace
 
-bool queryComponentNames( // NOLINT(readability-function-size): the settings stand side by side
-    XkbComponentNamesRec* names, Display* display, const QString& model, const QString& layout,
-    const QString& variant, const QString& options)
+bool queryComponentNames(
+    XkbComponentNamesRec* names, Display* display, const KeyboardSettings& settings)
 {
     *names = {};
     QStringList arguments{
         QStringLiteral("-display"), QString::fromLocal8Bit(XDisplayString(display))};
-    appendOption(arguments, "-model", model);
-    appendOption(arguments, "-layout", layout);
-    appendOption(arguments, "-variant", variant);
-    appendOption(arguments, "-option", options);
+    appendOption(arguments, "-model", settings.model);
+    appendOption(arguments, "-layout", settings.layout);
+    appendOption(arguments, "-variant", settings.variant);
+    appendOption(arguments, "-option", settings.options);
     arguments << QStringLiteral("-print");
 
     const auto keymap = toolOutput(QStringLiteral("setxkbmap"), arguments, toolTimeout);
     if (!keymap || !readComponentNames(names, *keymap))
         return false;
-    preferGeometryOfModel(names, model);
+    preferGeometryOfModel(names, settings.model);
     return true;
 }
 
