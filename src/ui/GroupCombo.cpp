@@ -1,12 +1,11 @@
 #include "ui/GroupCombo.h"
 
-#include "ui/ControlCombo.h"
 #include "ui/specs/FileIconEngine.h"
 #include "ui/specs/KbdConstants.h"
 #include "ui/specs/SpecTable.h"
 
+#include <QComboBox>
 #include <QIcon>
-#include <QLabel>
 
 namespace {
 
@@ -28,31 +27,13 @@ QString firstLayout(QString field)
 } // namespace
 
 GroupCombo::GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent)
-    // The toolkit complains of a second layout for one widget.
-    : QBoxLayout(LeftToRight, parent && !parent->layout() ? parent : nullptr)
-    , iconOnly(onlyIcons)
-    , label(new QLabel(tr("Group: ")))
-    , combo(new ControlCombo)
+    : CaptionedCombo(tr("Group: "), onlyIcons, parent)
 {
-    label->setFocusPolicy(Qt::NoFocus);
-    addWidget(label);
-    if (iconOnly)
-        label->hide();
-
-    label->setBuddy(combo); // a screen reader calls it by its caption
-    addWidget(combo);
-    connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));
-    connect(combo, SIGNAL(currentIndexChanged(int)), this, SLOT(internalCurrentIndexChanged(int)));
-
+    connect(combo, &QComboBox::activated, this, &GroupCombo::internalActivated);
+    connect(combo, &QComboBox::currentIndexChanged, this, &GroupCombo::internalCurrentIndexChanged);
     readFlagMap();
     if (!items.isEmpty())
         setItems(items);
-}
-
-GroupCombo::~GroupCombo()
-{
-    delete label;
-    delete combo;
 }
 
 void GroupCombo::setItems(const QStringList& items)
@@ -90,12 +71,6 @@ void GroupCombo::setData(const QStringList& data)
     dataList = std::make_unique<QStringList>(data);
     while (iconOnly && combo->count() < data.size())
         combo->addItem(QString::number(combo->count() + 1));
-}
-
-void GroupCombo::setVisible(bool visible)
-{
-    label->setVisible(visible && !iconOnly);
-    combo->setVisible(visible);
 }
 
 void GroupCombo::internalActivated(int index)
