@@ -64,12 +64,6 @@ struct SpecName {
     QString native; // empty when there is none
 };
 
-QString tablePath()
-{
-    return SpecTable::firstReadable({KbdConstants::specTablePath, QStringLiteral("./kbdSpecs.tab"),
-        QStringLiteral("../src/kbdSpecs.tab")});
-}
-
 // Whether one of the entry's keyboards is this one, whatever its options.
 bool describes(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
 {
@@ -82,15 +76,32 @@ bool describes(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
 
 } // namespace
 
-CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages)
+CKbdSpecSelector::CKbdSpecSelector(
+    bool withCustom, QWidget* parent, const SpecTable& table, PackageTest& packages)
     : ControlCombo(parent)
+{
+    build(withCustom, table, packages);
+}
+
+CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent)
+    : ControlCombo(parent)
+{
+    PackageTest packages;
+    build(withCustom, SpecTable::find(), packages);
+}
+
+void CKbdSpecSelector::build(bool withCustom, const SpecTable& table, PackageTest& packages)
 {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(usualNameLength);
-    PackageTest own;
-    readSpecTable(withCustom, packages ? *packages : own);
-    connect(this, SIGNAL(currentIndexChanged(int)), this, SLOT(selectionChanged(int)));
-    connect(this, SIGNAL(activated(int)), this, SLOT(userSelectionChanged(int)));
+    addEntries(table, packages);
+    sortEntries();
+    addEntryItems();
+    addCustomEntry();
+    if (withCustom)
+        addItem(specs.last()->displayName);
+    connect(this, &QComboBox::currentIndexChanged, this, &CKbdSpecSelector::selectionChanged);
+    connect(this, &QComboBox::activated, this, &CKbdSpecSelector::userSelectionChanged);
 }
 
 CKbdSpecSelector::~CKbdSpecSelector()
@@ -110,12 +121,11 @@ QSize CKbdSpecSelector::minimumSizeHint() const
     return {leastWidth(), ControlCombo::sizeHint().height()};
 }
 
-void CKbdSpecSelector::startPackageTests(PackageTest& packages)
+void CKbdSpecSelector::startPackageTests(const SpecTable& table, PackageTest& packages)
 {
-    const std::optional<QList<SpecRow>> rows = SpecTable::rowsOf(tablePath());
-    if (!rows)
+    if (!table.rows)
         return;
-    for (const SpecRow& row : *rows) {
+    for (const SpecRow& row : *table.rows) {
         const SpecName name(row.name);
         if (name.native.isEmpty())
             continue;
@@ -124,27 +134,14 @@ void CKbdSpecSelector::startPackageTests(PackageTest& packages)
     }
 }
 
-void CKbdSpecSelector::readSpecTable(bool withCustom, PackageTest& packages)
+void CKbdSpecSelector::addEntries(const SpecTable& table, PackageTest& packages)
 {
-    const QString path = tablePath();
-    if (path.isEmpty())
+    if (table.place == SpecTable::Place::None)
         throw TableNotFound;
-
-    readEntries(path, packages);
-    sortEntries();
-    addEntryItems();
-    addCustomEntry();
-    if (withCustom)
-        addItem(specs.last()->displayName);
-}
-
-void CKbdSpecSelector::readEntries(const QString& path, PackageTest& packages)
-{
-    const std::optional<QList<SpecRow>> rows = SpecTable::rowsOf(path);
-    if (!rows)
+    if (!table.rows)
         throw TableNotOpened;
 
-    for (const SpecRow& row : *rows)
+    for (const SpecRow& row : *table.rows)
         if (!row.name.isEmpty())
             specs.append(new kbdSpec_t{row.name, makeDisplayName(row.name, packages), row.icon,
                 {row.model}, {row.layout}, {row.variant}});
@@ -152,8 +149,7 @@ void CKbdSpecSelector::readEntries(const QString& path, PackageTest& packages)
 
 void CKbdSpecSelector::sortEntries()
 {
-    // Strictly less: an order in which equal names come before each other is none, and sorting by
-    // it may run out of the list.
+    // Sorting needs a strict weak order: with <= it may run past the end of the list.
     std::stable_sort(specs.begin(), specs.end(), [](const kbdSpec_t* a, const kbdSpec_t* b) {
         return QString::localeAwareCompare(a->displayName, b->displayName) < 0;
     });

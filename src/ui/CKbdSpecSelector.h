@@ -7,6 +7,7 @@
 #include <QVector>
 
 class PackageTest;
+struct SpecTable;
 
 // The choice of keyboards that the keyboard table lists, sorted by their display names, and a
 // "<Custom>" entry for a keyboard that matches none of them.
@@ -19,17 +20,21 @@ public:
         TableNotOpened = 2,
     };
 
-    // Reads the table, so may block for a package test (1.1 seconds for each font package that it
-    // asks for). Throws a SpecTableError by value. The "<Custom>" record is there in any case, its
-    // combo item only with withCustom.
-    // `packages` is asked where it is given; it is borrowed during the construction only.
-    CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages = nullptr);
+    // Shows the table's entries. May block for package tests: 1.1 seconds for each font package
+    // that the entries need. The "<Custom>" record is there in any case, its combo item only with
+    // withCustom. table and packages are borrowed during the construction only.
+    // Throws a SpecTableError by value (that errors are integers is given).
+    CKbdSpecSelector(
+        bool withCustom, QWidget* parent, const SpecTable& table, PackageTest& packages);
+
+    // The same with a table that it reads itself.
+    CKbdSpecSelector(bool withCustom, QWidget* parent);
     ~CKbdSpecSelector() override;
     Q_DISABLE_COPY(CKbdSpecSelector)
 
-    // Begins the package tests that reading the table will ask for, so that they run while
-    // something else is done. None where the table does not ask.
-    static void startPackageTests(PackageTest& packages);
+    // Starts the package tests that a selector with this table will need, so that they run while
+    // the caller does something else.
+    static void startPackageTests(const SpecTable& table, PackageTest& packages);
 
     // Selects the first entry with a keyboard of exactly this model, layout and variant, else the
     // last entry.
@@ -79,8 +84,8 @@ public slots:
     void userSelectionChanged(int newSelection);
 
 private:
-    void readSpecTable(bool withCustom, PackageTest& packages);
-    void readEntries(const QString& path, PackageTest& packages);
+    void build(bool withCustom, const SpecTable& table, PackageTest& packages);
+    void addEntries(const SpecTable& table, PackageTest& packages);
     void sortEntries();
     void addEntryItems();
     void addCustomEntry();

@@ -27,11 +27,17 @@ QString firstLayout(QString field)
 } // namespace
 
 GroupCombo::GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent)
+    : GroupCombo(items, onlyIcons, parent, SpecTable::find())
+{
+}
+
+GroupCombo::GroupCombo(
+    const QStringList& items, bool onlyIcons, QWidget* parent, const SpecTable& table)
     : CaptionedCombo(tr("Group: "), onlyIcons, parent)
 {
     connect(combo, &QComboBox::activated, this, &GroupCombo::internalActivated);
     connect(combo, &QComboBox::currentIndexChanged, this, &GroupCombo::internalCurrentIndexChanged);
-    readFlagMap();
+    readFlagMap(table);
     if (!items.isEmpty())
         setItems(items);
 }
@@ -87,12 +93,11 @@ void GroupCombo::internalCurrentIndexChanged(int index)
         emit currentDataChanged(dataList->at(index));
 }
 
-void GroupCombo::readFlagMap()
+void GroupCombo::readFlagMap(const SpecTable& table)
 {
-    const QString path =
-        SpecTable::firstReadable({KbdConstants::specTablePath, QStringLiteral("./kbdSpecs.tab")});
-    const QList<SpecRow> rows = SpecTable::rowsOf(path).value_or(QList<SpecRow>());
-    for (const SpecRow& row : rows)
+    if (table.place == SpecTable::Place::SourceTree || !table.rows)
+        return;
+    for (const SpecRow& row : *table.rows)
         if (!row.icon.isEmpty() && !row.layout.isEmpty())
             flagMap.insert(firstLayout(row.layout), row.icon);
 }

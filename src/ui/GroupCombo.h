@@ -8,6 +8,8 @@
 
 #include <memory>
 
+struct SpecTable;
+
 // The choice of the XKB group that the picture shows: one item for each group, with the flag of the
 // group's layout where the keyboard table knows one.
 class GroupCombo : public CaptionedCombo {
@@ -15,7 +17,11 @@ class GroupCombo : public CaptionedCombo {
 
 public:
     // items are the groups' names. Icon-only mode hides the caption and shows icons and numbers
-    // instead of the names. Without a readable spec table there are no flags.
+    // instead of the names. The flags are those of the table, which is read during the construction
+    // only; one in the source tree, or one that cannot be read, gives none.
+    GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent, const SpecTable& table);
+
+    // The same with a table that it reads itself.
     GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent);
 
     // Replaces all items. The current index stays where it is if there is still such an item.
@@ -44,7 +50,7 @@ private slots:
     void internalCurrentIndexChanged(int index);
 
 private:
-    void readFlagMap();
+    void readFlagMap(const SpecTable& table);
     QString flagPath(const QString& layout) const;
     void ensureItem(int index);
 

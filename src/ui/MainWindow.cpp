@@ -9,6 +9,7 @@
 #include "ui/PicturePrinter.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/PackageTest.h"
+#include "ui/specs/SpecTable.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
@@ -65,10 +66,10 @@ void MainWindow::build(
     const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest)
 {
     setUpWindow();
+    const SpecTable table = SpecTable::find();
     PackageTest fontPackages;
-
     // They run while the keyboard is loaded.
-    CKbdSpecSelector::startPackageTests(fontPackages);
+    CKbdSpecSelector::startPackageTests(table, fontPackages);
 
     mainWidget = new QWidget(this);
     mainLayout = new QVBoxLayout(mainWidget);
@@ -76,8 +77,8 @@ void MainWindow::build(
     view = makePicture(settings, names, wantXTest, this);
     mainLayout->addWidget(view);
     controlRow = addRow();
-    addGroupCombo();
-    addLayoutSelector(settings, fontPackages);
+    addGroupCombo(table);
+    addLayoutSelector(settings, table, fontPackages);
     addKeycapCombo();
     addPrintButton();
     addBottomRow();
@@ -120,10 +121,10 @@ QStringList MainWindow::translatedGroupNames() const
     return names;
 }
 
-void MainWindow::addGroupCombo()
+void MainWindow::addGroupCombo(const SpecTable& table)
 {
     const QStringList names = translatedGroupNames();
-    groupCombo = new GroupCombo(names, false, this);
+    groupCombo = new GroupCombo(names, false, this, table);
     // What options add to the keymap's symbols stands behind the layouts and is no group.
     groupCombo->setGroupLayouts(view->groupLayouts().mid(0, names.size()));
     controlRow->addLayout(groupCombo);
@@ -134,12 +135,13 @@ void MainWindow::addGroupCombo()
         controlRow->addStretch(1);
 }
 
-void MainWindow::addLayoutSelector(const KeyboardSettings& shown, PackageTest& fontPackages)
+void MainWindow::addLayoutSelector(
+    const KeyboardSettings& shown, const SpecTable& table, PackageTest& fontPackages)
 {
     layoutLabel = new QLabel(tr("Layout: "));
     controlRow->addWidget(layoutLabel);
     try {
-        specSelector = new CKbdSpecSelector(true, this, &fontPackages);
+        specSelector = new CKbdSpecSelector(true, this, table, fontPackages);
     } catch (...) {
         layoutLabel->setText(QString());
         return;

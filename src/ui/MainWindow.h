@@ -16,6 +16,7 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 class TypingArea;
+struct SpecTable;
 struct kbdSpec_t;
 
 // The only window: the keyboard picture, a row of controls, and a row with the sample text line.
@@ -93,8 +94,9 @@ private:
     void build(const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest);
     void setUpWindow();
     QHBoxLayout* addRow();
-    void addGroupCombo();
-    void addLayoutSelector(const KeyboardSettings& shown, PackageTest& fontPackages);
+    void addGroupCombo(const SpecTable& table);
+    void addLayoutSelector(
+        const KeyboardSettings& shown, const SpecTable& table, PackageTest& fontPackages);
     void addKeycapCombo();
     void addPrintButton();
     void addBottomRow();

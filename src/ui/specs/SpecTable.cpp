@@ -1,10 +1,12 @@
 #include "ui/specs/SpecTable.h"
 
+#include "ui/specs/KbdConstants.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -22,11 +24,18 @@ std::optional<SpecRow> rowOf(const QString& line)
 
 } // namespace
 
-QString SpecTable::firstReadable(const QStringList& paths)
+SpecTable SpecTable::find()
 {
-    const auto found = std::find_if(paths.cbegin(), paths.cend(),
-        [](const QString& path) { return QFileInfo(path).isReadable(); });
-    return found == paths.cend() ? QString() : *found;
+    const std::pair<Place, QString> candidates[] = {
+        {Place::Installed, KbdConstants::specTablePath},
+        {Place::WorkingDirectory, QStringLiteral("./kbdSpecs.tab")},
+        {Place::SourceTree, QStringLiteral("../src/kbdSpecs.tab")},
+    };
+    for (const auto& [place, path] : candidates) {
+        if (QFileInfo(path).isReadable())
+            return {place, rowsOf(path)};
+    }
+    return {};
 }
 
 std::optional<QList<SpecRow>> SpecTable::rowsOf(const QString& path)
