@@ -5,7 +5,7 @@ InstanceGuard::InstanceGuard(Display* xDisplay, const QByteArray& name)
 {
     const Atom selection = XInternAtom(display, name.constData(), x11::xFalse);
 
-    // Two that start together must not both find the selection free.
+    // Two instances that start together must not both find the selection free.
     XGrabServer(display);
     if (XGetSelectionOwner(display, selection) == x11::none) {
         window = XCreateWindow(display, DefaultRootWindow(display), -1, -1, 1, 1, 0, 0, InputOnly,

@@ -8,10 +8,10 @@ Translators::Translators() = default;
 
 Translators::~Translators() = default;
 
-void Translators::installToolkitTranslation()
+void Translators::installQtTranslation()
 {
-    toolkit = std::make_unique<QTranslator>();
-    if (toolkit->load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"),
+    qtTexts = std::make_unique<QTranslator>();
+    if (qtTexts->load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"),
             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(toolkit.get());
+        QCoreApplication::installTranslator(qtTexts.get());
 }

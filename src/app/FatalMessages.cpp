@@ -15,7 +15,7 @@ namespace {
 
 QList<QString>& heldMessages()
 {
-    // The toolkit has its say until the very end of the process: this is never destroyed.
+    // Qt may send messages until the very end of the process: this is never destroyed.
     // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): no object to keep it in
     static auto* const held = new QList<QString>;
     return *held;
@@ -27,7 +27,7 @@ bool holding = true;
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 const char* displayOption = nullptr; // of the command line
 
-// The server that the toolkit was to connect to.
+// The X server that Qt tries to connect to.
 const char* displayAskedFor()
 {
     const char* fromEnvironment = std::getenv("DISPLAY");
@@ -56,7 +56,7 @@ bool serverAnswers()
         std::fprintf(
             stderr, "orvix-kbd-display: %s\n", message.simplified().toLocal8Bit().constData());
     }
-    // The toolkit may be half built: its destructors must not run.
+    // Qt may be half built: its destructors must not run.
     _exit(EXIT_FAILURE);
 }
 

@@ -67,7 +67,7 @@ constexpr std::array<TranslationRow, 5> translations{{
     {"zh_CN", "zh_CN"},
 }};
 
-// Models whose geometry the platform draws itself. The order matters: a model may name several.
+// Models whose geometry the platform draws itself. The order matters: the setting may name several.
 constexpr std::array<const char*, 5> platformModels{"jp106", "abnt2", "kr106", "pc105", "pc104"};
 
 constexpr std::array<const char*, 6> optionLines{
@@ -104,7 +104,7 @@ KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
 
 } // namespace
 
-// Where the settings come from.
+// One setting, and where it is read from.
 struct KbdApp::SettingRow {
     char* KbdApp::*setting;
     const char* registryPath;
@@ -156,6 +156,7 @@ void KbdApp::startUp(char** argv)
 
 KbdApp::~KbdApp()
 {
+    // By text, like the connection in the base class: another form would not find it.
     disconnect(this, SIGNAL(focusChanged(QWidget*, QWidget*)), this,
         SLOT(gotFocusChange(QWidget*, QWidget*)));
     std::free(xkbModel);
@@ -182,7 +183,7 @@ bool KbdApp::report(ExceptionType exception)
     return false;
 }
 
-// The toolkit's handlers are on the stack: destructors of static objects must not run under them.
+// Qt's event handlers are on the stack: exit() would destroy static objects that they still use.
 bool KbdApp::notify(QObject* receiver, QEvent* event)
 {
     try {
@@ -235,7 +236,7 @@ void KbdApp::parseArguments(int argc, char** argv)
     normaliseModel();
 }
 
-// Takes an option with a value, in either form, and moves index on to the value where that is an
+// Takes an option with a value, in either form. Moves index to the value when the value is an
 // argument of its own.
 bool KbdApp::takeValue(int argc, char** argv, int& index)
 {
@@ -298,7 +299,7 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
     return names.release();
 }
 
-// Learns the extension's events as well.
+// Also sets xkbEventBase.
 bool KbdApp::hasKeyboardExtension()
 {
     int opcode = 0;
@@ -308,8 +309,8 @@ bool KbdApp::hasKeyboardExtension()
     return XkbQueryExtension(toolkitDisplay(), &opcode, &xkbEventBase, &error, &major, &minor);
 }
 
-// Only adds to what the toolkit selects on the same connection: the server keeps one selection for
-// both.
+// Qt selects keyboard events on the same connection, and the server keeps one selection for both:
+// bits are only added to it.
 void KbdApp::selectKeyboardEvents()
 {
     Display* display = toolkitDisplay();
@@ -351,6 +352,7 @@ void KbdApp::createMainWindow()
     mainWindow->placeOnScreen(toFocus);
 }
 
+// Connected by text where that is given.
 void KbdApp::connectMainWindow()
 {
     connect(this, SIGNAL(x11KeyPressEventOut(XKeyEvent*)), mainWindow,

@@ -18,6 +18,7 @@ class KbdApp : public BrindleApplication {
     Q_OBJECT
 
 public:
+    // Thrown by value; that they are integers is given.
     enum ExceptionType {
         UnknownError = 1,
         XkbInitError = 2,
@@ -27,35 +28,35 @@ public:
         RulesError = 6,
     };
 
-    // Does all of the start-up, the main window shown included. argv is borrowed and outlives the
+    // Does the whole start-up, up to showing the main window. argv is borrowed and outlives the
     // application. Throws ExceptionType.
     KbdApp(int argc, char** argv, bool flag = false);
     ~KbdApp() override;
     Q_DISABLE_COPY(KbdApp)
 
-    // Prints the exception's message, if it has one. False for a value that is none of
-    // ExceptionType's.
+    // Prints the exception's message, if it has one. False when ExceptionType has no such value.
     static bool report(ExceptionType exception);
 
-    // A keyboard chosen at run time that cannot be had ends the program as it would at start-up.
+    // Ends the program, as at start-up, when a keyboard that the user has chosen cannot be loaded.
     bool notify(QObject* receiver, QEvent* event) override;
 
 signals:
+    // For the main window's slots named In; these relays are given.
     // A key of the keyboard went down or up; the event is borrowed and valid during the call only.
     void x11KeyPressEventOut(XKeyEvent* event);
     void x11KeyReleaseEventOut(XKeyEvent* event);
 
-    // The server has another keyboard now. Only told while the window has the focus.
+    // The server has another keyboard now. Only emitted while the window has the focus.
     void x11NewKbdEventOut();
 
     // The locks or the group of the server's keyboard may have changed.
     void x11LockStateChangedOut();
 
 private slots:
-    // Takes over the components of a keyboard chosen in the window: names is copied.
+    // Copies the components of a keyboard chosen in the window, and starts the switcher with them.
     void newKeyboard(XkbComponentNamesRec& names);
 
-    // Looks at an X event before the toolkit does. Always false: no event ends here.
+    // Sees every X event before Qt does. Always returns false: Qt gets the event too.
     bool x11EventFilter(XEvent* event);
 
 private:

@@ -9,8 +9,8 @@
 class PackageTest;
 struct SpecTable;
 
-// The choice of keyboards that the keyboard table lists, sorted by their display names, and a
-// "<Custom>" entry for a keyboard that matches none of them.
+// A combo box with the keyboards of the spec table, sorted by their display names, and a "<Custom>"
+// entry for a keyboard that the table does not have.
 class CKbdSpecSelector : public ControlCombo {
     Q_OBJECT
 
@@ -52,19 +52,19 @@ public:
     QString currentLayout() const;
     QString currentVariant() const;
 
-    // Room for the current name, and for the usual ones. In a narrow window this combo is the first
-    // to give way.
+    // Wide enough for the current name and for names of usual length. In a narrow window this combo
+    // shrinks before the others.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 signals:
-    // Another entry is selected, by whomever, or the user chose one, were it the same. The records
-    // belong to the selector and live as long as it does.
+    // currentChanged: the selection changed. activated: the user picked an entry, even the current
+    // one. The selector owns the records; they live as long as it does.
     void currentChanged(kbdSpec_t* values);
     void activated(kbdSpec_t* values);
 
-    // What the entry that the user chose stands for, unless it is "<Custom>". An empty variant is
-    // not told, nor a secondary keyboard where the entry has none.
+    // The keyboards of the entry that the user picked, unless it is "<Custom>". An empty variant is
+    // not reported, nor a secondary keyboard that the entry does not have.
     void primaryModelChanged(const QString& model);
     void primaryLayoutChanged(const QString& layout);
     void primaryVariantChanged(const QString& variant);
@@ -79,7 +79,7 @@ public slots:
     // select() with the settings side by side.
     void setCurrent(const QString& model, const QString& layout, const QString& variantList);
 
-    // Tell of the entry with this index; nothing where there is none.
+    // The selection changed; the user picked this entry. Ignored when no entry has this index.
     void selectionChanged(int newSelection);
     void userSelectionChanged(int newSelection);
 

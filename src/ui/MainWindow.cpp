@@ -62,6 +62,7 @@ MainWindow::MainWindow( // NOLINT(readability-function-size): the signature is g
     build({model, layout, variant, options}, names, wantXTest);
 }
 
+// The connections of this class are made by text: that is given.
 void MainWindow::build(
     const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest)
 {
@@ -90,8 +91,8 @@ void MainWindow::build(
     setFocus(Qt::OtherFocusReason);
 }
 
-// The picture goes first: it releases what it holds down in the server. The rest belongs to the
-// central widget.
+// The picture goes first: it releases the keys that it holds down in the server. The central widget
+// owns the rest.
 MainWindow::~MainWindow()
 {
     delete view;
@@ -99,7 +100,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::setUpWindow()
 {
-    // Where that icon theme is not installed, the application's icon stands.
+    // Without that icon theme the window keeps the application's icon.
     if (const QPixmap icon(QString::fromLatin1(windowIconFile)); !icon.isNull())
         setWindowIcon(QIcon(icon));
     // The text line composes dead keys itself: an input method must not take them away.
@@ -125,7 +126,7 @@ void MainWindow::addGroupCombo(const SpecTable& table)
 {
     const QStringList names = translatedGroupNames();
     groupCombo = new GroupCombo(names, false, this, table);
-    // What options add to the keymap's symbols stands behind the layouts and is no group.
+    // The keymap's symbols name lists the layouts of the groups first, then what options add.
     groupCombo->setGroupLayouts(view->groupLayouts().mid(0, names.size()));
     controlRow->addLayout(groupCombo);
     connect(groupCombo, SIGNAL(currentIndexChanged(int)), this, SLOT(levelChanged(int)));
@@ -158,14 +159,13 @@ void MainWindow::addLayoutSelector(
     view->setFlagFilename(specSelector->currentIconFile());
 }
 
-// It is offered only while the keyboard shown is none of the table's.
+// "<Custom>" is offered only while the table does not have the keyboard that is shown.
 void MainWindow::dropCustomEntry()
 {
     const int last = specSelector ? specSelector->count() - 1 : -1;
     if (last < 0 || !specSelector->isCustom(last))
         return;
-    // Where the user has chosen it, and it could be had, it is the current one. The selector goes
-    // on to another entry then: that is nobody's choice.
+    // If "<Custom>" is current, removing it selects another entry: do not report that as a choice.
     const QSignalBlocker silent(specSelector);
     specSelector->removeItem(last);
 }
@@ -207,7 +207,7 @@ void MainWindow::connectView()
     connect(this, SIGNAL(x11LockStateChangedOut()), view, SLOT(x11LockStateChangedIn()));
     connect(this, SIGNAL(x11NewKbdEventOut()), view, SLOT(x11NewKbdEventIn()));
     view->observeGroup([this](KeyGroup_t group) {
-        // The server has this group already: locking it again could undo the next change.
+        // The server has locked this group already: locking it again could undo the next change.
         const QSignalBlocker quiet(groupCombo);
         groupCombo->setCurrentIndex(group);
     });
@@ -269,7 +269,7 @@ void MainWindow::modeChanged(int which)
 
 void MainWindow::levelChanged(int which)
 {
-    // While its items are replaced the combo has none selected: that is no choice of a group.
+    // The combo reports -1 while its items are replaced: that is no choice of a group.
     if (which < 0)
         return;
     view->setGroupNum(static_cast<KeyGroup_t>(which));

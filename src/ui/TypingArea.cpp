@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
-// Its input methods stay off: the toolkit asks for none on a read-only line without focus.
+// Input methods stay off: Qt uses none for a read-only line without focus.
 TypingArea::TypingArea(QWidget* parent)
     : QLineEdit(parent)
 {

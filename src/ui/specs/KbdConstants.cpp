@@ -26,8 +26,7 @@ bool isReadableFile(const QString& path)
 
 QString KbdConstants::iconPath(const QString& fileName)
 {
-    // A name of the keyboard table can hold anything; the toolkit complains of one with a NUL in
-    // it.
+    // A name in the keyboard table can hold anything; Qt warns of one with a NUL in it.
     if (fileName.isEmpty() || fileName.contains(QChar::Null))
         return {};
 
