@@ -4,6 +4,8 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 Translators::Translators() = default;
 
 Translators::~Translators() = default;
@@ -11,7 +13,7 @@ Translators::~Translators() = default;
 void Translators::installQtTranslation()
 {
     qtTexts = std::make_unique<QTranslator>();
-    if (qtTexts->load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"),
+    if (qtTexts->load(QLocale::system(), u"qtbase"_s, u"_"_s,
             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(qtTexts.get());
 }

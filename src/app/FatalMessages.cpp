@@ -11,6 +11,8 @@
 #include <unistd.h>
 #include <xcb/xcb.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<QString>& heldMessages()
@@ -49,7 +51,7 @@ bool serverAnswers()
 {
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
     const bool starting = QGuiApplication::platformName().isEmpty();
-    if (starting && platform.startsWith(QLatin1StringView("xcb")) && !serverAnswers()) {
+    if (starting && platform.startsWith("xcb"_L1) && !serverAnswers()) {
         std::fprintf(
             stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n", displayAskedFor());
     } else {

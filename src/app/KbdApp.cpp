@@ -26,6 +26,8 @@
 #include <cstring>
 #include <iostream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char instanceName[] = "orvix-kbd-display-tofocus";
@@ -211,8 +213,7 @@ void KbdApp::loadTranslator(const QString& locale)
     const QString file = QLatin1StringView(translationPrefix) + locale;
     // The second place serves a program that runs from where it was built or unpacked.
     if (translator->load(file, QLatin1StringView(translationDirectory) + locale)
-        || translator->load(
-            file, applicationDirPath() + QStringLiteral("/../share/orvix-i18n/") + locale))
+        || translator->load(file, applicationDirPath() + u"/../share/orvix-i18n/"_s + locale))
         installTranslator(translator);
 }
 

@@ -11,9 +11,11 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QLatin1StringView customName("<Custom>");
+constexpr QLatin1StringView customName = "<Custom>"_L1;
 
 // The usual width of the control, in letters. Measuring all entries instead would load a font for
 // each of their scripts before the window opens.
@@ -52,9 +54,9 @@ bool canDrawNativeName(const QString& country, PackageTest& packages)
 struct SpecName {
     explicit SpecName(const QString& name)
     {
-        const qsizetype bracket = name.indexOf(QLatin1Char('['));
+        const qsizetype bracket = name.indexOf(u'[');
         base = name.left(bracket);
-        while (base.endsWith(QLatin1Char(' ')))
+        while (base.endsWith(u' '))
             base.chop(1);
         if (bracket >= 0)
             native = name.mid(bracket + 1);
@@ -169,7 +171,7 @@ void CKbdSpecSelector::addEntryItems()
 
 void CKbdSpecSelector::addCustomEntry()
 {
-    const QStringList noChange{QStringLiteral("<NoChange>")};
+    const QStringList noChange{u"<NoChange>"_s};
     specs.append(
         new kbdSpec_t{customName, tr("<Custom>"), QString(), noChange, noChange, noChange});
 }
@@ -182,7 +184,7 @@ QString CKbdSpecSelector::makeDisplayName(const QString& name, PackageTest& pack
         QCoreApplication::translate("CKbdSpecSelector", parts.base.toUtf8().constData());
     if (parts.native.isEmpty() || !canDrawNativeName(parts.base, packages))
         return display;
-    return display + QLatin1StringView(" [") + parts.native;
+    return display + " ["_L1 + parts.native;
 }
 
 const kbdSpec_t* CKbdSpecSelector::currentEntry() const
@@ -205,19 +207,19 @@ QString CKbdSpecSelector::currentIconFile() const
 QString CKbdSpecSelector::currentModel() const
 {
     const kbdSpec_t* spec = currentEntry();
-    return spec && spec != specs.last() ? spec->models.first() : QStringLiteral("pc104");
+    return spec && spec != specs.last() ? spec->models.first() : u"pc104"_s;
 }
 
 QString CKbdSpecSelector::currentLayout() const
 {
     const kbdSpec_t* spec = currentEntry();
-    return spec && spec != specs.last() ? spec->layouts.first() : QStringLiteral("us");
+    return spec && spec != specs.last() ? spec->layouts.first() : u"us"_s;
 }
 
 QString CKbdSpecSelector::currentVariant() const
 {
     const kbdSpec_t* spec = currentEntry();
-    return spec && spec != specs.last() ? spec->variants.first() : QStringLiteral("wincompat");
+    return spec && spec != specs.last() ? spec->variants.first() : u"wincompat"_s;
 }
 
 void CKbdSpecSelector::setCurrent(const QString& specName)

@@ -19,8 +19,8 @@ void cutFrom(QString& text, QChar mark)
 // The name of the first layout in a spec table's layout field.
 QString firstLayout(QString field)
 {
-    cutFrom(field, QLatin1Char('['));
-    cutFrom(field, QLatin1Char(','));
+    cutFrom(field, u'[');
+    cutFrom(field, u',');
     return field.simplified();
 }
 
@@ -105,8 +105,8 @@ void GroupCombo::readFlagMap(const SpecTable& table)
 // Empty when the layout has no flag or its file cannot be read.
 QString GroupCombo::flagPath(const QString& layout) const
 {
-    const QString fileName = flagMap.value(layout.section(QLatin1Char(':'), 0, 0));
-    return fileName.isEmpty() ? QString() : KbdConstants::iconPath(QLatin1Char('/') + fileName);
+    const QString fileName = flagMap.value(layout.section(u':', 0, 0));
+    return fileName.isEmpty() ? QString() : KbdConstants::iconPath(u'/' + fileName);
 }
 
 void GroupCombo::ensureItem(int index)

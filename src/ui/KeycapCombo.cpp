@@ -6,6 +6,8 @@
 #include <QComboBox>
 #include <QIcon>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QIcon iconOf(const QString& fileName)
@@ -18,10 +20,8 @@ QIcon iconOf(const QString& fileName)
 KeycapCombo::KeycapCombo(bool onlyIcons, QWidget* parent)
     : CaptionedCombo(tr("Keycap Display: "), onlyIcons, parent)
 {
-    combo->addItem(iconOf(QStringLiteral("/singlekey.png")),
-        iconOnly ? QString() : tr("Active Character Only"));
-    combo->addItem(
-        iconOf(QStringLiteral("/fullkey.png")), iconOnly ? QString() : tr("Multiple Characters"));
+    combo->addItem(iconOf(u"/singlekey.png"_s), iconOnly ? QString() : tr("Active Character Only"));
+    combo->addItem(iconOf(u"/fullkey.png"_s), iconOnly ? QString() : tr("Multiple Characters"));
     combo->setToolTip(tr("Keycap display mode"));
     connect(combo, &QComboBox::activated, this, &KeycapCombo::internalActivated);
     connect(

@@ -23,6 +23,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char windowIconFile[] = "/usr/share/icons/Rodent/48x48/apps/keyboard.png";
@@ -35,7 +37,7 @@ constexpr int screenMargin = 8; // pixels left for the window manager's frame
 // All keyboards of the entry together; it does not choose options.
 KeyboardSettings settingsOf(const kbdSpec_t& spec)
 {
-    const QString comma(QLatin1Char(','));
+    const QString comma = u","_s;
     return {spec.models.join(comma), spec.layouts.join(comma), spec.variants.join(comma), {}};
 }
 

@@ -11,6 +11,8 @@
 #include <cstring>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Component = char* XkbComponentNamesRec::*;
@@ -65,7 +67,7 @@ void replace(char*& target, const char* text)
 QRegularExpression includePattern(const char* keyword)
 {
     return QRegularExpression(
-        QLatin1StringView(keyword) + QStringLiteral("\\s*\\{\\s*include\\s+\"(.*)\"\\s*\\}"));
+        QLatin1StringView(keyword) + u"\\s*\\{\\s*include\\s+\"(.*)\"\\s*\\}"_s);
 }
 
 void preferPlatformGeometry(XkbComponentNamesRec* names)
@@ -83,7 +85,7 @@ void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
     if (QByteArrayView(names->geometry) != fallbackGeometry)
         return;
     for (const char* board : largerBoards) {
-        if (model == QLatin1String(board))
+        if (model == QLatin1StringView(board))
             return replace(names->geometry, (std::string("pc-arvane(") + board + ")").c_str());
     }
 }
@@ -94,15 +96,14 @@ bool queryComponentNames(
     XkbComponentNamesRec* names, Display* display, const KeyboardSettings& settings)
 {
     *names = {};
-    QStringList arguments{
-        QStringLiteral("-display"), QString::fromLocal8Bit(XDisplayString(display))};
+    QStringList arguments{u"-display"_s, QString::fromLocal8Bit(XDisplayString(display))};
     appendOption(arguments, "-model", settings.model);
     appendOption(arguments, "-layout", settings.layout);
     appendOption(arguments, "-variant", settings.variant);
     appendOption(arguments, "-option", settings.options);
-    arguments << QStringLiteral("-print");
+    arguments << u"-print"_s;
 
-    const auto keymap = toolOutput(QStringLiteral("setxkbmap"), arguments, toolTimeout);
+    const auto keymap = toolOutput(u"setxkbmap"_s, arguments, toolTimeout);
     if (!keymap || !readComponentNames(names, *keymap))
         return false;
     preferGeometryOfModel(names, settings.model);
@@ -115,7 +116,7 @@ bool readComponentNames(XkbComponentNamesRec* names, const QByteArray& keymap)
     for (std::size_t i = 0; i < sections.size(); ++i)
         patterns[i] = includePattern(sections[i].keyword);
 
-    const QStringList lines = QString::fromUtf8(keymap).split(QLatin1Char('\n'));
+    const QStringList lines = QString::fromUtf8(keymap).split(u'\n');
     for (const QString& line : lines) {
         if (line.size() > longestLine)
             continue;

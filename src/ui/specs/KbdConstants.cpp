@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // Tests compile this file with a directory of their own.
 #ifndef KBD_LAYOUT_DIRECTORY
 #define KBD_LAYOUT_DIRECTORY "/usr/share/orvix-keyboard-layout/"
@@ -30,8 +32,8 @@ QString KbdConstants::iconPath(const QString& fileName)
     if (fileName.isEmpty() || fileName.contains(QChar::Null))
         return {};
 
-    const QStringList places{iconDirectory + fileName, QLatin1String("./icons/") + fileName,
-        QLatin1String("../src/icons/") + fileName};
+    const QStringList places{
+        iconDirectory + fileName, "./icons/"_L1 + fileName, "../src/icons/"_L1 + fileName};
     const auto found = std::find_if(places.cbegin(), places.cend(), isReadableFile);
     return found == places.cend() ? QString() : *found;
 }

@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int statusTimeout = 1000; // milliseconds for dpkg
@@ -28,17 +30,17 @@ bool hasEnded(QProcess& process, int timeout)
 void describeStatusRun(QProcess& dpkg, const QString& package)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LANG"), QStringLiteral("C"));
+    environment.insert(u"LANG"_s, u"C"_s);
     dpkg.setProcessEnvironment(environment);
-    dpkg.setProgram(QStringLiteral("dpkg"));
-    dpkg.setArguments({QStringLiteral("--status"), package});
+    dpkg.setProgram(u"dpkg"_s);
+    dpkg.setArguments({u"--status"_s, package});
     dpkg.setStandardErrorFile(QProcess::nullDevice());
 }
 
 void describeSearchRun(QProcess& grep)
 {
-    grep.setProgram(QStringLiteral("grep"));
-    grep.setArguments({QStringLiteral("-qi"), QStringLiteral("^Status:.* installed")});
+    grep.setProgram(u"grep"_s);
+    grep.setArguments({u"-qi"_s, u"^Status:.* installed"_s});
     grep.setStandardOutputFile(QProcess::nullDevice());
     grep.setStandardErrorFile(QProcess::nullDevice());
 }

@@ -8,15 +8,17 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype fewestFields = 4;
 
 std::optional<SpecRow> rowOf(const QString& line)
 {
-    if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+    if (line.isEmpty() || line.startsWith(u'#'))
         return std::nullopt;
-    const QStringList fields = line.split(QLatin1Char('\t'));
+    const QStringList fields = line.split(u'\t');
     if (fields.size() < fewestFields)
         return std::nullopt;
     return SpecRow{fields.at(0), fields.at(1), fields.at(2), fields.at(3), fields.value(4)};
@@ -28,8 +30,8 @@ SpecTable SpecTable::find()
 {
     const std::pair<Place, QString> candidates[] = {
         {Place::Installed, KbdConstants::specTablePath},
-        {Place::WorkingDirectory, QStringLiteral("./kbdSpecs.tab")},
-        {Place::SourceTree, QStringLiteral("../src/kbdSpecs.tab")},
+        {Place::WorkingDirectory, u"./kbdSpecs.tab"_s},
+        {Place::SourceTree, u"../src/kbdSpecs.tab"_s},
     };
     for (const auto& [place, path] : candidates) {
         if (QFileInfo(path).isReadable())
