@@ -12,9 +12,9 @@ class BrindleApplication : public QApplication, protected virtual Translators {
     Q_OBJECT
 
 public:
-    // argc and argv are kept by reference and must outlive the application; Qt takes its own
-    // options out of them. The three flags are there for the platform's own class; this one ignores
-    // them.
+    // argc and argv are kept by reference and must outlive the application; Qt removes its own
+    // options from them. The three flags mean something to the platform's own class only: they are
+    // ignored here.
     BrindleApplication(int& argc, char** argv, bool flag1, bool flag2, bool flag3);
     ~BrindleApplication() override;
     Q_DISABLE_COPY(BrindleApplication)
@@ -28,8 +28,8 @@ signals:
     void focusLost();
 
 public slots:
-    // Connected to focusChanged: the widget that had the focus and the widget that has it now, each
-    // null when no widget of this program does.
+    // The application's focusChanged signal: the widget that had the focus and the one that has it
+    // now; null when no widget of this application had or has it.
     void gotFocusChange(QWidget* old, QWidget* now);
 
 private:

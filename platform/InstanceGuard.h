@@ -9,7 +9,7 @@
 // selection back when the owner's connection ends, so that a killed program leaves nothing behind.
 class InstanceGuard {
 public:
-    // Takes the selection when it has no owner. The display is borrowed and outlives the guard.
+    // Takes the selection when no client owns it. The display is borrowed and outlives the guard.
     InstanceGuard(Display* xDisplay, const QByteArray& name);
     ~InstanceGuard();
     InstanceGuard(const InstanceGuard&) = delete;
@@ -19,5 +19,5 @@ public:
 
 private:
     Display* display;
-    Window window = x11::none; // owns the selection; none when another program does
+    Window window = x11::none; // owns the selection; x11::none when another client does
 };

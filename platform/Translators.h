@@ -5,8 +5,8 @@
 #include <memory>
 
 // The translations that every application of the platform has beside its own: those of Qt's
-// dialogs. A virtual base: constructed before the application and destroyed after it, which keeps a
-// pointer to the translator.
+// dialogs. That it is a virtual base is given: it is made before the application and destroyed
+// after it.
 class Translators {
 public:
     Translators();
@@ -15,10 +15,10 @@ public:
     Translators& operator=(const Translators&) = delete;
 
 protected:
-    // Loads Qt's translation for the system locale and installs it. To be called once the
-    // application object exists. Does nothing when there is no translation for the locale.
-    void installToolkitTranslation();
+    // Loads Qt's translation for the system locale and installs it. Needs the application object.
+    // Does nothing when there is no translation for the locale.
+    void installQtTranslation();
 
 private:
-    std::unique_ptr<QTranslator> toolkit;
+    std::unique_ptr<QTranslator> qtTexts;
 };

@@ -12,11 +12,13 @@
 #include <cstring>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<QString>& heldMessages()
 {
-    // Qt writes messages until the very end of the process: this is never destroyed.
+    // Qt may send messages until the very end of the process: this is never destroyed.
     // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): no object to keep it in
     static auto* const held = new QList<QString>;
     return *held;
@@ -28,7 +30,7 @@ bool holding = true;
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 const char* displayOption = nullptr; // of the command line
 
-// The server that Qt was to connect to.
+// The X server that Qt tries to connect to.
 const char* displayAskedFor()
 {
     const char* fromEnvironment = std::getenv("DISPLAY");
@@ -39,8 +41,7 @@ const char* displayAskedFor()
 {
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
     const bool starting = QGuiApplication::platformName().isEmpty();
-    if (starting && platform.startsWith(QLatin1StringView("xcb"))
-        && !x11::serverAnswers(displayAskedFor())) {
+    if (starting && platform.startsWith("xcb"_L1) && !x11::serverAnswers(displayAskedFor())) {
         std::fprintf(
             stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n", displayAskedFor());
     } else {

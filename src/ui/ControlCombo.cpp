@@ -14,7 +14,7 @@ constexpr int iconGap = 4; // likewise, between the icon and the text
 constexpr int textMargin = 1; // likewise, that styles leave on both sides of the text
 constexpr int greatestWidth = 60; // characters of average width
 constexpr int smallestWidth = 14; // likewise
-constexpr int screenShare = 6; // of the combos in the screen's width
+constexpr int screenShare = 6; // a combo takes at most one part in six of the screen's width
 
 } // namespace
 

@@ -15,7 +15,7 @@ bool movesTheCursorAtItsRelease(int key)
 
 } // namespace
 
-// Its input methods stay off: the toolkit asks for none on a read-only line without focus.
+// Input methods stay off: Qt uses none for a read-only line without focus.
 TypingArea::TypingArea(QWidget* parent)
     : QLineEdit(parent)
 {

@@ -9,6 +9,7 @@
 #include "harness/XTools.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
+#include "ui/specs/KbdConstants.h"
 #include "x11/Property.h"
 #include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
@@ -19,8 +20,11 @@
 #include <QLibraryInfo>
 #include <QStandardPaths>
 
+#include <array>
 #include <csignal>
+#include <functional>
 #include <memory>
+#include <sys/inotify.h>
 #include <unistd.h>
 
 namespace {
@@ -106,6 +110,45 @@ private:
     QTemporaryDir directory;
 };
 
+// Counts how often any process opens a file, from here on.
+class OpeningCounter {
+public:
+    explicit OpeningCounter(const QString& path)
+        : m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+        , m_watches(inotify_add_watch(
+                        m_descriptor, QFile::encodeName(path).constData(), IN_OPEN | IN_CLOSE)
+              >= 0)
+    {
+    }
+    ~OpeningCounter() { close(m_descriptor); }
+    Q_DISABLE_COPY_MOVE(OpeningCounter)
+
+    bool isWatching() const { return m_watches; }
+
+    // The kernel reports equal events that follow each other as one: closing parts the openings.
+    int count()
+    {
+        alignas(inotify_event) std::array<char, 4096> events{};
+        ssize_t size = 0;
+        while ((size = read(m_descriptor, events.data(), events.size())) > 0) {
+            for (ssize_t at = 0; at < size;) {
+                const auto* event = reinterpret_cast<const inotify_event*>(events.data() + at);
+                m_openings += event->mask & IN_OPEN ? 1 : 0;
+                at += static_cast<ssize_t>(sizeof(inotify_event)) + event->len;
+            }
+        }
+        return m_openings;
+    }
+
+private:
+    int m_descriptor;
+    bool m_watches;
+    int m_openings = 0;
+};
+
+// A table for the program's working directory. The last entry is at the bottom of the list.
+const QByteArray twoKeyboards = "Alpha\t\tpc105\tus\t\nBeta\t\tpc105\tde\t\n";
+
 QString windowTitle(Display* display, Window window)
 {
     return QString::fromStdString(x11::property(display, window, "_NET_WM_NAME").bytes);
@@ -161,6 +204,7 @@ private slots:
     void aMissingGeometryIsExplained();
     void withoutSetxkbmapThereAreNoRules();
     void aLayoutThatCannotBeHadEndsTheProgram();
+    void theTableIsReadOnce();
 
     void setxkbmapIsAskedForTheSettings_data();
     void setxkbmapIsAskedForTheSettings();
@@ -194,6 +238,8 @@ private:
     bool translate(const QString& locale, const QString& title);
     QPoint placeOfSelector(Window window);
     void click(const QPoint& point);
+    bool chooseLastLayout(
+        const ProgramRun& run, const QPoint& selector, const std::function<bool()>& isChosen);
 
     XConnection connection;
     QTemporaryDir prefix; // places where the program is installed, with and without translations
@@ -507,12 +553,30 @@ QPoint StartupTest::placeOfSelector(Window window)
                     : QPoint();
 }
 
+// Opens the list and clicks its last entry until that has its effect.
+bool StartupTest::chooseLastLayout(
+    const ProgramRun& run, const QPoint& selector, const std::function<bool()>& isChosen)
+{
+    // A list that has just opened does not heed a click yet.
+    QDeadlineTimer nextClick(0);
+    const auto isChosenByNow = [&] {
+        if (isChosen())
+            return true;
+        if (!nextClick.hasExpired())
+            return false;
+        nextClick.setRemainingTime(betweenClicksMs);
+        const auto list = grabWindow(connection.get(), popupOf(connection.get(), run.processId()));
+        click(list ? list->topLeft + QPoint(20, list->image.height() - 8) : selector);
+        return false;
+    };
+    return QTest::qWaitFor(isChosenByNow, 20000);
+}
+
 // The second time it is asked, setxkbmap names a geometry that there is not.
 void StartupTest::aLayoutThatCannotBeHadEndsTheProgram()
 {
     const QTemporaryDir directory;
-    QVERIFY(writeFile(
-        directory.filePath("kbdSpecs.tab"), "Alpha\t\tpc105\tus\t\nBeta\t\tpc105\tde\t\n"));
+    QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), twoKeyboards));
     QVERIFY(QDir::setCurrent(directory.path()));
     const FakeSetxkbmap tool("if [ -e \"$here/asked\" ]; then\n" + printing(keymapWith("no(ne)"))
         + "else\n: > \"$here/asked\"\nexec \"$real\" \"$@\"\nfi\n");
@@ -522,24 +586,39 @@ void StartupTest::aLayoutThatCannotBeHadEndsTheProgram()
     run->start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
     const Window window = run->waitForWindow(connection.get());
     QVERIFY2(window != x11::none, run->errors().constData());
-    const QPoint selector = placeOfSelector(window);
 
-    // A list that has just opened does not heed a click yet.
-    QDeadlineTimer nextClick(0);
-    const auto hasEndedAfterAChoice = [&] {
-        if (!run->isRunning())
-            return true;
-        if (!nextClick.hasExpired())
-            return false;
-        nextClick.setRemainingTime(betweenClicksMs);
-        const auto list = grabWindow(connection.get(), popupOf(connection.get(), run->processId()));
-        click(list ? list->topLeft + QPoint(20, list->image.height() - 8) : selector);
-        return false;
-    };
-    QVERIFY(QTest::qWaitFor(hasEndedAfterAChoice, 20000));
+    QVERIFY(chooseLastLayout(*run, placeOfSelector(window), [&] { return !run->isRunning(); }));
 
     failsWith(*run, descriptionFailure);
     QCOMPARE(pressedKeys(display()), QList<int>());
+}
+
+// At the start, and not again for a layout that is chosen.
+void StartupTest::theTableIsReadOnce()
+{
+    if (QFile::exists(KbdConstants::specTablePath))
+        QSKIP("The program reads an installed table, which other tests open too");
+    const QTemporaryDir here;
+    const QTemporaryDir ofTheProgram;
+    for (const QTemporaryDir* directory : {&here, &ofTheProgram})
+        QVERIFY(writeFile(directory->filePath("kbdSpecs.tab"), twoKeyboards));
+    QVERIFY(QDir::setCurrent(here.path()));
+    OpeningCounter table(ofTheProgram.filePath("kbdSpecs.tab"));
+    QVERIFY(table.isWatching());
+    const FakeSetxkbmap tool("case \"$*\" in *'-layout de'*) : > \"$here/chosen\";; esac\n"
+                             "exec \"$real\" \"$@\"\n");
+    const auto run = program();
+    run->setVariable("PATH", tool.searchPath());
+    run->setWorkingDirectory(ofTheProgram.path());
+    run->start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
+    const Window window = run->waitForWindow(connection.get());
+    QVERIFY2(window != x11::none, run->errors().constData());
+
+    QVERIFY(chooseLastLayout(
+        *run, placeOfSelector(window), [&] { return QFile::exists(tool.filePath("chosen")); }));
+
+    runsAndEnds(*run);
+    QCOMPARE(table.count(), 1);
 }
 
 void StartupTest::setxkbmapIsAskedForTheSettings_data()
