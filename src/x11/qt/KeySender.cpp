@@ -15,9 +15,9 @@ QByteArray heldKeysName()
 
 } // namespace
 
-KeySender::KeySender(Display* xDisplay, const QWidget* widgetOfOurs)
+KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget)
     : display(xDisplay)
-    , widget(widgetOfOurs)
+    , widget(ourWidget)
     , rootWindow(DefaultRootWindow(xDisplay))
 {
 }

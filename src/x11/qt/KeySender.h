@@ -16,14 +16,14 @@ struct SyntheticKey {
 
 // Delivers keys to the window that has the input focus: through XTest, where the server itself
 // presses them, or as key events sent to that window. Remembers every key that it holds down in
-// the server, and leaves none behind. While there are any, their key codes, a byte each, stand in
-// the property _ORVIX_KBD_HELD_KEYS_ and the number of this process of the root window: the
-// keyboard switcher releases them if the process is killed.
+// the server, and leaves none behind. While it holds any, the root window has a property with their
+// key codes, a byte each: _ORVIX_KBD_HELD_KEYS_ followed by the process id. The keyboard switcher
+// reads it when this process was killed, and releases the keys.
 class KeySender {
 public:
     // Both are borrowed. While the widget's window is active the server sends what XTest presses
     // back to this program: see isEcho.
-    KeySender(Display* xDisplay, const QWidget* widgetOfOurs);
+    KeySender(Display* xDisplay, const QWidget* ourWidget);
 
     // Releases what is still held.
     ~KeySender();
@@ -31,21 +31,22 @@ public:
     KeySender& operator=(const KeySender&) = delete;
 
     // Presses the modifier keys in the order given, one millisecond apart, and then the key.
-    // Nothing for a key that is held already.
+    // Does nothing for a key that is held already.
     void pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
-    // Releases the key and then the modifier keys that were pressed with it. Nothing for a key that
-    // is not held: it may be a physical one.
+    // Releases the key and then the modifier keys that were pressed with it. Does nothing for a key
+    // that is not held: the user may be holding it on the real keyboard.
     void releaseThroughXTest(KeyCode keycode);
 
     // Whether the event is the echo of a modifier key that this sender pressed or released around a
     // key, so not the user's. Each echo is expected once: the answer uses it up.
     bool isEcho(const XKeyEvent& event);
 
-    // Echoes still expected go to the program that has the focus now.
+    // For the time when this program loses the focus: the echoes that are still expected go to
+    // another program.
     void forgetEchoes();
 
-    // Releases every key that is held, and waits until the server has taken note.
+    // Releases every key that is held, and waits until the server has done so.
     void releaseAll();
 
     // type is x11::keyPress or x11::keyRelease.
