@@ -60,6 +60,20 @@ void connectItems(const KeyboardItems& items, KbdGeometry* view)
     }
 }
 
+void enterKeys(const KeyboardItems& items, ModifierState& state)
+{
+    for (const KbdKey* key : items.allKeys())
+        state.addKey({key->x11Keycode(), key->symbols().keyType(), key->symbols().modifierName()});
+}
+
+void lightIndicators(const KeyboardItems& items, const ModifierState& state)
+{
+    for (const Lock lock : allLocks) {
+        if (KbdDoodad* indicator = items.indicatorOf(lock))
+            indicator->setActive(state.isOn(lock));
+    }
+}
+
 } // namespace
 
 KbdGeometry::KbdGeometry( // NOLINT(readability-function-size): the parameters are given
@@ -78,7 +92,9 @@ KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNam
     KbdAccessible::install();
     load(settings, names, wantXTest);
     connectItems(*keyboardItems, this);
-    startModifiers();
+    enterKeys(*keyboardItems, modifierState);
+    showModifiers();
+    lightIndicators(*keyboardItems, modifierState);
     setScene(keyboardScene);
     fitPicture(*this);
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { sender->releaseAll(); });
@@ -108,19 +124,6 @@ void KbdGeometry::load(
     keyboardItems = std::make_unique<KeyboardItems>(
         *keyboard, settings, modifierState.lockMask(), keyboardScene);
     sender = std::make_unique<KeySender>(display, this);
-}
-
-// The keyboard's modifiers, before anything is pressed on the picture.
-void KbdGeometry::startModifiers()
-{
-    for (const KbdKey* key : keyboardItems->allKeys())
-        modifierState.addKey(
-            {key->x11Keycode(), key->symbols().keyType(), key->symbols().modifierName()});
-    showModifiers();
-    for (const Lock lock : allLocks) {
-        if (KbdDoodad* indicator = keyboardItems->indicatorOf(lock))
-            indicator->setActive(modifierState.isOn(lock));
-    }
 }
 
 QStringList KbdGeometry::groupNames() const
@@ -231,7 +234,7 @@ void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
 {
     if (sender->isEcho(*event))
         return;
-    // Written back to the server, a lock would undo what the user has done there since.
+    // A lock is not written back to the server: that would undo what the user has done there since.
     const QScopedValueRollback reporting(takesServersLock, true);
     if (KbdKey* key = keyboardItems->keyOf(static_cast<KeyCode>(event->keycode)))
         key->keyPressEventIn(static_cast<ShiftMask_t>(event->state));
@@ -283,7 +286,7 @@ void KbdGeometry::showModifiers()
         key->setCurrentModifiers(modifierState.modifiers());
 }
 
-// One lamp for one key.
+// Switches one lamp only, also where the mask belongs to more than one lock.
 void KbdGeometry::switchIndicator(ShiftMask_t mask)
 {
     for (const Lock lock : modifierState.locksWith(mask)) {
@@ -331,8 +334,7 @@ KeyGroup_t KbdGeometry::firstGroup() const
     return groupAtLoad != 0 && serverHasThisManyGroups() ? groupAtLoad : group();
 }
 
-// Otherwise the keyboard in the server is another than the one shown, and its groups mean nothing
-// here.
+// If not, the server has another keyboard than the one shown, whose groups are others.
 bool KbdGeometry::serverHasThisManyGroups() const
 {
     return server->groupCount() == keyboard->groupCount;

@@ -42,6 +42,7 @@ public:
     KbdGeometry(QString model, QString layout, QString variant, QString options,
         XkbComponentNamesRec* names, bool wantXTest, QWidget* parent);
     ~KbdGeometry() override;
+    Q_DISABLE_COPY(KbdGeometry)
 
     // The keymap's descriptions of its groups, untranslated, and the layouts of its symbols name.
     QStringList groupNames() const;
@@ -129,7 +130,6 @@ protected:
 
 private:
     void load(const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest);
-    void startModifiers();
     void showModifiers();
     void switchIndicator(ShiftMask_t mask);
     void showGroup(KeyGroup_t group);

@@ -30,7 +30,7 @@ struct PictureBounds {
     bool isEmpty() const { return minX > maxX || minY > maxY; }
 
     // To be asked only when not empty.
-    QRectF area() const { return QRectF(QPointF(minX, minY), QPointF(maxX, maxY)); }
+    QRectF area() const { return {QPointF(minX, minY), QPointF(maxX, maxY)}; }
 };
 
 struct KeyPlacements {

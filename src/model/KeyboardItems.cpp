@@ -181,7 +181,7 @@ void KeyboardItems::addBackground(const PictureBounds& bounds)
 void KeyboardItems::addCaptions(const PictureBounds& bounds, const KeyboardSettings& settings)
 {
     const int width = bounds.maxX - bounds.minX;
-    const QRectF room(bounds.minX, bounds.maxY + backgroundMargin, width / 4, captionRoom);
+    const QRect room(bounds.minX, bounds.maxY + backgroundMargin, width / 4, captionRoom);
     modelText = addCaption(tr("Model:  %1").arg(settings.model), room);
     layoutText = addCaption(tr("Layout:  %1").arg(settings.layout), room.translated(width / 4, 0));
     variantText =
@@ -191,7 +191,7 @@ void KeyboardItems::addCaptions(const PictureBounds& bounds, const KeyboardSetti
 }
 
 // What is too long for its room is cut, so that it does not run into the next caption.
-QGraphicsTextItem* KeyboardItems::addCaption(const QString& text, const QRectF& room)
+QGraphicsTextItem* KeyboardItems::addCaption(const QString& text, const QRect& room)
 {
     QFont font;
     font.setPixelSize(captionSize);

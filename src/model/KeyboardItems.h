@@ -9,7 +9,7 @@
 #include <QCoreApplication>
 #include <QHash>
 #include <QList>
-#include <QRectF>
+#include <QRect>
 
 #include <memory>
 
@@ -63,7 +63,7 @@ private:
     void pairModifierKeys();
     void addBackground(const PictureBounds& bounds);
     void addCaptions(const PictureBounds& bounds, const KeyboardSettings& settings);
-    QGraphicsTextItem* addCaption(const QString& text, const QRectF& room);
+    QGraphicsTextItem* addCaption(const QString& text, const QRect& room);
 
     const LoadedKeyboard& keyboard;
     QGraphicsScene* keyboardScene;

@@ -42,13 +42,6 @@ KeyboardSettings settingsOf(const kbdSpec_t& spec)
     return {spec.models.join(comma), spec.layouts.join(comma), spec.variants.join(comma), {}};
 }
 
-KbdGeometry* makePicture(
-    const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest, QWidget* parent)
-{
-    return new KbdGeometry(settings.model, settings.layout, settings.variant, settings.options,
-        names, wantXTest, parent);
-}
-
 } // namespace
 
 MainWindow::MainWindow(
@@ -78,7 +71,7 @@ void MainWindow::build(
     mainWidget = new QWidget(this);
     mainLayout = new QVBoxLayout(mainWidget);
     topRow = addRow();
-    view = makePicture(settings, names, wantXTest, this);
+    view = new KbdGeometry(settings, *names, wantXTest, this);
     mainLayout->addWidget(view);
     controlRow = addRow();
     addGroupCombo(table);
@@ -295,7 +288,7 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     view->hide();
     delete view;
     view = nullptr;
-    view = makePicture(settings, &names, true, nullptr);
+    view = new KbdGeometry(settings, names, true, nullptr);
     view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
     mainLayout->insertWidget(viewIndex, view);
     connectView();

@@ -1,4 +1,5 @@
 #include "model/ModifierState.h"
+#include "x11/X11.h"
 
 #include <QTest>
 

@@ -58,9 +58,6 @@ constexpr char ourGeometry[] = "pc-arvane(pc105)";
 // It has no lamps but those in its sections, which are not drawn.
 constexpr char lamplessGeometry[] = "digital_vndr/lk(lk201)";
 
-// Symbols that lock without a key for it: with both Shift keys, and on a higher level.
-constexpr char neoSymbols[] = "pc+de(neo)+inet(evdev)";
-
 // Symbols that bind Scroll Lock to a modifier, which the usual ones do not.
 constexpr char scrollLockSymbols[] = "pc+us+inet(evdev)+digital_vndr/lk(common)";
 
@@ -301,17 +298,12 @@ private slots:
     void whatIsFollowedIsNotWrittenBack();
     void aPhysicalLockIsLeftToTheServer();
     void aPhysicalLockEndsAsTheServerHasIt();
-    void locksThatHaveNoKeyAreFollowedTogether();
     void aClickedLockIsLockedInTheServerUntilTheNextClick();
-    void aLockIsClickedWhileShiftIsHeld();
-    void theLocksOfTheStartAreShownUntilAModifierChanges();
+    void theLocksOfTheStartAreShownAndLeftInTheServer();
     void aLockOfTheStartIsClickedOff();
-    void onlyTheFirstLampOfAMaskIsSwitched();
     void scrollLockIsFollowedWhereTheKeymapHasIt();
-    void aLockThatTheKeymapLacksIsLeftAlone();
     void aGeometryWithoutLampsFollowsTheLocks();
     void aModifierThatIsNoLockStaysOutOfTheServer();
-    void releasingALockKeyChangesNothing();
 
     // Groups.
     void aModifierThatTheUserHoldsStaysHeldAfterAClick();
@@ -672,26 +664,6 @@ void KeyboardTest::aPhysicalLockEndsAsTheServerHasIt()
     QCOMPARE(picture().modifiers(), num);
 }
 
-void KeyboardTest::locksThatHaveNoKeyAreFollowedTogether()
-{
-    startOnlyToolkit();
-    const auto view = newPicture(ourGeometry, neoSymbols);
-    for (const KbdKey* key : view->keyItems())
-        QVERIFY(key->symbols().modifierName() != "CapsLock"
-            && key->symbols().modifierName() != "NumLock");
-    other->lockModifiers(num, num);
-    view->x11LockStateChangedIn();
-    other->lockModifiers(lock, lock);
-    view->x11LockStateChangedIn();
-    QCOMPARE(view->modifiers(), both(lock, num));
-    QCOMPARE(lampsOf(*view), QList<bool>({true, true, false}));
-    other->lockModifiers(num, 0);
-    view->x11LockStateChangedIn();
-    QCOMPARE(view->modifiers(), lock);
-    QCOMPARE(lampsOf(*view), capsLamp);
-    QCOMPARE(other->state().locked_mods, lock);
-}
-
 void KeyboardTest::aClickedLockIsLockedInTheServerUntilTheNextClick()
 {
     startApplication({"--tofocus"});
@@ -715,36 +687,17 @@ void KeyboardTest::aClickedLockIsLockedInTheServerUntilTheNextClick()
     QCOMPARE(picture().modifiers(), noModifiers);
 }
 
-// The server refuses to lock a modifier that it is not asked to change.
-void KeyboardTest::aLockIsClickedWhileShiftIsHeld()
-{
-    startOnlyToolkit();
-    const auto view = newPicture();
-    press(*view, leftShift);
-    release(*view, leftShift);
-    press(*view, capsLock);
-    release(*view, capsLock);
-    QCOMPARE(view->modifiers(), both(shift, lock));
-    QCOMPARE(other->state().locked_mods, lock);
-}
-
-void KeyboardTest::theLocksOfTheStartAreShownUntilAModifierChanges()
+void KeyboardTest::theLocksOfTheStartAreShownAndLeftInTheServer()
 {
     other->lockModifiers(all, both(lock, num));
     startOnlyToolkit();
     const auto view = newPicture();
     QCOMPARE(view->modifiers(), both(lock, num));
+    QCOMPARE(lampsOf(*view), QList<bool>({true, true, false}));
     QCOMPARE(keyOf(*view, keyA)->activeLabel(), QString("A"));
-
-    view->modifierPressed(leftShift, XkbSA_SetMods, shift);
-    QCOMPARE(view->modifiers(), shift);
+    press(*view, leftShift);
+    release(*view, leftShift);
     QCOMPARE(other->state().locked_mods, both(lock, num));
-
-    view->x11LockStateChangedIn();
-    QCOMPARE(view->modifiers(), both(shift, both(lock, num)));
-    view->modifierReleased(leftShift, XkbSA_SetMods, shift);
-    QCOMPARE(view->modifiers(), both(lock, num));
-    QTRY_COMPARE(other->state().locked_mods, both(lock, num));
 }
 
 void KeyboardTest::aLockOfTheStartIsClickedOff()
@@ -760,21 +713,6 @@ void KeyboardTest::aLockOfTheStartIsClickedOff()
     QCOMPARE(view->modifiers(), noModifiers);
 }
 
-void KeyboardTest::onlyTheFirstLampOfAMaskIsSwitched()
-{
-    startOnlyToolkit();
-    const auto view = newPicture();
-    view->modifierPressed(capsLock, XkbSA_LockMods, both(num, lock));
-    QCOMPARE(lampsOf(*view), capsLamp);
-    QTRY_COMPARE(other->state().locked_mods, both(num, lock));
-    view->modifierPressed(capsLock, XkbSA_LockMods, both(num, lock));
-    QCOMPARE(lampsOf(*view), noLamp);
-    view->modifierPressed(numLock, XkbSA_LockMods, num);
-    QCOMPARE(lampsOf(*view), numLamp);
-    view->adjustModifierState(XkbSA_SetMods, lock);
-    QCOMPARE(lampsOf(*view), numLamp);
-}
-
 void KeyboardTest::scrollLockIsFollowedWhereTheKeymapHasIt()
 {
     startOnlyToolkit();
@@ -787,22 +725,6 @@ void KeyboardTest::scrollLockIsFollowedWhereTheKeymapHasIt()
     view->x11LockStateChangedIn();
     QCOMPARE(lampsOf(*view), noLamp);
     QCOMPARE(view->modifiers(), noModifiers);
-}
-
-void KeyboardTest::aLockThatTheKeymapLacksIsLeftAlone()
-{
-    startOnlyToolkit();
-    const auto view = newPicture();
-    other->lockModifiers(all, scroll);
-    view->x11LockStateChangedIn();
-    QCOMPARE(view->modifiers(), noModifiers);
-    QCOMPARE(lampsOf(*view), noLamp);
-
-    press(*view, capsLock);
-    QTRY_COMPARE(other->state().locked_mods, both(lock, scroll));
-    view->x11LockStateChangedIn();
-    QCOMPARE(view->modifiers(), lock);
-    QCOMPARE(lampsOf(*view), capsLamp);
 }
 
 void KeyboardTest::aGeometryWithoutLampsFollowsTheLocks()
@@ -831,18 +753,6 @@ void KeyboardTest::aModifierThatIsNoLockStaysOutOfTheServer()
     QCOMPARE(other->state().mods, noModifiers);
     press(*view, leftShift);
     release(*view, leftShift);
-    QCOMPARE(view->modifiers(), noModifiers);
-}
-
-void KeyboardTest::releasingALockKeyChangesNothing()
-{
-    startOnlyToolkit();
-    const auto view = newPicture();
-    view->modifierPressed(capsLock, XkbSA_LockMods, lock);
-    view->modifierReleased(capsLock, XkbSA_LockMods, lock);
-    QCOMPARE(view->modifiers(), lock);
-    view->modifierPressed(capsLock, XkbSA_LockMods, lock);
-    view->modifierReleased(capsLock, XkbSA_LockMods, lock);
     QCOMPARE(view->modifiers(), noModifiers);
 }
 

@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
-KeySender::KeySender(Display* xDisplay, const QWidget* widgetOfOurs)
+KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget)
     : display(xDisplay)
-    , widget(widgetOfOurs)
+    , widget(ourWidget)
     , rootWindow(DefaultRootWindow(xDisplay))
 {
 }

@@ -22,7 +22,7 @@ class KeySender {
 public:
     // Both are borrowed. While the widget's window is active the server sends what XTest presses
     // back to this program: see isEcho.
-    KeySender(Display* xDisplay, const QWidget* widgetOfOurs);
+    KeySender(Display* xDisplay, const QWidget* ourWidget);
 
     // Releases what is still held.
     ~KeySender();
@@ -30,21 +30,22 @@ public:
     KeySender& operator=(const KeySender&) = delete;
 
     // Presses the modifier keys in the order given, one millisecond apart, and then the key.
-    // Nothing for a key that is held already.
+    // Does nothing for a key that is held already.
     void pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
-    // Releases the key and then the modifier keys that were pressed with it. Nothing for a key that
-    // is not held: it may be a physical one.
+    // Releases the key and then the modifier keys that were pressed with it. Does nothing for a key
+    // that is not held: the user may be holding it on the real keyboard.
     void releaseThroughXTest(KeyCode keycode);
 
     // Whether the event is the echo of a modifier key that this sender pressed or released around a
     // key, so not the user's. Each echo is expected once: the answer uses it up.
     bool isEcho(const XKeyEvent& event);
 
-    // Echoes still expected go to the program that has the focus now.
+    // For the time when this program loses the focus: the echoes that are still expected go to
+    // another program.
     void forgetEchoes();
 
-    // Releases every key that is held, and waits until the server has taken note.
+    // Releases every key that is held, and waits until the server has done so.
     void releaseAll();
 
     // type is x11::keyPress or x11::keyRelease.
