@@ -6,8 +6,9 @@ function(kbd_test name)
   cmake_parse_arguments(TEST "" "" "LIBRARIES;DEFINITIONS;ENVIRONMENT" ${ARGN})
   add_executable(${name} ${name}.cpp)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} Qt6::Test)
+  target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} Qt6::Test Qt6::Widgets)
   target_compile_definitions(${name} PRIVATE ${TEST_DEFINITIONS})
+  kbd_use_harness_headers(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300
