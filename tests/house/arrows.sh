@@ -3,6 +3,7 @@
 cd "$1" || exit 2
 
 declare -A below=(
+  [src/paths]="paths"
   [src/x11]="x11"
   [src/x11/qt]="x11/qt x11"
   [switcher]="switcher x11"
@@ -10,8 +11,8 @@ declare -A below=(
   [src/app/description]="app/description x11/qt x11"
   [src/keys]="keys keys/labels app/description x11/qt x11"
   [src/model]="model keys app/description x11/qt x11"
-  [src/ui]="ui ui/specs model keys app/description x11/qt x11"
-  [src/app]="app ui ui/specs model keys app/description x11/qt x11 platform"
+  [src/ui]="ui ui/specs model keys app/description x11/qt x11 paths"
+  [src/app]="app ui ui/specs model keys app/description x11/qt x11 platform paths"
 )
 status=0
 for room in "${!below[@]}"; do

@@ -1,16 +1,13 @@
 #include "ui/specs/KbdConstants.h"
 
+#include "paths/Paths.h"
+
 #include <QFileInfo>
 #include <QStringList>
 
 #include <algorithm>
 
-// Tests compile this file with a directory of their own.
-#ifndef KBD_LAYOUT_DIRECTORY
-#define KBD_LAYOUT_DIRECTORY "/usr/share/orvix-keyboard-layout/"
-#endif
-
-const QString KbdConstants::layoutDirectory = QStringLiteral(KBD_LAYOUT_DIRECTORY);
+const QString KbdConstants::layoutDirectory = QString::fromLatin1(paths::layoutDirectory);
 const QString KbdConstants::specTablePath = layoutDirectory + QLatin1String("kbdSpecs.tab");
 const QString KbdConstants::iconDirectory = layoutDirectory + QLatin1String("icons/");
 
@@ -26,8 +23,7 @@ bool isReadableFile(const QString& path)
 
 QString KbdConstants::iconPath(const QString& fileName)
 {
-    // A name of the keyboard table can hold anything; the toolkit complains of one with a NUL in
-    // it.
+    // A name of the keyboard table can hold anything; Qt prints a warning for one with a NUL in it.
     if (fileName.isEmpty() || fileName.contains(QChar::Null))
         return {};
 
