@@ -2,9 +2,9 @@
 
 #include <QWidget>
 
-// A window that shows plain rectangles, as many as a keyboard has keys: the least that the toolkit
-// and the server need for a window of this size. What the keyboard program does is compared with
-// the plainest way to do the like.
+// The baseline that the keyboard program is compared with: a window that shows plain rectangles, as
+// many as a keyboard has keys. It costs what Qt and the server need at least for a window of this
+// size.
 class BareWindow : public QWidget {
 public:
     // `size` is in device independent pixels. A window that sends keys never takes the focus: a

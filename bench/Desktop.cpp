@@ -1,11 +1,10 @@
 #include "Desktop.h"
 
+#include "harness/UserEnvironment.h"
 #include "x11/Property.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
 
-#include <algorithm>
-#include <array>
 #include <stdexcept>
 
 namespace {
@@ -15,17 +14,7 @@ using namespace std::chrono_literals;
 constexpr auto patience = 10s;
 constexpr auto lookAgain = 20ms; // where nothing tells that it is time to
 
-// What a session tells its programs, and what would change how they look.
-constexpr std::array<const char*, 12> usersOwn{"WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER",
-    "DESKTOP_SESSION", "XDG_CURRENT_DESKTOP", "LANG", "LANGUAGE", "QT_QPA_PLATFORMTHEME",
-    "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR", "QT_FONT_DPI", "QT_PLUGIN_PATH"};
-
-QByteArray nameOf(const QByteArray& variable)
-{
-    return variable.left(variable.indexOf('='));
-}
-
-// Looks until it is so, or the time is over.
+// Tries the condition after each paint until it is met; false when `patience` is over.
 template <typename Condition>
 bool waitUntil(ScreenWatch& screen, Condition condition)
 {
@@ -52,23 +41,12 @@ Desktop::Desktop()
 QByteArrayList Desktop::environment(
     const QByteArray& display, const QByteArrayList& additions) const
 {
-    QByteArrayList set = additions;
+    const QByteArray directory = home.path().toLocal8Bit();
     // Without an address each program would start a bus of its own, and leave it behind.
-    set << "DISPLAY=" + display << "DBUS_SESSION_BUS_ADDRESS=disabled:"
-        << "QT_QPA_PLATFORM=xcb"
-        << "LC_ALL=C.UTF-8";
-    for (const char* variable :
-        {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CONFIG_HOME=", "XDG_CACHE_HOME=", "XDG_CONFIG_DIRS="})
-        set << variable + home.path().toLocal8Bit();
-
-    QByteArrayList left(usersOwn.begin(), usersOwn.end());
-    for (const QByteArray& variable : std::as_const(set))
-        left << nameOf(variable);
-    for (const QByteArray& variable : currentEnvironment()) {
-        if (!left.contains(nameOf(variable)))
-            set << variable;
-    }
-    return set;
+    return environmentWithoutUser(directory,
+        additions
+            + QByteArrayList{"DISPLAY=" + display, "DBUS_SESSION_BUS_ADDRESS=disabled:",
+                "QT_QPA_PLATFORM=xcb", "LC_ALL=C.UTF-8", "XDG_CONFIG_DIRS=" + directory});
 }
 
 std::vector<unsigned long> Desktop::property(Window window, const char* name) const

@@ -14,13 +14,13 @@ public:
     void addComparison(const QByteArray& name, const Compared& figures, const QByteArray& unit,
         const QByteArray& aim = {});
 
-    void addRow(const QByteArray& name, const QByteArrayList& cells);
-
     const QByteArray& text() const { return lines; }
 
-    // A figure as the table writes it: one decimal, and the unit.
+private:
+    void addRow(const QByteArray& name, const QByteArrayList& cells);
+
+    // One decimal, and the unit.
     static QByteArray number(double value, const QByteArray& unit);
 
-private:
     QByteArray lines;
 };

@@ -1,11 +1,12 @@
-// The whole program with a hand that chooses layouts: kbd-choose-layout RUNS
+// The whole program, which chooses layouts automatically: kbd-choose-layout RUNS
 // prints, RUNS times in turns, how many milliseconds a choice takes until its picture is painted,
-// and how many the tools that stand under it take.
+// and how many the tools take that the program runs for a choice.
 
 #include "BareWindow.h"
 
 #include "app/KbdApp.h"
 #include "app/description/ComponentNames.h"
+#include "harness/TopLevelWindow.h"
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
 #include "ui/specs/KbdSpec.h"
@@ -57,15 +58,6 @@ private:
     std::function<bool(const QObject*)> wanted;
     bool painted = false;
 };
-
-MainWindow* mainWindow()
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* window = qobject_cast<MainWindow*>(widget))
-            return window;
-    }
-    return nullptr;
-}
 
 // The picture in its full size: at first it can be smaller, before it is laid out.
 void waitForPicture(PaintWatch& paints, const MainWindow& window, const QSize& size)
@@ -156,7 +148,7 @@ int main(int argc, char** argv)
         auto* application = new KbdApp(count, argv); // lives until the process ends
         PaintWatch paints;
         application->installEventFilter(&paints);
-        measure(paints, *mainWindow(), runs);
+        measure(paints, *topLevelWindow<MainWindow>(), runs);
     } catch (KbdApp::ExceptionType exception) {
         KbdApp::report(exception);
         return EXIT_FAILURE;

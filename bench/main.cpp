@@ -1,4 +1,4 @@
-// Measures the program beside a bare window of the toolkit and prints the figures:
+// Measures the program beside a bare Qt window, the baseline, and prints the figures:
 //
 //   kbd-bench PROGRAM DIRECTORY [RUNS]
 //
@@ -9,7 +9,6 @@
 #include "ChoiceMeasure.h"
 #include "ClickMeasure.h"
 #include "KeyMeasure.h"
-#include "PackageMeasure.h"
 #include "StartMeasure.h"
 #include "Table.h"
 
@@ -35,7 +34,7 @@ struct Bench {
     ProgramSetup setup(const QByteArray& flag) const { return {{program, flag}, directory, {}}; }
 };
 
-// The bare window of the same size and with the same manners.
+// The baseline: a bare window of the same size and with the same focus behaviour.
 ProgramSetup bareLike(const Program& program, const Bench& bench, const QByteArray& flag)
 {
     return {{KBD_BENCH_BARE_WINDOW, QByteArray::number(program.size().width()),
@@ -99,28 +98,6 @@ Table compareChoice(Desktop& desktop, const Bench& bench)
     return table;
 }
 
-// A table that is installed is read instead of ours.
-Table countPackageTests(Desktop& desktop, const Bench& bench)
-{
-    Table table("Names in native scripts in the table", {"with", "without", "share"});
-    if (QFile::exists(QStringLiteral("/usr/share/orvix-keyboard-layout/kbdSpecs.tab"))) {
-        table.addRow("not measured: an installed table is read", {});
-        return table;
-    }
-    say("font package tests");
-    const PackageFigures figures =
-        measurePackageTests(desktop, bench.setup("--standalone"), bench.runs);
-    table.addRow("Runs of dpkg at a start",
-        {QByteArray::number(figures.testsAsShipped),
-            QByteArray::number(figures.testsWithoutNames)});
-    const double with = median(figures.start.ours);
-    const double without = median(figures.start.other);
-    table.addRow("Start to painted window, --standalone",
-        {Table::number(with, "ms"), Table::number(without, "ms"),
-            Table::number(100 * (with - without) / with, "%")});
-    return table;
-}
-
 void run(const Bench& bench)
 {
     double load = 0;
@@ -128,10 +105,9 @@ void run(const Bench& bench)
     Desktop desktop;
     const Table window = compareWithBareWindow(desktop, bench);
     const Table choice = compareChoice(desktop, bench);
-    const Table packages = countPackageTests(desktop, bench);
     std::printf("Medians of %d runs in turns; Qt %s, %u processors, load %.1f at the beginning\n",
         bench.runs, qVersion(), std::thread::hardware_concurrency(), load);
-    for (const Table& table : {window, choice, packages})
+    for (const Table& table : {window, choice})
         std::printf("\n%s", table.text().constData());
 }
 

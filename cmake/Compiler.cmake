@@ -1,4 +1,4 @@
-# Flags that every target of this project is compiled with.
+# What every target of this project is compiled with.
 option(KBD_WERROR "Treat compiler warnings as errors" OFF)
 set(KBD_SANITIZE "" CACHE STRING "Sanitizers to build with, comma separated")
 
@@ -9,4 +9,15 @@ endif()
 if(KBD_SANITIZE)
   add_compile_options(-fsanitize=${KBD_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
   add_link_options(-fsanitize=${KBD_SANITIZE})
+endif()
+
+# ccache, where it is installed, keeps what has been compiled before. It must be told not to mind
+# the time stamps and macros of a precompiled header.
+find_program(KBD_CCACHE ccache DOC "Keeps the results of compilations")
+if(KBD_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${KBD_CCACHE})
+endif()
+if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache" AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  add_compile_options(-fpch-preprocess)
 endif()

@@ -12,13 +12,16 @@ packages_run=(
 packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
-  poppler-utils libxkbcommon-dev clang-format
+  poppler-utils libxkbcommon-dev clang-format clang-tidy git
   desktop-file-utils appstream mandoc groff
 )
-packages_tidy=(clang-tidy libxkbcommon-dev)
 packages_package=(git debhelper dpkg-dev lintian)
 packages_package_test=(debootstrap util-linux)
 packages_bench=(xvfb openbox libxcb-damage0-dev)
+
+can_be_root() {
+  [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null
+}
 
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then
@@ -28,7 +31,8 @@ as_root() {
   fi
 }
 
-# ensure_packages PACKAGE… — says nothing when all are there.
+# ensure_packages PACKAGE… — says nothing when all are there. Ends the script when some are missing
+# and cannot be installed.
 ensure_packages() {
   local installed missing=() package
   installed=$(dpkg-query -W -f '${Package} ${db:Status-Abbrev}\n' "$@" 2>/dev/null | sed -n 's/ ii.*//p' || true)
@@ -36,6 +40,11 @@ ensure_packages() {
     grep -qx "$package" <<<"$installed" || missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return 0
+  if ! can_be_root; then
+    echo "Packages are missing, and there is no sudo to install them with. As root, run:" >&2
+    echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
+    exit 1
+  fi
   echo "Installing: ${missing[*]}" >&2
   as_root apt-get update -q >&2
   as_root env DEBIAN_FRONTEND=noninteractive \

@@ -1,5 +1,7 @@
 #include "harness/PrivateServer.h"
 
+#include "harness/UserEnvironment.h"
+
 #include <QDeadlineTimer>
 
 #include <fcntl.h>
@@ -76,11 +78,11 @@ PrivateServer::~PrivateServer()
 
 void PrivateServer::useForThisProcess() const
 {
+    for (const QByteArray& variable : userVariables())
+        qunsetenv(variable.constData());
     qputenv("DISPLAY", displayName);
     qputenv("QT_QPA_PLATFORM", "xcb");
     // Without a session bus Qt's accessibility would start one, which outlives the test.
     if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
-    for (const char* variable : {"WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER"})
-        qunsetenv(variable);
 }

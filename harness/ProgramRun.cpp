@@ -1,6 +1,7 @@
 #include "harness/ProgramRun.h"
 
 #include "harness/ProgramWindows.h"
+#include "harness/UserEnvironment.h"
 
 #include <QTest>
 
@@ -17,10 +18,11 @@ ProgramRun::ProgramRun(const QString& program, const QByteArray& display)
     process.setStandardInputFile(QProcess::nullDevice());
     setVariable("DISPLAY", QString::fromLatin1(display));
     setVariable("LC_ALL", "C.UTF-8");
-    for (const char* variable : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
-        setVariable(variable, home.path());
-    for (const char* variable : {"QT_QPA_PLATFORM", "LANGUAGE"})
-        removeVariable(variable);
+    setVariable("XDG_CONFIG_DIRS", home.path());
+    for (const QByteArray& directory : userDirectories())
+        setVariable(directory.constData(), home.path());
+    for (const QByteArray& variable : userVariables())
+        removeVariable(variable.constData());
 }
 
 ProgramRun::~ProgramRun()

@@ -4,9 +4,9 @@
 #include <QDeadlineTimer>
 #include <QTimer>
 
-// Handles events until the condition is met: it is looked at again as soon as there is something
-// new, where the toolkit's own wait sleeps between its looks, and after a tenth of a second at the
-// latest. False when 15 seconds are over.
+// Handles events until the condition is met, and says whether it was within 15 seconds. Tries the
+// condition after every event, and every tenth of a second where there is none; QTRY_VERIFY would
+// sleep between two tries.
 template <typename Condition>
 bool waitUntil(const Condition& isMet)
 {

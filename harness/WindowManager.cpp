@@ -1,5 +1,6 @@
 #include "harness/WindowManager.h"
 
+#include "harness/UserEnvironment.h"
 #include "harness/XTools.h"
 #include "x11/X11.h"
 
@@ -36,21 +37,15 @@ QByteArrayList commandOf(const QByteArray& name)
     return row->command;
 }
 
+// A window manager neither reads nor changes the user's settings, and starts without the user's
+// session bus.
 QByteArrayList privateEnvironment(const QByteArray& display, const QByteArray& home)
 {
-    const QByteArrayList replaced{"DISPLAY", "HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME",
-        "XDG_CACHE_HOME", "XDG_DATA_HOME", "DBUS_SESSION_BUS_ADDRESS", "SESSION_MANAGER",
-        "WAYLAND_DISPLAY", "GSETTINGS_BACKEND", "NO_AT_BRIDGE"};
-    QByteArrayList result;
-    for (const QByteArray& variable : currentEnvironment()) {
-        if (!replaced.contains(variable.left(variable.indexOf('='))))
-            result.append(variable);
-    }
-    for (const char* directory :
-        {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CONFIG_HOME=", "XDG_CACHE_HOME=", "XDG_DATA_HOME="})
-        result.append(directory + home);
-    return result << "DISPLAY=" + display << "GSETTINGS_BACKEND=memory"
-                  << "NO_AT_BRIDGE=1";
+    QByteArrayList environment = environmentWithoutUser(
+        home, {"DISPLAY=" + display, "GSETTINGS_BACKEND=memory", "NO_AT_BRIDGE=1"});
+    environment.removeIf(
+        [](const QByteArray& entry) { return entry.startsWith("DBUS_SESSION_BUS_ADDRESS="); });
+    return environment;
 }
 
 void waitForEvents(Display* display)

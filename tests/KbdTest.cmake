@@ -1,13 +1,32 @@
-# kbd_test(NAME LIBRARIES… [DEFINITIONS…] [ENVIRONMENT…])
+# kbd_test_paths(NAME LAYOUT-DIRECTORY) — an object library of paths (src/paths/Paths.h) for tests,
+# with the keyboard table and the icons in this directory, and without a switcher.
+function(kbd_test_paths name layout_directory)
+  add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/tests/paths/TestPaths.cpp)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src)
+  target_compile_definitions(${name} PRIVATE KBD_LAYOUT_DIRECTORY="${layout_directory}/")
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+kbd_test_paths(kbd_paths_nowhere ${CMAKE_CURRENT_BINARY_DIR}/nowhere)
+kbd_test_paths(kbd_paths_built ${KBD_LAYOUT_DIR})
+add_dependencies(kbd_paths_built kbd_icons)
+
+# kbd_test(NAME LIBRARIES… [PATHS…] [DEFINITIONS…] [ENVIRONMENT…])
 #
 # A QtTest program NAME from NAME.cpp. Its environment keeps the user's locale and settings out,
-# and makes a sanitizer's finding a failure.
+# and makes a sanitizer's finding a failure. Unless PATHS names an object library of paths, nothing
+# is installed for it.
 function(kbd_test name)
-  cmake_parse_arguments(TEST "" "" "LIBRARIES;DEFINITIONS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(TEST "" "PATHS" "LIBRARIES;DEFINITIONS;ENVIRONMENT" ${ARGN})
+  if(NOT TEST_PATHS)
+    set(TEST_PATHS kbd_paths_nowhere)
+  endif()
   add_executable(${name} ${name}.cpp)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} Qt6::Test)
+  target_link_libraries(${name} PRIVATE
+    ${TEST_LIBRARIES} ${TEST_PATHS} Qt6::Test Qt6::Widgets)
   target_compile_definitions(${name} PRIVATE ${TEST_DEFINITIONS})
+  kbd_use_harness_headers(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300

@@ -1,6 +1,7 @@
 #include "app/KbdSwitcher.h"
 
 #include "app/description/ToolRun.h"
+#include "paths/Paths.h"
 #include "x11/X11.h"
 
 #include <QCoreApplication>
@@ -9,18 +10,6 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-
-// Tests compile this file with a program that is not there: an installed one would work on their
-// servers.
-#ifndef KBD_SWITCHER_PROGRAM
-#define KBD_SWITCHER_PROGRAM "/usr/bin/orvix-kbd-switcher"
-#endif
-
-namespace {
-
-constexpr char switcherProgram[] = KBD_SWITCHER_PROGRAM;
-
-} // namespace
 
 KbdSwitcher::KbdSwitcher(
     Display* xDisplay, Window mainWindow, XkbComponentNamesRec* names, bool isStatic)
@@ -58,11 +47,11 @@ QStringList KbdSwitcher::arguments() const
 
 int KbdSwitcher::launch()
 {
-    if (access(switcherProgram, X_OK) != 0)
+    if (access(paths::switcherProgram, X_OK) != 0)
         return -1;
     qint64 started = -1;
     QProcess::startDetached(
-        QString::fromLatin1(switcherProgram), arguments(), QStringLiteral("/"), &started);
+        QString::fromLatin1(paths::switcherProgram), arguments(), QStringLiteral("/"), &started);
     processId = static_cast<int>(started);
     return processId;
 }

@@ -8,11 +8,12 @@ qt="$x11 x11/qt"
 description="$qt app/description"
 keys="$description keys keys/labels"
 model="$description keys model"
-ui="$model ui ui/specs"
+ui="$model ui ui/specs paths"
 app="$ui app platform"
 harness="harness $x11"
 
 declare -A below=(
+  [src/paths]='paths'
   [src/x11]=$x11
   [src/x11/qt]=$qt
   [src/x11/damage]="$x11 x11/damage"
@@ -23,11 +24,12 @@ declare -A below=(
   [src/keys/labels]=
   [src/model]=$model
   [src/ui]=$ui
-  [src/ui/specs]='ui/specs'
+  [src/ui/specs]='ui/specs paths'
   [src/app]=$app
   [harness]=$harness
   [tools/show]="$app $harness"
   [bench]="$app $harness x11/damage"
+  [tests/paths]='paths'
   [tests/unit]="$app $harness keys/labels"
   [tests/x11]="$app $harness"
 )

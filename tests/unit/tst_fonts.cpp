@@ -77,7 +77,7 @@ bool isForDrawing(uint character)
     }
 }
 
-// Glyph 0 is, by the font format, the picture of what is missing. The toolkit's last resort is a
+// Glyph 0 is, by the font format, the picture of what is missing. Qt's last resort is a
 // font of boxes, which claims to have even what is no character.
 bool isMissing(const QGlyphRun& run)
 {
@@ -120,7 +120,7 @@ QString missingOf(const Characters& characters)
     return missing.join(QLatin1Char(' '));
 }
 
-// While it lives, what the toolkit says about each font that it tries is dropped.
+// While it lives, what Qt says about each font that it tries is dropped.
 class Silence {
 public:
     Silence()
@@ -144,7 +144,7 @@ class FontsTest : public QObject {
 private slots:
     void initTestCase();
 
-    // First, because the toolkit complains of a font once.
+    // First, because Qt complains of a font once.
     void everyNameIsDrawnWithoutAComplaint_data() { addRows(); }
     void everyNameIsDrawnWithoutAComplaint();
     void everyLabelOfAKeyboardIsDrawn_data() { addRows(); }

@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMainWindow>
-#include <QMetaMethod>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -57,7 +56,6 @@ class GroupComboTest : public QObject {
 private slots:
     void init();
     void cleanup();
-    void theMethodsStandInTheAgreedOrder();
     void captionAndComboStandInARow();
     void inIconOnlyModeThereIsNoCaption();
     void newItemsKeepTheCurrentIndex_data();
@@ -98,22 +96,6 @@ void GroupComboTest::init()
 void GroupComboTest::cleanup()
 {
     data.reset();
-}
-
-void GroupComboTest::theMethodsStandInTheAgreedOrder()
-{
-    const QMetaObject& meta = GroupCombo::staticMetaObject;
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()) + QLatin1Char(' ')
-            + QString::fromLatin1(meta.method(i).parameterNames().join(',')));
-    const QStringList expected{QStringLiteral("activated(int) index"),
-        QStringLiteral("activatedData(QString) data"),
-        QStringLiteral("currentIndexChanged(int) index"),
-        QStringLiteral("currentDataChanged(QString) data"),
-        QStringLiteral("internalActivated(int) index"),
-        QStringLiteral("internalCurrentIndexChanged(int) index")};
-    QCOMPARE(methods, expected);
 }
 
 void GroupComboTest::captionAndComboStandInARow()

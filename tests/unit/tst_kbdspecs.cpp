@@ -322,8 +322,7 @@ void KbdSpecsTest::everyLayoutOfTheRulesHasARow()
 {
     QSet<QString> missing(rules.keyBegin(), rules.keyEnd());
     missing.remove(QStringLiteral("custom")); // the administrator's own, belongs to nobody
-    missing.remove(
-        QStringLiteral("mv")); // the toolkit draws Thaana with none of the fonts there are
+    missing.remove(QStringLiteral("mv")); // Qt draws Thaana with none of the fonts there are
     for (const SpecRow& each : std::as_const(rows))
         missing.remove(each.layout);
     QCOMPARE(missing, QSet<QString>());

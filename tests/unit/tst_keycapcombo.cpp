@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMainWindow>
-#include <QMetaMethod>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -32,7 +31,6 @@ class KeycapComboTest : public QObject {
 private slots:
     void init();
     void cleanup();
-    void theMethodsStandInTheAgreedOrder();
     void captionAndComboStandInARow();
     void theTwoItemsHaveNames();
     void inIconOnlyModeNothingIsWritten();
@@ -59,20 +57,6 @@ void KeycapComboTest::init()
 void KeycapComboTest::cleanup()
 {
     data.reset();
-}
-
-void KeycapComboTest::theMethodsStandInTheAgreedOrder()
-{
-    const QMetaObject& meta = KeycapCombo::staticMetaObject;
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
-        QCOMPARE(meta.method(i).parameterNames(), QByteArrayList{"index"});
-    }
-    const QStringList expected{QStringLiteral("activated(int)"),
-        QStringLiteral("currentIndexChanged(int)"), QStringLiteral("internalActivated(int)"),
-        QStringLiteral("internalCurrentIndexChanged(int)")};
-    QCOMPARE(methods, expected);
 }
 
 void KeycapComboTest::captionAndComboStandInARow()

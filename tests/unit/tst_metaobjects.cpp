@@ -27,7 +27,7 @@ const char* kindOf(const QMetaMethod& method)
     }
 }
 
-// "slot void setActive(bool) isActive". The toolkit says double for qreal.
+// "slot void setActive(bool) isActive". Qt says double for qreal.
 QString describe(const QMetaMethod& method)
 {
     return QString("%1 %2 %3 %4")

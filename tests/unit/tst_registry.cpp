@@ -62,7 +62,7 @@ bool RegistryTest::write(const QString& place, const QByteArray& content)
     if (!QDir().mkpath(QFileInfo(file).path()) || !file.open(QIODevice::WriteOnly)
         || file.write(content) != content.size() || !file.flush())
         return false;
-    // The toolkit knows a changed file by its size and time.
+    // Qt knows a changed file by its size and time.
     return file.setFileTime(
         QDateTime::fromSecsSinceEpoch(1000000000 + ++writes), QFile::FileModificationTime);
 }

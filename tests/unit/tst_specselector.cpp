@@ -4,7 +4,6 @@
 
 #include <QElapsedTimer>
 #include <QHBoxLayout>
-#include <QMetaMethod>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
@@ -165,7 +164,6 @@ private slots:
     void init();
     void cleanup();
 
-    void theMethodsStandInTheAgreedOrder();
     void theTableIsLookedForInThreePlaces();
     void aTableThatCannotBeReadIsNotFound_data();
     void aTableThatCannotBeReadIsNotFound();
@@ -232,28 +230,6 @@ void SpecSelectorTest::init()
 void SpecSelectorTest::cleanup()
 {
     data.reset();
-}
-
-void SpecSelectorTest::theMethodsStandInTheAgreedOrder()
-{
-    const QMetaObject& meta = CKbdSpecSelector::staticMetaObject;
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()) + QLatin1Char(' ')
-            + QString::fromLatin1(meta.method(i).parameterNames().join(',')));
-    const QStringList expected{QStringLiteral("currentChanged(kbdSpec_t*) values"),
-        QStringLiteral("activated(kbdSpec_t*) values"),
-        QStringLiteral("primaryModelChanged(QString) model"),
-        QStringLiteral("primaryLayoutChanged(QString) layout"),
-        QStringLiteral("primaryVariantChanged(QString) variant"),
-        QStringLiteral("secondaryModelChanged(QString) model"),
-        QStringLiteral("secondaryLayoutChanged(QString) layout"),
-        QStringLiteral("secondaryVariantChanged(QString) variant"),
-        QStringLiteral("setCurrent(QString) specName"),
-        QStringLiteral("setCurrent(QString,QString,QString) model,layout,variantList"),
-        QStringLiteral("selectionChanged(int) newSelection"),
-        QStringLiteral("userSelectionChanged(int) newSelection")};
-    QCOMPARE(methods, expected);
 }
 
 void SpecSelectorTest::theTableIsLookedForInThreePlaces()

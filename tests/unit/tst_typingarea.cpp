@@ -1,7 +1,6 @@
 #include "ui/TypingArea.h"
 
 #include <QKeyEvent>
-#include <QMetaMethod>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
@@ -75,7 +74,6 @@ class TypingAreaTest : public QObject {
 private slots:
     void init();
     void cleanup();
-    void theSlotsStandInTheAgreedOrder();
     void aNewAreaIsAReadOnlySample();
     void theSampleTextIsTranslated();
     void theOtherConstructorMakesAnOrdinaryLine();
@@ -138,20 +136,6 @@ void TypingAreaTest::strike(const Strokes& strokes)
         press(stroke);
         release(stroke);
     }
-}
-
-void TypingAreaTest::theSlotsStandInTheAgreedOrder()
-{
-    const QMetaObject& meta = TypingArea::staticMetaObject;
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        QCOMPARE(meta.method(i).methodType(), QMetaMethod::Slot);
-        QCOMPARE(meta.method(i).parameterNames(), QByteArrayList{"event"});
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    const QStringList expected{
-        QStringLiteral("keyPressEvent(QKeyEvent*)"), QStringLiteral("keyReleaseEvent(QKeyEvent*)")};
-    QCOMPARE(methods, expected);
 }
 
 void TypingAreaTest::aNewAreaIsAReadOnlySample()

@@ -2,6 +2,7 @@
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/PrivateServer.h"
+#include "harness/TopLevelWindow.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
 #include "keys/KbdKey.h"
@@ -130,8 +131,8 @@ QString nameOf(const QAccessibleInterface& interface)
 
 } // namespace
 
-// The toolkit counts as watched only while the desktop's accessibility bus says so. In this program
-// these two stand before the toolkit's own, so that the listener takes the place of the bus.
+// Qt counts as watched only while the desktop's accessibility bus says so. In this program
+// these two stand before Qt's own, so that the listener takes the place of the bus.
 bool QAccessible::isActive()
 {
     return Listener::isListening();
@@ -142,7 +143,7 @@ void QAccessible::updateAccessibility(QAccessibleEvent* event)
     Listener::take(*event);
 }
 
-// What a screen reader finds where others see the picture, through the toolkit's own questions.
+// What a screen reader finds where others see the picture, through Qt's own questions.
 class AccessibilityTest : public QObject {
     Q_OBJECT
 
@@ -177,7 +178,7 @@ private slots:
 private:
     bool start(const QByteArray& option, const QStringList& keyboard);
 
-    MainWindow* mainWindow() const;
+    MainWindow* mainWindow() const { return topLevelWindow<MainWindow>(); }
     KbdGeometry& picture() const { return *mainWindow()->picture(); }
     QAccessibleInterface& accessiblePicture() const;
     KbdKey* key(const QString& name) const;
@@ -214,16 +215,6 @@ bool AccessibilityTest::start(const QByteArray& option, const QStringList& keybo
     application = std::make_unique<KbdApp>(2, argumentVector.data());
     failOnXErrors();
     return QTest::qWaitForWindowExposed(mainWindow());
-}
-
-MainWindow* AccessibilityTest::mainWindow() const
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget* window : windows) {
-        if (auto* found = qobject_cast<MainWindow*>(window))
-            return found;
-    }
-    return nullptr;
 }
 
 QAccessibleInterface& AccessibilityTest::accessiblePicture() const

@@ -2,6 +2,7 @@
 #include "app/description/ComponentNames.h"
 #include "harness/FailurePictures.h"
 #include "harness/PrivateServer.h"
+#include "harness/TopLevelWindow.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
 #include "keys/KbdDoodad.h"
@@ -397,12 +398,10 @@ std::unique_ptr<KbdGeometry> KeyboardTest::newPicture(
 
 MainWindow& KeyboardTest::mainWindow() const
 {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget* window : windows) {
-        if (auto* found = qobject_cast<MainWindow*>(window))
-            return *found;
-    }
-    qFatal("the application has no main window");
+    auto* window = topLevelWindow<MainWindow>();
+    if (!window)
+        qFatal("the application has no main window");
+    return *window;
 }
 
 XkbEvent KeyboardTest::xkbEvent(int kind) const
@@ -414,7 +413,7 @@ XkbEvent KeyboardTest::xkbEvent(int kind) const
     return event;
 }
 
-// Whether the application takes the event away from the toolkit.
+// Whether the application takes the event away from Qt.
 bool KeyboardTest::filter(XkbEvent event)
 {
     bool isFinal = true;

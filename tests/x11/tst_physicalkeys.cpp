@@ -2,6 +2,7 @@
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/NestedServer.h"
+#include "harness/TopLevelWindow.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
 #include "keys/KbdDoodad.h"
@@ -167,7 +168,7 @@ private slots:
     void aKeyTypedIntoADialogOfOursCountsOnce();
 
 private:
-    MainWindow* mainWindow() const;
+    MainWindow* mainWindow() const { return topLevelWindow<MainWindow>(); }
     KbdGeometry& picture() const { return *mainWindow()->picture(); }
     KbdKey* key(const QString& name) const;
     KeyCode code(const QString& name) const { return key(name)->x11Keycode(); }
@@ -219,16 +220,6 @@ void PhysicalKeysTest::cleanup()
     const XConnection inside = openDisplay(inner);
     XkbLockModifiers(inside.get(), x11::coreKeyboard, 0xff, 0);
     XSync(inside.get(), x11::xFalse);
-}
-
-MainWindow* PhysicalKeysTest::mainWindow() const
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget* window : windows) {
-        if (auto* found = qobject_cast<MainWindow*>(window))
-            return found;
-    }
-    return nullptr;
 }
 
 KbdKey* PhysicalKeysTest::key(const QString& name) const

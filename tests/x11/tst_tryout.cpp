@@ -1,6 +1,7 @@
 #include "app/KbdApp.h"
 #include "harness/FailurePictures.h"
 #include "harness/PrivateServer.h"
+#include "harness/TopLevelWindow.h"
 #include "harness/WindowManager.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
@@ -58,12 +59,7 @@ private:
 
 MainWindow* TryOutTest::window()
 {
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    for (QWidget* widget : widgets) {
-        if (auto* main = qobject_cast<MainWindow*>(widget))
-            return main;
-    }
-    return nullptr;
+    return topLevelWindow<MainWindow>();
 }
 
 const KbdKey* TryOutTest::keyNamed(const char* name) const

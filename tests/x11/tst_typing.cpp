@@ -2,6 +2,7 @@
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/PrivateServer.h"
+#include "harness/TopLevelWindow.h"
 #include "harness/WaitUntil.h"
 #include "harness/WindowManager.h"
 #include "harness/XErrors.h"
@@ -291,7 +292,7 @@ private:
     bool isOnlyInstance() const;
     bool startTarget();
 
-    MainWindow* mainWindow() const;
+    MainWindow* mainWindow() const { return topLevelWindow<MainWindow>(); }
     KbdGeometry& picture() const { return *mainWindow()->picture(); }
     bool click(const KbdKey& key);
     bool switchModifiers(const StateRow& state, bool on);
@@ -361,16 +362,6 @@ bool TypingTest::startTarget()
 {
     target = std::make_unique<KeyTargetProcess>(display);
     return target->waitForReady();
-}
-
-MainWindow* TypingTest::mainWindow() const
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget* window : windows) {
-        if (auto* found = qobject_cast<MainWindow*>(window))
-            return found;
-    }
-    return nullptr;
 }
 
 bool TypingTest::click(const KbdKey& key)

@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QString>
 
-// The screen of the toolkit's display, with all that is on it, and what a document needs of it.
+// The screen of Qt's display, with all that is on it, and what a document needs of it.
 namespace screenshot {
 
 // Paints the bare screen in a calm colour. The display is borrowed.

@@ -230,7 +230,7 @@ int main(int argc, char** argv)
 {
     try {
         const Show show = readArguments(commandLineOf(argc, argv));
-        // The toolkit makes such a directory itself where there is none, but not without a word.
+        // Qt makes such a directory itself where there is none, but not without a word.
         const QTemporaryDir runtimeDirectory;
         qputenv("XDG_RUNTIME_DIR", runtimeDirectory.path().toLocal8Bit());
         const PrivateServer server(serverArguments(show));

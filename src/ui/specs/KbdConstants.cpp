@@ -1,5 +1,7 @@
 #include "ui/specs/KbdConstants.h"
 
+#include "paths/Paths.h"
+
 #include <QFileInfo>
 #include <QStringList>
 
@@ -7,12 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-// Tests compile this file with a directory of their own.
-#ifndef KBD_LAYOUT_DIRECTORY
-#define KBD_LAYOUT_DIRECTORY "/usr/share/orvix-keyboard-layout/"
-#endif
-
-const QString KbdConstants::layoutDirectory = QStringLiteral(KBD_LAYOUT_DIRECTORY);
+const QString KbdConstants::layoutDirectory = QString::fromLatin1(paths::layoutDirectory);
 const QString KbdConstants::specTablePath = layoutDirectory + QLatin1String("kbdSpecs.tab");
 const QString KbdConstants::iconDirectory = layoutDirectory + QLatin1String("icons/");
 
@@ -28,7 +25,7 @@ bool isReadableFile(const QString& path)
 
 QString KbdConstants::iconPath(const QString& fileName)
 {
-    // A name in the keyboard table can hold anything; Qt warns of one with a NUL in it.
+    // A name of the keyboard table can hold anything; Qt prints a warning for one with a NUL in it.
     if (fileName.isEmpty() || fileName.contains(QChar::Null))
         return {};
 

@@ -1,0 +1,40 @@
+# Headers of Qt and X that most sources include, read once for all of them. A source still includes
+# what it uses: CMAKE_DISABLE_PRECOMPILE_HEADERS=ON must compile.
+#
+# Targets that share a precompiled header are compiled with the same options. So there is one for
+# what is shipped, and one, with QTest in it, for the harness and those that use it.
+set(KBD_WIDELY_INCLUDED
+  <QApplication> <QComboBox> <QGraphicsItem> <QGraphicsScene> <QGraphicsView> <QPainter>
+  <QProcess> <QRegularExpression> ${PROJECT_SOURCE_DIR}/src/x11/X11.h)
+
+# kbd_precompile_rooms(FIRST ROOM…) — the shipped targets that use Qt.
+function(kbd_precompile_rooms first)
+  target_precompile_headers(${first} PRIVATE ${KBD_WIDELY_INCLUDED})
+  foreach(room IN LISTS ARGN)
+    target_precompile_headers(${room} REUSE_FROM ${first})
+  endforeach()
+endfunction()
+
+# kbd_precompile_harness(TARGET) — the harness itself.
+function(kbd_precompile_harness harness)
+  kbd_test_options(${harness})
+  target_link_libraries(${harness} PRIVATE Qt6::Widgets)
+  target_precompile_headers(${harness} PRIVATE
+    ${KBD_WIDELY_INCLUDED} <QFile> <QLabel> <QPushButton> <QSignalSpy> <QTemporaryDir> <QTest>)
+endfunction()
+
+# kbd_use_harness_headers(TARGET) — a test, or another target that links Qt6::Test and Qt6::Widgets.
+function(kbd_use_harness_headers target)
+  kbd_test_options(${target})
+  target_precompile_headers(${target} REUSE_FROM kbd_harness)
+  # It is empty, because tests include their moc files themselves.
+  set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/mocs_compilation.cpp
+    PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+endfunction()
+
+# Tests run once or twice after they have been compiled: optimising them costs more than it gains.
+# QTest's names for the directories of a test differ from folder to folder; no test uses them.
+function(kbd_test_options target)
+  target_compile_options(${target} PRIVATE
+    $<$<CONFIG:RelWithDebInfo>:-O0> -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+endfunction()
