@@ -218,6 +218,8 @@ private slots:
     void aCharacterThatIsLabelledOtherwiseIsSoOnPurpose();
     void functionKeysOfTheKeysymListCarryTheirNames();
     void multimediaKeysCarryTheirNamesWithoutPrefix();
+    void multimediaKeysOfNewerHeadersCarryTheirNames_data();
+    void multimediaKeysOfNewerHeadersCarryTheirNames();
     void aNameThatIsLabelledOtherwiseIsSoOnPurpose_data();
     void aNameThatIsLabelledOtherwiseIsSoOnPurpose();
     void noKeysymWithANameIsLabelledWithItsNumber();
@@ -327,6 +329,23 @@ void LabelTableTest::multimediaKeysCarryTheirNamesWithoutPrefix()
             wrong.append(message({names.value(keysym), keysym, 0}, names.value(keysym)));
     }
     QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QLatin1Char('\n'))));
+}
+
+// Whether the installed headers name them or not.
+void LabelTableTest::multimediaKeysOfNewerHeadersCarryTheirNames_data()
+{
+    QTest::addColumn<quint32>("keysym");
+    QTest::addColumn<QString>("label");
+    QTest::newRow("first of the camera") << evdevKeysym(0x24B) << "CameraAccessEnable";
+    QTest::newRow("last of the camera") << evdevKeysym(0x24D) << "CameraAccessToggle";
+    QTest::newRow("first of navigation") << evdevKeysym(0x27B) << "NextElement";
+    QTest::newRow("last of navigation") << evdevKeysym(0x288) << "NavInfo";
+}
+
+void LabelTableTest::multimediaKeysOfNewerHeadersCarryTheirNames()
+{
+    QFETCH(quint32, keysym);
+    QTEST(plainLabel(keysym), "label");
 }
 
 void LabelTableTest::aNameThatIsLabelledOtherwiseIsSoOnPurpose_data()
