@@ -179,7 +179,17 @@ bool KbdApp::report(ExceptionType exception)
     return false;
 }
 
-// The toolkit's handlers are on the stack: destructors of static objects must not run under them.
+// The table is that of the machine where it was built; this X server may know other layouts.
+void KbdApp::reportChosenKeyboard() const
+{
+    const KeyboardSettings chosen = mainWindow->chosenKeyboard();
+    std::cerr << "KbdApp: cannot load layout '" << qUtf8Printable(chosen.layout) << '\'';
+    if (!chosen.variant.isEmpty())
+        std::cerr << ", variant '" << qUtf8Printable(chosen.variant) << '\'';
+    std::cerr << ", model '" << qUtf8Printable(chosen.model) << "'\n";
+}
+
+// Qt's handlers are on the stack: destructors of static objects must not run under them.
 bool KbdApp::notify(QObject* receiver, QEvent* event)
 {
     try {
@@ -187,6 +197,7 @@ bool KbdApp::notify(QObject* receiver, QEvent* event)
     } catch (ExceptionType exception) {
         report(exception);
     } catch (KbdGeometry::ExceptionType exception) {
+        reportChosenKeyboard();
         report(translated(exception));
     }
     std::_Exit(EXIT_FAILURE);

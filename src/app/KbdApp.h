@@ -46,7 +46,8 @@ public:
     // ExceptionType's.
     static bool report(ExceptionType exception);
 
-    // A keyboard chosen at run time that cannot be had ends the program as it would at start-up.
+    // A keyboard chosen at run time that cannot be had ends the program as it would at start-up,
+    // after a line that says which one it was.
     bool notify(QObject* receiver, QEvent* event) override;
 
 signals:
@@ -76,6 +77,7 @@ private:
     KbdApp(ArgumentCount arguments, char** argv, bool flag);
 
     void startUp(char** argv);
+    void reportChosenKeyboard() const;
     void installTranslation();
     void loadTranslator(const QString& locale);
     void readRegistry();

@@ -279,6 +279,14 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     view->setFlagFilename(spec->icon);
 }
 
+KeyboardSettings MainWindow::chosenKeyboard() const
+{
+    if (!specSelector)
+        return {};
+    return {specSelector->currentModel(), specSelector->currentLayout(),
+        specSelector->currentVariant(), QString()};
+}
+
 void MainWindow::x11KeyPressEventIn(XKeyEvent* event)
 {
     emit x11KeyPressEventOut(event);

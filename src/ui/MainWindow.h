@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/description/KeyboardSettings.h"
 #include "x11/X11.h"
 
 #include <QMainWindow>
@@ -42,6 +43,9 @@ public:
 
     // The physical keyboard goes to another program from now on.
     void releasePhysicalKeys();
+
+    // The selector's current entry, without options; nothing where there is no table.
+    KeyboardSettings chosenKeyboard() const;
 
     // The picture shown now; replaced with every choice of a keyboard.
     KbdGeometry* picture() const { return view; }

@@ -168,6 +168,7 @@ private slots:
     void aMissingGeometryIsExplained();
     void withoutSetxkbmapThereAreNoRules();
     void aLayoutThatCannotBeHadEndsTheProgram();
+    void aLayoutThatTheServerDoesNotKnowEndsTheProgramByName();
 
     void setxkbmapIsAskedForTheSettings_data();
     void setxkbmapIsAskedForTheSettings();
@@ -200,6 +201,8 @@ private:
     QString install(const QString& place);
     bool translate(const QString& locale, const QString& title);
     QPoint placeOfSelector(Window window);
+    bool endsAfterAChoice(const ProgramRun& run, const QPoint& selector);
+    void endsWithTheSecondOf(ProgramRun& run, const QByteArray& table);
     void click(const QPoint& point);
 
     XConnection connection;
@@ -514,39 +517,59 @@ QPoint StartupTest::placeOfSelector(Window window)
                     : QPoint();
 }
 
+// Chooses the last entry of the list by mouse, until the program has ended.
+bool StartupTest::endsAfterAChoice(const ProgramRun& run, const QPoint& selector)
+{
+    // A list that has just opened does not heed a click yet.
+    QDeadlineTimer nextClick(0);
+    return QTest::qWaitFor(
+        [&] {
+            if (!run.isRunning())
+                return true;
+            if (!nextClick.hasExpired())
+                return false;
+            nextClick.setRemainingTime(betweenClicksMs);
+            const auto list =
+                grabWindow(connection.get(), popupOf(connection.get(), run.processId()));
+            click(list ? list->topLeft + QPoint(20, list->image.height() - 8) : selector);
+            return false;
+        },
+        20000);
+}
+
 // The second time it is asked, setxkbmap names a geometry that there is not.
 void StartupTest::aLayoutThatCannotBeHadEndsTheProgram()
 {
-    const QTemporaryDir directory;
-    QVERIFY(writeFile(
-        directory.filePath("kbdSpecs.tab"), "Alpha\t\tpc105\tus\t\nBeta\t\tpc105\tde\t\n"));
-    QVERIFY(QDir::setCurrent(directory.path()));
     const FakeSetxkbmap tool("if [ -e \"$here/asked\" ]; then\n" + printing(keymapWith("no(ne)"))
         + "else\n: > \"$here/asked\"\nexec \"$real\" \"$@\"\nfi\n");
     const auto run = program();
     run->setVariable("PATH", tool.searchPath());
-    run->setWorkingDirectory(directory.path());
-    run->start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
-    const Window window = run->waitForWindow(connection.get());
-    QVERIFY2(window != x11::none, run->errors().constData());
-    const QPoint selector = placeOfSelector(window);
-
-    // A list that has just opened does not heed a click yet.
-    QDeadlineTimer nextClick(0);
-    const auto hasEndedAfterAChoice = [&] {
-        if (!run->isRunning())
-            return true;
-        if (!nextClick.hasExpired())
-            return false;
-        nextClick.setRemainingTime(betweenClicksMs);
-        const auto list = grabWindow(connection.get(), popupOf(connection.get(), run->processId()));
-        click(list ? list->topLeft + QPoint(20, list->image.height() - 8) : selector);
-        return false;
-    };
-    QVERIFY(QTest::qWaitFor(hasEndedAfterAChoice, 20000));
-
-    failsWith(*run, descriptionFailure);
+    endsWithTheSecondOf(*run, "Alpha\t\tpc105\tus\t\nBeta\t\tpc105\tde\t\n");
+    failsWith(*run, "KbdApp: cannot load layout 'de', model 'pc105'\n" + descriptionFailure);
     QCOMPARE(pressedKeys(display()), QList<int>());
+}
+
+// As after the table was built for other keyboard data.
+void StartupTest::aLayoutThatTheServerDoesNotKnowEndsTheProgramByName()
+{
+    const auto run = program();
+    endsWithTheSecondOf(*run, "Alpha\t\tpc105\tus\t\nBeta\t\tpc104\tnowhere\tsouth\n");
+    failsWith(*run,
+        "KbdApp: cannot load layout 'nowhere', variant 'south', model 'pc104'\n"
+            + descriptionFailure);
+}
+
+// Starts the program with the first keyboard of the table and chooses the second.
+void StartupTest::endsWithTheSecondOf(ProgramRun& run, const QByteArray& table)
+{
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), table));
+    QVERIFY(QDir::setCurrent(directory.path()));
+    run.setWorkingDirectory(directory.path());
+    run.start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
+    const Window window = run.waitForWindow(connection.get());
+    QVERIFY2(window != x11::none, run.errors().constData());
+    QVERIFY(endsAfterAChoice(run, placeOfSelector(window)));
 }
 
 void StartupTest::setxkbmapIsAskedForTheSettings_data()
