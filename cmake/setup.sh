@@ -12,7 +12,7 @@ packages_run=(
 packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
-  poppler-utils libxkbcommon-dev clang-format
+  poppler-utils libxkbcommon-dev clang-format-19
   desktop-file-utils appstream mandoc groff
 )
 packages_tidy=(clang-tidy libxkbcommon-dev)

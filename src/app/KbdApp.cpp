@@ -106,7 +106,7 @@ KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
 
 // Where the settings come from.
 struct KbdApp::SettingRow {
-    char* KbdApp::*setting;
+    char* KbdApp::* setting;
     const char* registryPath;
     const char* option; // without its dashes
 };

@@ -161,12 +161,10 @@ class KeyLog : public QObject {
 public:
     explicit KeyLog(KbdKey& key)
     {
-        connect(&key, &KbdKey::virtualKeyPress, this, [this](QString& symbol, QString& desc) {
-            note("virtualKeyPress", {symbol, desc});
-        });
-        connect(&key, &KbdKey::virtualKeyRelease, this, [this](QString& symbol, QString& desc) {
-            note("virtualKeyRelease", {symbol, desc});
-        });
+        connect(&key, &KbdKey::virtualKeyPress, this,
+            [this](QString& symbol, QString& desc) { note("virtualKeyPress", {symbol, desc}); });
+        connect(&key, &KbdKey::virtualKeyRelease, this,
+            [this](QString& symbol, QString& desc) { note("virtualKeyRelease", {symbol, desc}); });
         connect(&key, &KbdKey::mouseKeyPressOut, this,
             [this](KeyCode code) { note("mouseKeyPressOut", {number(code)}); });
         connect(&key, &KbdKey::mouseKeyReleaseOut, this,
