@@ -750,6 +750,7 @@ void KbdKeyTest::noLabelIsSmallerThanFourPixels()
 
 void KbdKeyTest::aKeyTooSmallForItsMarginsStillPaints()
 {
+    const QImage bare = paintedOn(*keyOf(keymap->oneLevel(), {XK_VoidSymbol}, rectangle(15, 15)));
     const auto item = keyOf(keymap->fourLevels(), {XK_a, XK_A, XK_b, XK_B}, rectangle(15, 15));
     for (const bool multiple : {false, true}) {
         item->setMultipleCharacters(multiple);
@@ -757,6 +758,7 @@ void KbdKeyTest::aKeyTooSmallForItsMarginsStillPaints()
         QCOMPARE(texts.size(), multiple ? 4 : 1);
         for (const PaintedText& text : texts)
             QCOMPARE(text.pixelSize, 4);
+        QVERIFY(paintedOn(*item) != bare);
     }
 }
 
