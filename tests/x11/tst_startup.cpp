@@ -564,6 +564,7 @@ void StartupTest::endsWithTheSecondOf(ProgramRun& run, const QByteArray& table)
 {
     const QTemporaryDir directory;
     QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), table));
+    const auto back = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
     QVERIFY(QDir::setCurrent(directory.path()));
     run.setWorkingDirectory(directory.path());
     run.start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
