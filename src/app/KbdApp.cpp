@@ -5,6 +5,7 @@
 #include "app/Registry.h"
 #include "app/SignalWatch.h"
 #include "app/description/ComponentNames.h"
+#include "app/description/ServerSettings.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
@@ -353,6 +354,8 @@ void KbdApp::createMainWindow()
         throw UnknownError;
     }
 
+    if (!xkbModel || !xkbLayout)
+        selectServerKeyboard();
     mainWindow->showLayoutSelector(standalone);
     mainWindow->setWindowTitle(
         toFocus ? tr("Arvane Virtual Keyboard") : tr("Arvane Trial Keyboard"));
@@ -361,6 +364,15 @@ void KbdApp::createMainWindow()
         mainWindow->hideTypingArea();
     }
     mainWindow->placeOnScreen(toFocus);
+}
+
+// Settings that were not given are those of the server, whose keyboard is shown then.
+void KbdApp::selectServerKeyboard()
+{
+    mainWindow->selectKeyboard(
+        withServerSettings({QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
+                               QString::fromUtf8(xkbVariant), QString()},
+            toolkitDisplay()));
 }
 
 void KbdApp::connectMainWindow()

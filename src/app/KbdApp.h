@@ -90,6 +90,7 @@ private:
     bool hasKeyboardExtension();
     void selectKeyboardEvents();
     void createMainWindow();
+    void selectServerKeyboard();
     void connectMainWindow();
     void launchSwitcher();
 

@@ -44,6 +44,10 @@ public:
     // The physical keyboard goes to another program from now on.
     void releasePhysicalKeys();
 
+    // Shows in the selector which entry the picture is, and its flag; loads nothing. Changes
+    // nothing where the table has no such keyboard. The options do not count.
+    void selectKeyboard(const KeyboardSettings& shown);
+
     // The selector's current entry, without options; nothing where there is no table.
     KeyboardSettings chosenKeyboard() const;
 

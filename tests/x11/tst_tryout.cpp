@@ -27,6 +27,7 @@ private slots:
     void initTestCase();
     void init();
 
+    void withoutSettingsTheServersKeyboardIsTheOneSelected();
     void theWindowBringsItsIcon();
     void aClickedKeyIsTypedAndLitWhileItIsDown();
     void aClickedShiftMakesACapital();
@@ -135,6 +136,14 @@ void TryOutTest::init()
     QTRY_COMPARE(QApplication::focusWidget(), window());
 }
 
+void TryOutTest::withoutSettingsTheServersKeyboardIsTheOneSelected()
+{
+    const auto* selector = window()->findChild<CKbdSpecSelector*>();
+    QCOMPARE(selector->currentText(), QStringLiteral("Germany [Deutschland]"));
+    QCOMPARE(selector->currentIconFile(), QStringLiteral("de.png"));
+    QVERIFY(!selector->isCustom(selector->count() - 1));
+}
+
 // Width, height and that many pixels at least (EWMH, _NET_WM_ICON).
 void TryOutTest::theWindowBringsItsIcon()
 {
@@ -241,7 +250,7 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 void TryOutTest::modifiersStayHeldAfterAnotherKeyboardWasChosen()
 {
     auto* selector = window()->findChild<CKbdSpecSelector*>();
-    selector->setCurrent(QStringLiteral("pc105"), QStringLiteral("de"), QString());
+    selector->setCurrent(QStringLiteral("pc105"), QStringLiteral("at"), QString());
     QTRY_VERIFY(window()->picture()->isVisible());
     QTRY_COMPARE(QApplication::focusWidget(), window());
     click("RALT");
