@@ -1,5 +1,6 @@
 #include "BareWindow.h"
 
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QKeyEvent>

@@ -1,5 +1,7 @@
 #include "ClickMeasure.h"
 
+#include "x11/X11.h"
+
 #include <algorithm>
 #include <poll.h>
 #include <stdexcept>

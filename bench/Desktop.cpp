@@ -1,5 +1,9 @@
 #include "Desktop.h"
 
+#include "x11/Property.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
+
 #include <algorithm>
 #include <array>
 #include <stdexcept>
@@ -69,18 +73,7 @@ QByteArrayList Desktop::environment(
 
 std::vector<unsigned long> Desktop::property(Window window, const char* name) const
 {
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display(), window, XInternAtom(display(), name, x11::xFalse), 0, 1000,
-        x11::xFalse, AnyPropertyType, &type, &format, &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    if (!owned || format != 32)
-        return {};
-    const auto* values = reinterpret_cast<const unsigned long*>(bytes);
-    return {values, values + count};
+    return x11::property(display(), window, name).numbers;
 }
 
 std::optional<Window> Desktop::windowOf(pid_t process) const
@@ -115,12 +108,7 @@ QRect Desktop::areaOf(Window window) const
 
 void Desktop::waitForFocus(Window window)
 {
-    const auto hasFocus = [&] {
-        Window focus = x11::none;
-        int revertTo = 0;
-        XGetInputFocus(display(), &focus, &revertTo);
-        return focus == window;
-    };
+    const auto hasFocus = [&] { return x11::focusWindow(display()) == window; };
     if (!waitUntil(watch, hasFocus))
         throw std::runtime_error("a window does not get the focus");
 }

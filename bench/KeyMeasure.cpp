@@ -1,5 +1,7 @@
 #include "KeyMeasure.h"
 
+#include "x11/X11.h"
+
 #include <stdexcept>
 
 namespace {

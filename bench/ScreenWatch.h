@@ -1,50 +1,41 @@
 #pragma once
 
 #include "ScreenLines.h"
+#include "x11/damage/ScreenDamage.h"
 
 #include <QByteArray>
 
 #include <chrono>
-#include <memory>
 #include <optional>
-#include <xcb/xcb.h>
 
-// Sees what is painted on a screen, whoever paints it, through a connection of its own (DAMAGE
-// extension). The screen is one of 24 bit colours in 32 bit pixels.
+// Sees what any program paints on a screen, and waits for it (see x11::ScreenDamage).
 class ScreenWatch {
 public:
-    using Clock = std::chrono::steady_clock;
+    using Clock = x11::ScreenDamage::Clock;
 
-    // Throws std::runtime_error when the display takes no connection or has no DAMAGE.
+    // Throws std::runtime_error when the display takes no connection or has no DAMAGE extension.
     explicit ScreenWatch(const QByteArray& display);
 
+    // Throws std::runtime_error for an area that is not wholly on the screen.
     ScreenImage grab(const QRect& area);
     bool shows(const ScreenLines& lines);
 
-    // What has been painted until now is not waited for.
-    void forgetPaints();
+    // Makes the waiting functions leave out what has been painted until now.
+    void forgetPaints() { screen.forgetPaints(); }
 
-    // When the next thing is painted; nothing when that is not before the deadline.
-    std::optional<Clock::time_point> waitForPaint(Clock::time_point deadline);
+    // When the next thing is painted; nothing when nothing is painted before the deadline.
+    std::optional<Clock::time_point> waitForPaint(Clock::time_point deadline)
+    {
+        return screen.waitForPaint(deadline);
+    }
 
     // When the paint came with which the screen shows all lines; nothing when that takes longer
-    // than ten seconds. What was painted before the last forgetPaints() does not count.
+    // than ten seconds.
     std::optional<Clock::time_point> waitFor(const ScreenLines& lines);
 
     // Returns when nothing has been painted for that long, after ten seconds at the latest.
     void waitForQuiet(std::chrono::milliseconds quiet = std::chrono::milliseconds(60));
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
-
-    void watchRoot();
-    bool takeEvents();
-    std::vector<std::uint32_t> pixels(xcb_get_image_cookie_t cookie);
-    xcb_get_image_cookie_t askFor(const QRect& area);
-
-    std::unique_ptr<xcb_connection_t, Disconnect> connection;
-    xcb_window_t root = 0;
-    int damageEvent = 0;
+    x11::ScreenDamage screen;
 };

@@ -9,6 +9,7 @@
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
 #include "ui/specs/KbdSpec.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QElapsedTimer>

@@ -1,8 +1,13 @@
 #include "harness/KeyTarget.h"
 
+#include "x11/Property.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
+
 #include <array>
 #include <cstdio>
 #include <poll.h>
+#include <string>
 #include <unistd.h>
 
 namespace {
@@ -41,6 +46,16 @@ std::string keysymName(KeySym keysym)
     return number.data();
 }
 
+void printKey(const char* word, XKeyEvent& key)
+{
+    std::array<char, 64> text{};
+    KeySym keysym = x11::none;
+    const int length =
+        XLookupString(&key, text.data(), static_cast<int>(text.size()), &keysym, nullptr);
+    std::printf("%s %u %u %s %s\n", word, key.keycode, key.state, keysymName(keysym).c_str(),
+        escaped(text.data(), length).c_str());
+}
+
 // True once there is nothing more to come from the one who started the target.
 bool inputHasEnded()
 {
@@ -55,9 +70,8 @@ KeyTarget::KeyTarget(const char* displayName, const char* geometry)
 {
     if (!connection)
         return;
-    int opcode = 0;
-    int error = 0;
-    XkbQueryExtension(connection.get(), &opcode, &xkbEvent, &error, nullptr, nullptr);
+    if (const auto xkb = x11::queryXkb(connection.get()))
+        xkbEvent = xkb->event;
     XkbSetDetectableAutoRepeat(connection.get(), x11::xTrue, nullptr);
     const unsigned int keyboardChanges = XkbNewKeyboardNotifyMask | XkbMapNotifyMask;
     XkbSelectEvents(connection.get(), XkbUseCoreKbd, keyboardChanges, keyboardChanges);
@@ -170,16 +184,8 @@ void KeyTarget::takeFocus()
 bool KeyTarget::isManaged()
 {
     Display* const display = connection.get();
-    const Atom announcement = XInternAtom(display, "_NET_SUPPORTING_WM_CHECK", x11::xFalse);
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, XDefaultRootWindow(display), announcement, 0, 1, x11::xFalse,
-        AnyPropertyType, &type, &format, &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    return count == 1;
+    return x11::numberProperty(display, XDefaultRootWindow(display), "_NET_SUPPORTING_WM_CHECK")
+        .has_value();
 }
 
 void KeyTarget::askManagerForFocus()
@@ -201,14 +207,4 @@ void KeyTarget::announceFocus()
         return;
     ready = true;
     std::printf("ready %lu\n", window);
-}
-
-void KeyTarget::printKey(const char* word, XKeyEvent& key)
-{
-    std::array<char, 64> text{};
-    KeySym keysym = x11::none;
-    const int length =
-        XLookupString(&key, text.data(), static_cast<int>(text.size()), &keysym, nullptr);
-    std::printf("%s %u %u %s %s\n", word, key.keycode, key.state, keysymName(keysym).c_str(),
-        escaped(text.data(), length).c_str());
 }

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
-
-#include <memory>
-#include <string>
+#include "x11/Connection.h"
 
 // A plain X client that takes the input focus and prints what reaches it, one flushed line each:
 //
@@ -26,10 +23,6 @@ public:
     void run();
 
 private:
-    struct CloseDisplay {
-        void operator()(Display* display) const { XCloseDisplay(display); }
-    };
-
     void createWindow(const char* geometry);
     void setHints(int x, int y, unsigned int width, unsigned int height);
     void handlePending();
@@ -39,9 +32,8 @@ private:
     bool isManaged();
     void askManagerForFocus();
     void announceFocus();
-    void printKey(const char* word, XKeyEvent& key);
 
-    std::unique_ptr<Display, CloseDisplay> connection;
+    x11::Connection connection;
     Window window = x11::none;
     int xkbEvent = -1;
     bool ready = false;

@@ -1,6 +1,7 @@
 #include "harness/NestedServer.h"
 
 #include "harness/XTools.h"
+#include "x11/X11.h"
 
 #include <QDeadlineTimer>
 

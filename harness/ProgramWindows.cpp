@@ -2,6 +2,8 @@
 
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
+#include "x11/Property.h"
+#include "x11/X11.h"
 
 #include <QRect>
 
@@ -24,8 +26,8 @@ std::vector<Window> childrenOf(Display* display, Window window)
 
 bool belongsTo(Display* display, Window window, qint64 processId)
 {
-    const Atom property = XInternAtom(display, "_NET_WM_PID", x11::xFalse);
-    return numberProperty(display, window, property) == static_cast<unsigned long>(processId);
+    return x11::numberProperty(display, window, "_NET_WM_PID")
+        == static_cast<unsigned long>(processId);
 }
 
 // In pixels; zero for a window that is out of sight or not of this kind.

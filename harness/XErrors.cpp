@@ -1,5 +1,7 @@
 #include "harness/XErrors.h"
 
+#include "x11/X11.h"
+
 #include <QTest>
 
 #include <array>

@@ -1,6 +1,8 @@
 #include "harness/XTools.h"
 
 #include "harness/XErrors.h"
+#include "x11/Property.h"
+#include "x11/X11.h"
 
 #include <QProcess>
 
@@ -62,22 +64,7 @@ bool isManaged(Display* display)
 {
     // The window that a former manager announced may be gone.
     const ExpectedXErrors errors;
-    const Atom announcement = XInternAtom(display, "_NET_SUPPORTING_WM_CHECK", x11::xFalse);
-    const auto announced = numberProperty(display, XDefaultRootWindow(display), announcement);
-    return announced && numberProperty(display, *announced, announcement) == announced;
-}
-
-std::optional<unsigned long> numberProperty(Display* display, Window window, Atom property)
-{
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, window, property, 0, 1, x11::xFalse, AnyPropertyType, &type,
-        &format, &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    if (!owned || format != 32 || count != 1)
-        return std::nullopt;
-    return *reinterpret_cast<const unsigned long*>(bytes);
+    const char* const announcement = "_NET_SUPPORTING_WM_CHECK";
+    const auto announced = x11::numberProperty(display, XDefaultRootWindow(display), announcement);
+    return announced && x11::numberProperty(display, *announced, announcement) == announced;
 }

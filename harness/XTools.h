@@ -1,21 +1,14 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Connection.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QRect>
 #include <QStringList>
 
-#include <memory>
-#include <optional>
-
-struct CloseDisplay {
-    void operator()(Display* display) const { XCloseDisplay(display); }
-};
-
 // A connection of the test's own, beside the application's.
-using XConnection = std::unique_ptr<Display, CloseDisplay>;
+using XConnection = x11::Connection;
 
 // Null when the display takes no connection.
 XConnection openDisplay(const QByteArray& name);
@@ -38,10 +31,6 @@ QByteArray keymapText(const QByteArray& display);
 
 // The keycodes that are down, physically or through XTest, in ascending order.
 QList<int> pressedKeys(const QByteArray& display);
-
-// The one number (a CARDINAL, a WINDOW) that a window's property holds; nothing where it holds none
-// or something else.
-std::optional<unsigned long> numberProperty(Display* display, Window window, Atom property);
 
 // Whether a window manager has announced itself (EWMH, _NET_SUPPORTING_WM_CHECK).
 bool isManaged(Display* display);

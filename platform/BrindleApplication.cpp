@@ -3,11 +3,12 @@
 #include <cstdio>
 #include <cstdlib>
 
-BrindleApplication::BrindleApplication( // NOLINT(readability-function-size): the platform's own has
+BrindleApplication::BrindleApplication( // NOLINT(readability-function-size): the signature is given
     int& argc, char** argv, bool, bool, bool)
     : QApplication(argc, argv)
 {
-    installToolkitTranslation();
+    installQtTranslation();
+    // By text, as in the platform's own class: disconnecting takes the same form.
     connect(this, SIGNAL(focusChanged(QWidget*, QWidget*)), this,
         SLOT(gotFocusChange(QWidget*, QWidget*)));
 }
@@ -18,7 +19,7 @@ void BrindleApplication::exitIfRunning(const QString& name)
 {
     const auto* x11Application = nativeInterface<QNativeInterface::QX11Application>();
     if (!x11Application || !x11Application->display())
-        return; // nothing to be unique on
+        return; // no X display on which another instance could be found
 
     guard = std::make_unique<InstanceGuard>(x11Application->display(), name.toUtf8());
     if (guard->isOwner())

@@ -12,9 +12,9 @@ class BrindleApplication : public QApplication, protected virtual Translators {
     Q_OBJECT
 
 public:
-    // argc and argv are kept by reference and must outlive the application; the toolkit's own
-    // options are taken out of them. The three flags belong to the platform's own class; this one
-    // has no use for them.
+    // argc and argv are kept by reference and must outlive the application; Qt removes its own
+    // options from them. The three flags mean something to the platform's own class only: they are
+    // ignored here.
     BrindleApplication(int& argc, char** argv, bool flag1, bool flag2, bool flag3);
     ~BrindleApplication() override;
     Q_DISABLE_COPY(BrindleApplication)
@@ -29,7 +29,7 @@ signals:
 
 public slots:
     // The application's focusChanged signal: the widget that had the focus and the one that has it
-    // now; null for none of ours.
+    // now; null when no widget of this application had or has it.
     void gotFocusChange(QWidget* old, QWidget* now);
 
 private:

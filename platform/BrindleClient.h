@@ -12,9 +12,9 @@ enum _RegNodeType { RegNone = 0, RegValue = 1 };
 class BrindleClient {
 public:
     // Fills nodes with what stands at the path ("root/keyboard/XkbModel"): a value is a node whose
-    // name is the value. Leaves nodes empty where there is none or the registry cannot be read.
-    // entry and text choose among a node's entries in the platform's own registry; here each node
-    // has one.
+    // name is the value. Leaves nodes empty when there is none or the registry cannot be read.
+    // entry and text choose among a node's entries in the platform's own registry. They are ignored
+    // here: each node has one entry.
     void get(const QString& path, QMap<QString, _RegNodeType>& nodes, int entry,
         const QString& text) const;
 };

@@ -4,14 +4,16 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 Translators::Translators() = default;
 
 Translators::~Translators() = default;
 
-void Translators::installToolkitTranslation()
+void Translators::installQtTranslation()
 {
-    toolkit = std::make_unique<QTranslator>();
-    if (toolkit->load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"),
+    qtTexts = std::make_unique<QTranslator>();
+    if (qtTexts->load(QLocale::system(), u"qtbase"_s, u"_"_s,
             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(toolkit.get());
+        QCoreApplication::installTranslator(qtTexts.get());
 }

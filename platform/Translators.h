@@ -4,8 +4,9 @@
 
 #include <memory>
 
-// The translations that every application of the platform has beside its own: those of the
-// toolkit's dialogs. A virtual base, so that it is there before the application and goes after it.
+// The translations that every application of the platform has beside its own: those of Qt's
+// dialogs. That it is a virtual base is given: it is made before the application and destroyed
+// after it.
 class Translators {
 public:
     Translators();
@@ -14,10 +15,10 @@ public:
     Translators& operator=(const Translators&) = delete;
 
 protected:
-    // Loads the toolkit's translation for the system locale and installs it. Needs the
-    // application object; without a translation for the locale nothing happens.
-    void installToolkitTranslation();
+    // Loads Qt's translation for the system locale and installs it. Needs the application object.
+    // Does nothing when there is no translation for the locale.
+    void installQtTranslation();
 
 private:
-    std::unique_ptr<QTranslator> toolkit;
+    std::unique_ptr<QTranslator> qtTexts;
 };

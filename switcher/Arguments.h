@@ -1,7 +1,7 @@
 #pragma once
 
 #include "switcher/KeyboardComponents.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <string>
 #include <sys/types.h>
@@ -17,10 +17,10 @@ struct Arguments {
     Window window = x11::none;
     std::string display;
 
-    // The keyboard to load; a component that is not given stays what it is.
+    // The keyboard to load; a component without a name stays what it is in the server.
     KeyboardComponents components;
 
-    // Load for as long as the parent lives, wherever the focus is.
+    // The keyboard stays loaded as long as the parent lives, whatever window has the focus.
     bool isStatic = false;
 
     // Throws std::invalid_argument, with a text for the user, for anything else than the above.

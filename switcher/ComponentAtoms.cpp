@@ -1,6 +1,7 @@
 #include "switcher/ComponentAtoms.h"
 
-#include "switcher/XkbDescription.h"
+#include "x11/X11.h"
+#include "x11/XkbDescription.h"
 
 ComponentAtoms ComponentAtoms::of(Display* display, unsigned int device)
 {

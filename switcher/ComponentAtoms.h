@@ -1,9 +1,10 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
-// The names of what a keyboard types with, as the server's atoms: enough to see that another
-// keyboard was loaded. The geometry is left out on purpose, it is a drawing.
+// The names of the components that a keyboard types with, as atoms: their comparison shows, without
+// a round trip for each name, that another keyboard was loaded. The geometry is left out on
+// purpose: it changes nothing that is typed.
 struct ComponentAtoms {
     Atom keycodes = x11::none;
     Atom types = x11::none;

@@ -1,5 +1,8 @@
 #include "switcher/FocusWatch.h"
 
+#include "x11/Queries.h"
+#include "x11/X11.h"
+
 namespace {
 
 Window parentOf(Display* display, Window window)
@@ -43,13 +46,10 @@ void FocusWatch::handle(const XEvent& event)
     look();
 }
 
-// The window hears of every change that enters or leaves it, but the events' modes and details
-// tell of grabs and of the pointer too: what the server says now is simpler, and up to date.
+// Every focus change into or out of the window sends an event, but also grabs and pointer movements
+// do. To ask the server is simpler than to tell them apart, and up to date.
 void FocusWatch::look()
 {
-    Window focus = x11::none;
-    int revertTo = 0;
-    XGetInputFocus(display, &focus, &revertTo);
-    const bool isOnWindow = focus != x11::none && focus != PointerRoot;
-    inside = !gone && isOnWindow && isWithin(display, focus, window);
+    const Window focus = x11::focusWindow(display);
+    inside = !gone && isWithin(display, focus, window);
 }

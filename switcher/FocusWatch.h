@@ -1,16 +1,16 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
-// Follows whether the input focus is in a window of another program, that is, on it or on one of
-// its descendants. The other program notices nothing of it.
+// Follows whether the input focus is in a window of another program: on it or on one of its
+// descendants. Changes nothing that the other program could notice.
 class FocusWatch {
 public:
     FocusWatch(Display* xDisplay, Window watchedWindow);
 
     bool isInside() const { return inside; }
 
-    // The window was destroyed, or was never there.
+    // Whether the window was destroyed, or was not there from the start.
     bool isWindowGone() const { return gone; }
 
     // To be given every event of the connection.

@@ -1,5 +1,7 @@
 #include "switcher/KeyRepeats.h"
 
+#include "x11/X11.h"
+
 KeyRepeats KeyRepeats::of(Display* display, unsigned int device)
 {
     KeyRepeats repeats;

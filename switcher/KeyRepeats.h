@@ -1,9 +1,9 @@
 #pragma once
 
-#include "switcher/XkbDescription.h"
+#include "x11/XkbDescription.h"
 
-// Which keys of one keyboard repeat while they are held. That is not of the keymap but the user's
-// own (xset r), yet the server works it out anew when it gets a keymap.
+// Which keys of one keyboard repeat while they are held. The user sets that (xset r), and the
+// keymap says nothing of it, yet the server resets it when it gets a keymap.
 class KeyRepeats {
 public:
     static KeyRepeats of(Display* display, unsigned int device);

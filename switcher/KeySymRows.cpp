@@ -1,5 +1,7 @@
 #include "switcher/KeySymRows.h"
 
+#include "x11/X11.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <iterator>

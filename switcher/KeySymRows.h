@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <vector>
 
@@ -10,10 +10,10 @@ public:
     // Empty when the server gives none.
     static KeySymRows of(Display* display);
 
-    // The keys that have other keysyms here than in `earlier`.
+    // The key codes of the keys whose keysyms differ from those in `earlier`.
     std::vector<int> keysChangedSince(const KeySymRows& earlier) const;
 
-    // Gives these keys of the core keyboard the keysyms that they have here.
+    // Gives these keys of the core keyboard, by their key codes, the keysyms that they have here.
     void write(Display* display, const std::vector<int>& keys) const;
 
 private:

@@ -1,6 +1,8 @@
 #include "switcher/KeyboardComponents.h"
 
-#include "switcher/XkbDescription.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
+#include "x11/XkbDescription.h"
 
 #include <algorithm>
 #include <array>
@@ -8,14 +10,6 @@
 namespace {
 
 constexpr std::size_t longestName = 255;
-
-std::string atomName(Display* display, Atom atom)
-{
-    if (atom == x11::none)
-        return {};
-    const x11::Owned<char> name(XGetAtomName(display, atom));
-    return name ? name.get() : "";
-}
 
 Atom geometryName(const XkbDescRec& description)
 {
@@ -44,9 +38,9 @@ char* orNull(std::string& name)
 KeyboardComponents KeyboardComponents::of(Display* display, const XkbDescRec& description)
 {
     const XkbNamesRec& names = *description.names;
-    return {atomName(display, names.keycodes), atomName(display, names.types),
-        atomName(display, names.compat), atomName(display, names.symbols),
-        atomName(display, geometryName(description))};
+    return {x11::atomName(display, names.keycodes), x11::atomName(display, names.types),
+        x11::atomName(display, names.compat), x11::atomName(display, names.symbols),
+        x11::atomName(display, geometryName(description))};
 }
 
 bool KeyboardComponents::areLoaded(Display* display) const

@@ -1,8 +1,10 @@
 #include "switcher/KeyboardLoan.h"
 
 #include "switcher/KeyRepeats.h"
-#include "switcher/KeyboardDevices.h"
-#include "switcher/ServerGrab.h"
+#include "x11/KeyboardDevices.h"
+#include "x11/Queries.h"
+#include "x11/ServerGrab.h"
+#include "x11/X11.h"
 
 #include <stdexcept>
 #include <utility>
@@ -18,10 +20,10 @@ KeyboardLoan::KeyboardLoan(Display* xDisplay, KeyboardComponents wanted)
     : display(xDisplay)
     , components(std::move(wanted))
 {
-    int opcode = 0;
-    int error = 0;
-    if (!XkbQueryExtension(display, &opcode, &xkbEvent, &error, nullptr, nullptr))
+    const auto xkb = x11::queryXkb(display);
+    if (!xkb)
         throw std::runtime_error("the X server has no keyboard extension");
+    xkbEvent = xkb->event;
     coreDevice = coreKeyboardDevice(display);
     XkbSelectEvents(display, x11::coreKeyboard, XkbNewKeyboardNotifyMask, XkbNewKeyboardNotifyMask);
 }

@@ -1,6 +1,7 @@
 #include "switcher/KeymapSnapshot.h"
 
 #include "switcher/KeyboardComponents.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 
@@ -8,7 +9,7 @@ namespace {
 
 constexpr unsigned int allIndicators = ~0U;
 
-// These calls say 0 when they succeed, but may leave out a part that the server does not have.
+// The calls return 0 for success, but leave out a part that the server does not have.
 bool readParts(Display* display, XkbDescPtr keymap)
 {
     return XkbGetNames(display, XkbAllNamesMask, keymap) == 0
@@ -49,6 +50,11 @@ std::optional<KeymapSnapshot> KeymapSnapshot::take(Display* display, unsigned in
     return KeymapSnapshot(std::move(present));
 }
 
+unsigned int KeymapSnapshot::device() const
+{
+    return keymap->device_spec;
+}
+
 void KeymapSnapshot::putBack(Display* display) const
 {
     const XkbDescription present = read(display, device());
@@ -59,8 +65,9 @@ void KeymapSnapshot::putBack(Display* display) const
     set(display);
 }
 
-// Xlib can set names but not take them away, and the set of real indicators comes from loading
-// only. Where that matters the components are loaded by name first, which leaves no name behind.
+// Xlib can set names but not remove them, and which indicators are real changes only when a
+// keyboard is loaded. Where either differs the components are loaded by name first, which removes
+// all names.
 bool KeymapSnapshot::canBeSetOver(const XkbDescRec& present) const
 {
     const XkbNamesRec& now = *present.names;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "switcher/XkbDescription.h"
+#include "x11/XkbDescription.h"
 
 #include <optional>
 
@@ -11,9 +11,10 @@ public:
     // Nothing when the keyboard is not there or one of its parts cannot be read.
     static std::optional<KeymapSnapshot> take(Display* display, unsigned int device);
 
-    unsigned int device() const { return keymap->device_spec; }
+    // Its XKB device id.
+    unsigned int device() const;
 
-    // Gives the keyboard this keymap again, and those that feed it, if it is the core keyboard.
+    // Gives the keyboard this keymap again; the core keyboard hands it on to those that feed it.
     // Does nothing when the keyboard has gone.
     void putBack(Display* display) const;
 

@@ -1,5 +1,7 @@
 #include "switcher/LockState.h"
 
+#include "x11/X11.h"
+
 namespace {
 
 constexpr unsigned int allModifiers = 0xff;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 // What is locked on the core keyboard.
 struct LockState {
@@ -12,9 +12,9 @@ struct LockState {
 
     static LockState of(Display* display);
 
-    // What is to be locked on a keyboard that comes back: as here, but Caps Lock and Num Lock as
-    // the user has them `now`. Other locks may be of a kind that only the keyboard of `now` can
-    // undo.
+    // The locks for this state's keyboard when it is put back: as they were here, but Caps Lock and
+    // Num Lock as the user has them `now`, on the other keyboard. Its other locks are not carried
+    // over: the keyboard that comes back may have no key that unlocks them.
     LockState carriedOn(const LockState& now) const;
 
     void apply(Display* display) const;

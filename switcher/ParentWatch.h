@@ -13,10 +13,11 @@ public:
     pid_t process() const { return processId; }
     bool isGone() const;
 
-    // Becomes readable when the process ends; -1 on kernels that cannot tell.
+    // Becomes readable when the process ends; -1 where the kernel has no such descriptor.
     int descriptor() const { return processDescriptor; }
 
-    // When to look again, in ms; -1 when the descriptor tells.
+    // How long to wait before isGone() is asked again, in milliseconds; -1 when the descriptor
+    // shows the end.
     int intervalMs() const;
 
 private:

@@ -12,7 +12,7 @@ StopSignals::StopSignals()
     sigemptyset(&signals);
     for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
         sigaddset(&signals, number);
-        // A signal that was inherited as ignored would not come.
+        // A signal that the parent has set to be ignored would not reach the descriptor.
         std::signal(number, SIG_DFL);
     }
     sigprocmask(SIG_BLOCK, &signals, nullptr);

@@ -1,6 +1,7 @@
 #include "switcher/Switcher.h"
 
 #include "switcher/HeldKeys.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 #include <array>

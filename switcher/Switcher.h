@@ -6,8 +6,7 @@
 #include "switcher/ParentWatch.h"
 #include "switcher/StopSignals.h"
 #include "switcher/Turn.h"
-
-#include <memory>
+#include "x11/Connection.h"
 
 // Has the parent's keyboard in the X server while the parent's window has the focus, or, when it is
 // static, while the parent lives; at all other times the server has the keyboard of everyone.
@@ -27,10 +26,6 @@ public:
     void run();
 
 private:
-    struct CloseDisplay {
-        void operator()(Display* connection) const { XCloseDisplay(connection); }
-    };
-
     void handleEvents();
     bool mustEnd() const;
     bool wantsKeyboard() const;
@@ -39,7 +34,7 @@ private:
 
     StopSignals stopSignals;
     ParentWatch parent;
-    std::unique_ptr<Display, CloseDisplay> display;
+    x11::Connection display;
     bool isStatic;
     FocusWatch focus;
     Turn windowTurn;

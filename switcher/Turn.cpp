@@ -1,6 +1,7 @@
 #include "switcher/Turn.h"
 
-#include "switcher/ServerGrab.h"
+#include "x11/ServerGrab.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 

@@ -1,5 +1,7 @@
 #include "app/FatalMessages.h"
 
+#include "x11/ServerProbe.h"
+
 #include <QGuiApplication>
 #include <QList>
 #include <QString>
@@ -9,13 +11,14 @@
 #include <cstdlib>
 #include <cstring>
 #include <unistd.h>
-#include <xcb/xcb.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QList<QString>& heldMessages()
 {
-    // The toolkit has its say until the very end of the process: this is never destroyed.
+    // Qt may send messages until the very end of the process: this is never destroyed.
     // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): no object to keep it in
     static auto* const held = new QList<QString>;
     return *held;
@@ -27,36 +30,25 @@ bool holding = true;
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 const char* displayOption = nullptr; // of the command line
 
-// The server that the toolkit was to connect to.
+// The X server that Qt tries to connect to.
 const char* displayAskedFor()
 {
     const char* fromEnvironment = std::getenv("DISPLAY");
     return displayOption ? displayOption : fromEnvironment ? fromEnvironment : "";
 }
 
-// Whether there is such a server, and such a screen of it.
-bool serverAnswers()
-{
-    int screen = 0;
-    xcb_connection_t* connection = xcb_connect(displayAskedFor(), &screen);
-    const bool answers = xcb_connection_has_error(connection) == 0
-        && screen < xcb_setup_roots_length(xcb_get_setup(connection));
-    xcb_disconnect(connection);
-    return answers;
-}
-
 [[noreturn]] void endProcess(const QString& message)
 {
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
     const bool starting = QGuiApplication::platformName().isEmpty();
-    if (starting && platform.startsWith(QLatin1StringView("xcb")) && !serverAnswers()) {
+    if (starting && platform.startsWith("xcb"_L1) && !x11::serverAnswers(displayAskedFor())) {
         std::fprintf(
             stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n", displayAskedFor());
     } else {
         std::fprintf(
             stderr, "orvix-kbd-display: %s\n", message.simplified().toLocal8Bit().constData());
     }
-    // The toolkit may be half built: its destructors must not run.
+    // Qt may be half built: its destructors must not run.
     _exit(EXIT_FAILURE);
 }
 

@@ -11,6 +11,8 @@
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/KbdConstants.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
 #include "x11/qt/PhysicalKeys.h"
 #include "x11/qt/ToFocusWindow.h"
 #include "x11/qt/ToolkitDisplay.h"
@@ -26,6 +28,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -68,7 +72,7 @@ constexpr std::array<TranslationRow, 5> translations{{
     {"zh_CN", "zh_CN"},
 }};
 
-// Models whose geometry the platform draws itself. The order matters: a model may name several.
+// Models whose geometry the platform draws itself. The order matters: the setting may name several.
 constexpr std::array<const char*, 5> platformModels{"jp106", "abnt2", "kr106", "pc105", "pc104"};
 
 constexpr std::array<const char*, 6> optionLines{
@@ -105,28 +109,29 @@ KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
 
 } // namespace
 
-// Where the settings come from.
+// One setting, and where it is read from.
 struct KbdApp::SettingRow {
     char* KbdApp::* setting;
     const char* registryPath;
     const char* option; // without its dashes
 };
 
-constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settings{{
+constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settingRows{{
     {&KbdApp::xkbModel, "root/keyboard/XkbModel", "model"},
     {&KbdApp::xkbLayout, "root/keyboard/XkbLayout", "layout"},
     {&KbdApp::xkbVariant, "root/keyboard/XkbVariant", "variant"},
     {&KbdApp::xkbOptions, "root/keyboard/XkbOptions", "options"},
 }};
 
-KbdApp::KbdApp(ArgumentCount arguments, char** argv, bool flag)
-    : ArgumentCount(arguments)
-    , BrindleApplication(argumentCount, argv, flag, true, true)
+int KbdApp::argumentCount = 0;
+
+KbdApp::KbdApp(int* argc, char** argv, bool flag)
+    : BrindleApplication(*argc, argv, flag, true, true)
 {
 }
 
 KbdApp::KbdApp(int argc, char** argv, bool flag)
-    : KbdApp(ArgumentCount(argc), argv, flag)
+    : KbdApp(&(argumentCount = argc), argv, flag)
 {
     startUp(argv);
 }
@@ -139,6 +144,8 @@ void KbdApp::startUp(char** argv)
     readRegistry();
     std::setlocale(LC_ALL, "");
     parseArguments(argumentCount, argv);
+    settings = {QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
+        QString::fromUtf8(xkbVariant), QString::fromUtf8(xkbOptions)};
     if (!toolkitDisplay())
         throw XkbInitError;
     if (toFocus)
@@ -154,6 +161,7 @@ void KbdApp::startUp(char** argv)
 
 KbdApp::~KbdApp()
 {
+    // By text, like the connection in the base class: another form would not find it.
     disconnect(this, SIGNAL(focusChanged(QWidget*, QWidget*)), this,
         SLOT(gotFocusChange(QWidget*, QWidget*)));
     std::free(xkbModel);
@@ -190,7 +198,7 @@ void KbdApp::reportChosenKeyboard() const
     std::cerr << ", model '" << qUtf8Printable(chosen.model) << "'\n";
 }
 
-// Qt's handlers are on the stack: destructors of static objects must not run under them.
+// Qt's event handlers are on the stack: exit() would destroy static objects that they still use.
 bool KbdApp::notify(QObject* receiver, QEvent* event)
 {
     try {
@@ -219,14 +227,13 @@ void KbdApp::loadTranslator(const QString& locale)
     const QString file = QLatin1StringView(translationPrefix) + locale;
     // The second place serves a program that runs from where it was built or unpacked.
     if (translator->load(file, QLatin1StringView(translationDirectory) + locale)
-        || translator->load(
-            file, applicationDirPath() + QStringLiteral("/../share/orvix-i18n/") + locale))
+        || translator->load(file, applicationDirPath() + u"/../share/orvix-i18n/"_s + locale))
         installTranslator(translator);
 }
 
 void KbdApp::readRegistry()
 {
-    for (const SettingRow& row : settings) {
+    for (const SettingRow& row : settingRows) {
         const QString value = readRegistryValue(QString::fromLatin1(row.registryPath));
         if (!value.isEmpty())
             assign(this->*row.setting, value.toUtf8().constData());
@@ -244,12 +251,12 @@ void KbdApp::parseArguments(int argc, char** argv)
     normaliseModel();
 }
 
-// Takes an option with a value, in either form, and moves index on to the value where that is an
+// Takes an option with a value, in either form. Moves index to the value when the value is an
 // argument of its own.
 bool KbdApp::takeValue(int argc, char** argv, int& index)
 {
     const char* argument = argv[index];
-    for (const SettingRow& row : settings) {
+    for (const SettingRow& row : settingRows) {
         const std::string single = std::string("-") + row.option;
         const std::string joined = "-" + single + "=";
         if (argument == single || argument == "-" + single) {
@@ -299,9 +306,7 @@ void KbdApp::usage(const char* program, int code)
 XkbComponentNamesRec* KbdApp::getComponentNames()
 {
     auto names = std::make_unique<XkbComponentNamesRec>();
-    if (!queryComponentNames(names.get(), toolkitDisplay(), QString::fromUtf8(xkbModel),
-            QString::fromUtf8(xkbLayout), QString::fromUtf8(xkbVariant),
-            QString::fromUtf8(xkbOptions))) {
+    if (!queryComponentNames(names.get(), toolkitDisplay(), settings)) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.
         throw hasKeyboardExtension() ? RulesError : XkbInitError;
@@ -309,18 +314,17 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
     return names.release();
 }
 
-// Learns the extension's events as well.
+// Also sets xkbEventBase.
 bool KbdApp::hasKeyboardExtension()
 {
-    int opcode = 0;
-    int error = 0;
-    int major = XkbMajorVersion;
-    int minor = XkbMinorVersion;
-    return XkbQueryExtension(toolkitDisplay(), &opcode, &xkbEventBase, &error, &major, &minor);
+    const auto xkb = x11::queryXkb(toolkitDisplay());
+    if (xkb)
+        xkbEventBase = xkb->event;
+    return xkb.has_value();
 }
 
-// Only adds to what the toolkit selects on the same connection: the server keeps one selection for
-// both.
+// Qt selects keyboard events on the same connection, and the server keeps one selection for both:
+// bits are only added to it.
 void KbdApp::selectKeyboardEvents()
 {
     Display* display = toolkitDisplay();
@@ -344,9 +348,7 @@ void KbdApp::selectKeyboardEvents()
 void KbdApp::createMainWindow()
 {
     try {
-        mainWindow = new MainWindow(QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
-            QString::fromUtf8(xkbVariant), QString::fromUtf8(xkbOptions), componentNames, toFocus,
-            nullptr, {});
+        mainWindow = new MainWindow(settings, componentNames, toFocus);
     } catch (KbdGeometry::ExceptionType exception) {
         throw translated(exception);
     } catch (...) {
@@ -354,7 +356,7 @@ void KbdApp::createMainWindow()
         throw UnknownError;
     }
 
-    if (!xkbModel || !xkbLayout)
+    if (settings.model.isEmpty() || settings.layout.isEmpty())
         selectServerKeyboard();
     mainWindow->showLayoutSelector(standalone);
     mainWindow->setWindowTitle(
@@ -369,12 +371,10 @@ void KbdApp::createMainWindow()
 // Settings that were not given are those of the server, whose keyboard is shown then.
 void KbdApp::selectServerKeyboard()
 {
-    mainWindow->selectKeyboard(
-        withServerSettings({QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
-                               QString::fromUtf8(xkbVariant), QString()},
-            toolkitDisplay()));
+    mainWindow->selectKeyboard(withServerSettings(settings, toolkitDisplay()));
 }
 
+// Connected by text where that is given.
 void KbdApp::connectMainWindow()
 {
     connect(this, SIGNAL(x11KeyPressEventOut(XKeyEvent*)), mainWindow,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/description/KeyboardSettings.h"
 #include "platform/BrindleApplication.h"
 #include "x11/X11.h"
 
@@ -11,22 +12,13 @@ class MainWindow;
 class PhysicalKeys;
 class XcbEventBridge;
 
-// Holds the argument count that the application refers to. A virtual base, because it must be
-// there before the application is and as long as it is.
-struct ArgumentCount {
-    explicit ArgumentCount(int count)
-        : argumentCount(count)
-    {
-    }
-    int argumentCount;
-};
-
 // The application: reads the settings and the command line, opens the keyboard extension, shows
 // the main window, and feeds it the X events that concern the keyboard.
-class KbdApp : public BrindleApplication, private virtual ArgumentCount {
+class KbdApp : public BrindleApplication {
     Q_OBJECT
 
 public:
+    // Thrown by value; that they are integers is given.
     enum ExceptionType {
         UnknownError = 1,
         XkbInitError = 2,
@@ -36,45 +28,45 @@ public:
         RulesError = 6,
     };
 
-    // Does all of the start-up, the main window shown included. argv is borrowed and outlives the
+    // Does the whole start-up, up to showing the main window. argv is borrowed and outlives the
     // application. Throws ExceptionType.
     KbdApp(int argc, char** argv, bool flag = false);
     ~KbdApp() override;
     Q_DISABLE_COPY(KbdApp)
 
-    // Prints the exception's message, if it has one. False for a value that is none of
-    // ExceptionType's.
+    // Prints the exception's message, if it has one. False when ExceptionType has no such value.
     static bool report(ExceptionType exception);
 
-    // A keyboard chosen at run time that cannot be had ends the program as it would at start-up,
-    // after a line that says which one it was.
+    // Ends the program, as at start-up, when a keyboard that the user has chosen cannot be loaded,
+    // after a line that says which one it is.
     bool notify(QObject* receiver, QEvent* event) override;
 
 signals:
+    // For the main window's slots named In; these relays are given.
     // A key of the keyboard went down or up; the event is borrowed and valid during the call only.
     void x11KeyPressEventOut(XKeyEvent* event);
     void x11KeyReleaseEventOut(XKeyEvent* event);
 
-    // The server has another keyboard now. Only told while the window has the focus.
+    // The server has another keyboard now. Only emitted while the window has the focus.
     void x11NewKbdEventOut();
 
     // The locks or the group of the server's keyboard may have changed.
     void x11LockStateChangedOut();
 
 private slots:
-    // Takes over the components of a keyboard chosen in the window: names is copied.
+    // Copies the components of a keyboard chosen in the window, and starts the switcher with them.
     void newKeyboard(XkbComponentNamesRec& names);
 
-    // Looks at an X event before the toolkit does. Always false: no event ends here.
+    // Sees every X event before Qt does. Always returns false: Qt gets the event too.
     bool x11EventFilter(XEvent* event);
 
 private:
     struct SettingRow;
-    static const std::array<SettingRow, 4> settings;
+    static const std::array<SettingRow, 4> settingRows;
 
-    // Only makes the bases: the public one delegates to it, so that what it has acquired is
-    // released when it throws.
-    KbdApp(ArgumentCount arguments, char** argv, bool flag);
+    // Only makes the bases. The public constructor delegates to it, so that the destructor runs
+    // when the start-up throws.
+    KbdApp(int* argc, char** argv, bool flag);
 
     void startUp(char** argv);
     void reportChosenKeyboard() const;
@@ -94,11 +86,15 @@ private:
     void connectMainWindow();
     void launchSwitcher();
 
-    // The settings, made by strdup, in UTF-8; null where there is none.
+    static int argumentCount; // QApplication keeps a reference to argc; this outlives it
+
+    // The settings as they are read, in UTF-8; null where there is none. That they are byte strings
+    // made with strdup is given.
     char* xkbModel = nullptr;
     char* xkbLayout = nullptr;
     char* xkbVariant = nullptr;
     char* xkbOptions = nullptr;
+    KeyboardSettings settings; // the same once the command line is read, for all other classes
 
     bool standalone = false;
     bool toFocus = false;

@@ -1,11 +1,14 @@
 #include "app/KbdSwitcher.h"
 
 #include "app/description/ToolRun.h"
+#include "x11/X11.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 // Tests compile this file with a program that is not there: an installed one would work on their
 // servers.
@@ -40,16 +43,16 @@ void KbdSwitcher::setComponentNames(XkbComponentNamesRec* names)
 
 QStringList KbdSwitcher::arguments() const
 {
-    QStringList list{QStringLiteral("--parent"), QString::number(getpid()),
-        QStringLiteral("--window"), QString::number(static_cast<quint32>(window)),
-        QStringLiteral("--display"), QString::fromLocal8Bit(XDisplayString(display))};
+    QStringList list{u"--parent"_s, QString::number(getpid()), u"--window"_s,
+        QString::number(static_cast<quint32>(window)), u"--display"_s,
+        QString::fromLocal8Bit(XDisplayString(display))};
     appendOption(list, "--keycodes", keycodes);
     appendOption(list, "--types", types);
     appendOption(list, "--compat", compat);
     appendOption(list, "--symbols", symbols);
     appendOption(list, "--geometry", geometry);
     if (staticFlag)
-        list << QStringLiteral("--static");
+        list << u"--static"_s;
     return list;
 }
 

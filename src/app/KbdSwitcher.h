@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QString>
 #include <QStringList>
@@ -9,18 +9,18 @@
 class KbdSwitcher {
 public:
     // The display is borrowed and outlives this object; mainWindow is the program's X window. names
-    // is read during the call only and may be null: then the switcher is told no names until
+    // is read during the call only and may be null: the switcher then gets no names until
     // setComponentNames. isStatic: the keyboard stays in force whatever window has the focus.
     // Nothing is started yet.
     KbdSwitcher(Display* xDisplay, Window mainWindow, XkbComponentNamesRec* names, bool isStatic);
 
-    // Takes copies of the five names (UTF-8) that the switcher is told from now on; one that is
-    // null or empty is left out of its command line. The record is not null and stays the caller's.
+    // Copies five of the names (UTF-8) for the switcher's command line, which leaves out those that
+    // are null or empty. names is not null; the caller keeps the record.
     void setComponentNames(XkbComponentNamesRec* names);
 
     // Starts one more switcher, detached, and returns its process id; -1 when the program is not
-    // there or cannot be started. Earlier ones are left alone: the platform's switcher sees to it
-    // itself that the latest one counts. Does not block.
+    // there or cannot be started. Earlier ones are left alone: the platform's switcher itself makes
+    // sure that the latest one counts. Does not block.
     int launch();
 
     // The command line that launch uses.

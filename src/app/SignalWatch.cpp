@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array<int, 3> endingSignals{SIGTERM, SIGINT, SIGHUP};
 
-// Reading and writing end. Lives as long as the process: a signal may come at any time.
+// Reading and writing end. Open until the process ends: a signal may come at any time.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 std::array<int, 2> wakeUpPipe{-1, -1};
 

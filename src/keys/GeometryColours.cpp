@@ -1,6 +1,7 @@
 #include "keys/GeometryColours.h"
 
 #include "x11/ColourLookup.h"
+#include "x11/X11.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ GeometryColours::GeometryColours(Display* display, const XkbGeometryRec& geometr
             colours[unknownIndices[static_cast<int>(i)]] = fromServer(*answers[i]);
     }
 
-    // libX11 makes the base colour one of the table's records.
+    // libX11 sets base_color to one of the table's records.
     const std::ptrdiff_t base = geometry.base_color ? geometry.base_color - geometry.colors : -1;
     if (base >= 0 && base < colours.size())
         baseColour = colours.at(static_cast<int>(base));

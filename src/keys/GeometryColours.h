@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QColor>
 #include <QList>
@@ -8,11 +8,12 @@
 // The colours of an XKB geometry by their index, resolved once.
 class GeometryColours {
 public:
-    // The geometry is only read. Names that the toolkit does not know are X11 names and asked of
-    // the server together; one that the server does not know either is an invalid colour.
+    // The geometry is only read. For names that Qt does not know the constructor asks the server,
+    // for all of them in one round trip; a name that the server does not know either gives an
+    // invalid colour.
     GeometryColours(Display* display, const XkbGeometryRec& geometry);
 
-    // Whether the geometry's colour table has this index (indices come from the server).
+    // Whether the geometry's colour table has this index: the server may send others.
     bool has(int index) const { return index >= 0 && index < colours.size(); }
 
     // The index must be one that has() accepts.

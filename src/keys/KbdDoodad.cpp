@@ -1,6 +1,7 @@
 #include "keys/KbdDoodad.h"
 
-#include <QPainter>
+#include "keys/ItemPainting.h"
+#include "x11/X11.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +14,7 @@ QSize truncated(double width, double height)
     return {static_cast<int>(width), static_cast<int>(height)};
 }
 
-// A text that names a character by its code point, so that a geometry needs no font of its own.
+// A geometry can name a symbol by its code point: "U+2318" is the character 0x2318.
 QString symbolText(const QString& text)
 {
     if (!text.startsWith(QLatin1StringView("U+")))
@@ -55,7 +56,7 @@ void KbdDoodad::readShape()
     }
 }
 
-// An item whose shape the geometry does not have keeps its unit size.
+// Without such a shape the item keeps the unit size of a new KeyShape.
 void KbdDoodad::takeShape(int index)
 {
     if (index >= 0 && index < geometry.num_shapes)
@@ -122,12 +123,7 @@ QRectF KbdDoodad::boundingRect() const
 
 void KbdDoodad::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
-    const QBrush brush = painter->brush();
-    const QPen pen = painter->pen();
-    const QFont font = painter->font();
-    const Qt::LayoutDirection direction = painter->layoutDirection();
-    painter->setLayoutDirection(Qt::LeftToRight); // it stands where the keyboard has it
-
+    const ItemPainting painting(painter);
     switch (doodad.any.type) {
     case XkbOutlineDoodad:
     case XkbSolidDoodad:
@@ -145,14 +141,9 @@ void KbdDoodad::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
     default:
         break;
     }
-
-    painter->setBrush(brush);
-    painter->setPen(pen);
-    painter->setFont(font);
-    painter->setLayoutDirection(direction);
 }
 
-// Outlines are filled like solid areas: an unfilled case would let the background through.
+// Outlines are filled like solid areas, or the background would show through the keyboard's case.
 void KbdDoodad::paintArea(QPainter* painter, int colour) const
 {
     if (white)
@@ -180,11 +171,12 @@ void KbdDoodad::paintText(QPainter* painter) const
     painter->setFont(font);
     if (colours.has(doodad.text.color_ndx))
         painter->setPen(colours.at(doodad.text.color_ndx));
-    const QRectF room(0, 0, doodad.text.width - 1, doodad.text.height - 1);
+    const QRectF area(0, 0, doodad.text.width - 1, doodad.text.height - 1);
     constexpr int alignment = Qt::AlignLeft | Qt::AlignBottom;
-    // A font as high as the room has letters that reach a little above it.
-    const bool isCut = painter->boundingRect(room, alignment, text).width() > room.width();
-    painter->drawText(room, isCut ? alignment : alignment | Qt::TextDontClip, text);
+    // A font as high as the rectangle has letters that reach a little above it: only a text that is
+    // too long is clipped.
+    const bool isTooLong = painter->boundingRect(area, alignment, text).width() > area.width();
+    painter->drawText(area, isTooLong ? alignment : alignment | Qt::TextDontClip, text);
 }
 
 void KbdDoodad::paintIndicator(QPainter* painter) const
@@ -195,8 +187,8 @@ void KbdDoodad::paintIndicator(QPainter* painter) const
     paintShape(painter);
 }
 
-// On the screen the flag is scaled to the pixels that it covers there, from the full image. Paper
-// has more of them than the printer says.
+// On the screen the flag is scaled smoothly to the pixels that it covers. For paper Qt gets the
+// whole image, since a printer has more pixels than its device transform says.
 void KbdDoodad::paintLogo(QPainter* painter)
 {
     if (flagPixmap.isNull())

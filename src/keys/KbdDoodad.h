@@ -2,7 +2,7 @@
 
 #include "keys/GeometryColours.h"
 #include "keys/KeyShape.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QGraphicsItem>
 #include <QObject>
@@ -18,8 +18,8 @@ class KbdDoodad : public QObject, public QGraphicsItem {
     Q_PROPERTY(qreal scale READ scaleFactor WRITE setScale)
 
 public:
-    // The doodad, its geometry and its colours are borrowed and outlive this item. A logo image
-    // that cannot be loaded is reported on standard error and left out.
+    // The doodad, its geometry and its colours are borrowed and outlive this item. A logo whose
+    // image cannot be loaded says so on standard error and stays empty.
     KbdDoodad(const XkbDoodadRec& xkbDoodad, const XkbGeometryRec& xkbGeometry,
         const GeometryColours& geometryColours, QObject* parent);
 
@@ -35,14 +35,15 @@ public:
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 public slots:
-    // Lights an indicator's lamp or puts it out; ignored by every other doodad.
+    // Lights an indicator's lamp or puts it out; does nothing for any other doodad.
     void setActive(bool isActive);
 
-    // The name is relative to the flag directory, which is the logo's name. An empty name takes
-    // the flag away; one that cannot be loaded does too and is reported on standard error.
+    // Loads the flag. The name is that of a file in the directory by which the logo is named. An
+    // empty name takes the flag away; so does a file that cannot be loaded, which is reported on
+    // standard error.
     void setFlagFilename(QString name);
 
-    // How many pixels of the screen one unit of the picture has.
+    // How many pixels of the screen a unit of the picture (a tenth of a millimetre) has. Repaints.
     void setScale(qreal newScale);
 
 private:
@@ -66,7 +67,7 @@ private:
     bool active = false;
     QString text;
     QPixmap flagPixmap;
-    QPixmap scaledFlag; // flagPixmap in the size that it was last drawn in
+    QPixmap scaledFlag; // flagPixmap in the size in which it was last drawn on the screen
     bool white = false;
     QString flagDirectory;
     QString filename;

@@ -39,8 +39,8 @@ struct NationalRow {
     std::u16string_view text;
 };
 
-// The keysym of a key that is known by its Linux key code (XF86keysym.h names these with a macro
-// that it takes back).
+// The keysym that X gives a key of this Linux key code. XF86keysym.h forms these keysyms with a
+// macro that it undefines at its end.
 constexpr quint32 evdevKeysym(quint32 code)
 {
     return 0x10081000 + code;
@@ -116,9 +116,9 @@ constexpr bool glyphRowsAscend()
     }
     return true;
 }
-static_assert(glyphRowsAscend(), "a keysym has two glyphs, or stands in the wrong place");
+static_assert(glyphRowsAscend(), "a keysym has two rows, or a row stands in the wrong place");
 
-// The rows live as long as the program, so their texts are used in place.
+// The rows live as long as the program: the QString refers to the text instead of copying it.
 QString textOf(std::u16string_view text)
 {
     return QString::fromRawData(
@@ -130,8 +130,8 @@ QString character(quint32 keysym)
     return {QChar(static_cast<char16_t>(keysym & 0xffff))};
 }
 
-// Simple on purpose: legacy sets above 0xff are taken as if they were Unicode, and characters
-// beyond the basic plane lose their upper bits.
+// Simple on purpose: a keysym of a legacy set above 0xff gives the Unicode character of the same
+// number, and a character beyond the basic plane is cut to its lower 16 bits.
 QString labelWithoutRow(quint32 keysym)
 {
     if (keysym >= 0x20 && keysym <= 0x20ff)

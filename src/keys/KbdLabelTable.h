@@ -3,16 +3,16 @@
 #include <QHash>
 #include <QString>
 
-// The short texts that key caps carry for keysyms, in the language of the layout that the key
-// belongs to. Built once, then only read.
+// The short texts that key caps carry for keysyms, in the language of a layout. Built once, then
+// only read.
 class KbdLabelTable {
 public:
     KbdLabelTable();
 
-    // The label of a keysym (X protocol, appendix "Keysym Encoding"). The names are those of XKB,
-    // such as "latam"; one that is empty or has no language here changes nothing, and where both
-    // name a language, the layout's is spoken. A keysym without a row yields the character that it
-    // stands for or, failing that, "Key" and its number.
+    // The label of a keysym (X protocol, appendix "Keysym Encoding"). Layout and variant have XKB's
+    // names, such as "latam"; a name that is empty, or that the table gives no language, changes
+    // nothing; where both have a language, the layout's counts. A keysym without a row gets the
+    // character that it stands for or, when there is none, "Key" and its number.
     QString label(quint32 keysym, const QString& layoutName, const QString& variantName) const;
 
 private:

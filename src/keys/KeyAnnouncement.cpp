@@ -15,16 +15,16 @@ KeyAnnouncement::~KeyAnnouncement()
         tellDifference(*before, lookAt(*key));
 }
 
-KeyAnnouncement::Symbol KeyAnnouncement::symbolOf(const KbdKey& key, ShiftMask_t modifiers)
+KeyAnnouncement::Symbol KeyAnnouncement::symbolOf(const KeySymbols& symbols, ShiftMask_t modifiers)
 {
-    return {key.keysymWith(modifiers), key.labelWith(modifiers)};
+    return {symbols.keysymWith(modifiers), symbols.labelWith(modifiers)};
 }
 
 KeyAnnouncement::Look KeyAnnouncement::lookAt(const KbdKey& key)
 {
-    const ShiftMask_t now = key.shownModifiers();
-    return {symbolOf(key, now), symbolOf(key, now | x11::shiftMask), key.isPressed(),
-        key.isModifierOn()};
+    const ShiftMask_t now = key.state().currentModifiers;
+    return {symbolOf(key.symbols(), now), symbolOf(key.symbols(), now | x11::shiftMask),
+        key.isPressed(), key.isModifierOn()};
 }
 
 void KeyAnnouncement::tellDifference(const Look& was, const Look& is) const

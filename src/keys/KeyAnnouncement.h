@@ -1,7 +1,7 @@
 #pragma once
 
 #include "keys/KbdTypes.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QAccessible>
 #include <QString>
@@ -9,9 +9,10 @@
 #include <optional>
 
 class KbdKey;
+class KeySymbols;
 
-// Tells assistive technology what changes about a key while this object lives. Where there is none,
-// and for a key that is on no picture yet, it looks at nothing.
+// Tells assistive technology what has changed about a key between the beginning and the end of this
+// object. Does nothing while no assistive technology runs, or before the key is on a picture.
 class KeyAnnouncement {
 public:
     // The key is borrowed and outlives this object.
@@ -28,6 +29,7 @@ private:
         bool operator==(const Symbol&) const = default;
     };
 
+    // What assistive technology can learn about the key.
     struct Look {
         Symbol symbol;
         Symbol withShift;
@@ -35,11 +37,11 @@ private:
         bool modifierOn;
     };
 
-    static Symbol symbolOf(const KbdKey& key, ShiftMask_t modifiers);
+    static Symbol symbolOf(const KeySymbols& symbols, ShiftMask_t modifiers);
     static Look lookAt(const KbdKey& key);
     void tellDifference(const Look& was, const Look& is) const;
     void tell(QAccessible::Event change) const;
 
     KbdKey* key;
-    std::optional<Look> before; // empty where nobody is told
+    std::optional<Look> before; // empty: nothing is told
 };

@@ -11,7 +11,7 @@ namespace {
 constexpr double smallestSize = 4; // pixels
 constexpr double fitMargin = 0.05;
 
-// How much higher than a line of the painter's font one can be that needs no other font.
+// A line this many times as high as the painter's font has a character of another font.
 constexpr double ordinaryLine = 1.1;
 
 struct CapColours {
@@ -63,15 +63,6 @@ double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 
 } // namespace
 
-QString KeyCapPainter::withCaseOf(const QString& text, ShiftMask_t modifiers)
-{
-    if (!(modifiers & x11::lockMask) || text.size() != 1)
-        return text;
-    const QString changed = (modifiers & x11::shiftMask) ? text.toLower() : text.toUpper();
-    // A sharp s has no capital of one character: the key goes on typing what it shows.
-    return changed.size() == 1 ? changed : text;
-}
-
 double KeyCapPainter::border(const KeyShape& shape)
 {
     return std::min(shape.width, shape.height) / 10;
@@ -98,7 +89,7 @@ void KeyCapPainter::drawFace(const QPolygon& polygon, const QRectF& rectangle)
         painter->drawPolygon(polygon);
 }
 
-void KeyCapPainter::drawDeadCell(const QRectF& cell)
+void KeyCapPainter::drawDeadGround(const QRectF& cell)
 {
     painter->setPen(Qt::NoPen);
     painter->setBrush(keyColour(KeyColour::TopDead, scheme));
@@ -109,21 +100,24 @@ void KeyCapPainter::drawDeadCell(const QRectF& cell)
 
 void KeyCapPainter::drawLabel(const CapLabel& label)
 {
-    if (label.text == QLatin1StringView("Void") || label.text == QLatin1StringView("None"))
+    if (label.onDeadGround)
+        drawDeadGround(label.cell);
+    const QString& text = label.text;
+    if (text == QLatin1StringView("Void") || text == QLatin1StringView("None"))
         return;
 
-    const QString text = withCaseOf(label.text, label.modifiers);
     QRectF room = textRectangle(label.cell);
     painter->setPen(keyColour(label.colour, scheme));
     double factor = fit(text, label.size, room);
     if (!shape.outline.isEmpty() && !isOnCap(placeOf(text, room, factor))) {
-        room.setLeft(room.left() + capEdgeBelow(room.bottom()));
+        room.setLeft(room.left() + capEdgeAt(room.bottom()));
         factor = fit(text, label.size, room);
     }
     drawText(text, room, factor);
 }
 
-// Sets the painter's font to the size and says by what the text must be made smaller to fit.
+// Sets the painter's font to the size and returns the factor by which the text must be scaled to
+// fit the room; 1 where it fits.
 double KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
 {
     const int pixels = std::max(1, static_cast<int>(size));
@@ -139,9 +133,10 @@ double KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
     return std::trunc(fittingSize(size, needed, room.size())) / pixels;
 }
 
-// The lines of a font that stands in for a missing character can be several times as high as the
-// character, and a mark has no width at all. Such a sign is measured by its ink: the rectangle,
-// from the point where it is drawn, of the ink and of a line of the painter's own font.
+// Where the painter's font lacks a character Qt takes another font, whose lines can be several
+// times as high as the character; and a mark for another letter has no width at all. Such a
+// character is measured by its ink. The rectangle, relative to the point where the text is drawn,
+// covers the ink and the height of a line of the painter's own font. Nothing for all other texts.
 std::optional<QRectF> KeyCapPainter::signOfOtherFont(const QString& text, const QRectF& room) const
 {
     if (text.size() != 1)
@@ -150,7 +145,7 @@ std::optional<QRectF> KeyCapPainter::signOfOtherFont(const QString& text, const 
     const QSizeF line = painter->boundingRect(room, alignment(text), text).size();
     if (line.width() > 0 && line.height() < ordinaryLine * metrics.height())
         return std::nullopt;
-    // The toolkit's own rectangles leave out marks and what they stand on.
+    // Qt's bounding rectangles of a text leave out marks and the dotted circle under a mark.
     QPainterPath ink;
     ink.addText(0, 0, painter->font(), text);
     QRectF sign = ink.boundingRect();
@@ -168,8 +163,8 @@ QRectF KeyCapPainter::placeOf(const QString& text, const QRectF& room, double fa
     return {room.topLeft() + (place.topLeft() - room.topLeft()) * factor, place.size() * factor};
 }
 
-// A smaller size is drawn by scaling: another font for every size would cost the toolkit a search
-// through all fonts for each, most of what the first picture takes.
+// A smaller text is drawn by scaling the painter: with a font for each size Qt would search all
+// fonts again for each, which takes most of the time until the first picture.
 void KeyCapPainter::drawText(const QString& text, const QRectF& room, double factor)
 {
     const QTransform before = painter->transform();
@@ -194,9 +189,8 @@ bool KeyCapPainter::isOnCap(const QRectF& place) const
     return cap.contains(place);
 }
 
-// How far the outline is drawn in at the left where the label stands: the lower part of an L-shaped
-// Return is the narrower one.
-double KeyCapPainter::capEdgeBelow(double y) const
+// The left edge of the outline at height y: the lower part of an L-shaped Return is narrower.
+double KeyCapPainter::capEdgeAt(double y) const
 {
     const QRect line(0, static_cast<int>(y), static_cast<int>(shape.width), 1);
     return shape.outline.intersected(QPolygon(line)).boundingRect().left();

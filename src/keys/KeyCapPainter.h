@@ -1,6 +1,5 @@
 #pragma once
 
-#include "keys/KbdTypes.h"
 #include "keys/KeyColours.h"
 #include "keys/KeyShape.h"
 
@@ -8,7 +7,7 @@
 
 #include <optional>
 
-// What a cap looks like, whatever stands on it.
+// Which of the caps' colours a cap has.
 enum class CapLook { Normal, Modifier, Dead, Pressed };
 
 // One text on a cap.
@@ -17,10 +16,12 @@ struct CapLabel {
     double size; // pixels in item units, before it is made to fit
     QRectF cell; // item units
     KeyColour colour;
-    ShiftMask_t modifiers = 0; // Lock and Shift change the case of a letter
+    bool onDeadGround = false; // the cell is filled first: a dead key's symbol among several
+
+    friend bool operator==(const CapLabel&, const CapLabel&) = default;
 };
 
-// Draws one key cap in item coordinates. Restores nothing: the caller keeps brush, pen and font.
+// Draws one key cap in item coordinates. Leaves its own brush, pen and font in the painter.
 class KeyCapPainter {
 public:
     KeyCapPainter(QPainter* target, const KeyShape& capShape, ColourScheme colours)
@@ -30,30 +31,24 @@ public:
     {
     }
 
-    // A label of one letter as it is drawn while these modifiers are held: Lock makes a capital of
-    // it, with Shift a small letter.
-    static QString withCaseOf(const QString& text, ShiftMask_t modifiers);
-
     // The border between the outline and the upper face, in item units.
     static double border(const KeyShape& shape);
 
     void drawCap(CapLook look);
 
-    // The ground of a dead key's label among several.
-    void drawDeadCell(const QRectF& cell);
-
-    // Made smaller until it fits its cell, to four pixels at the least. "Void" and "None" are the
-    // labels of keysyms that stand for nothing: they are left out.
+    // Draws the text smaller where its cell has no room for it, in four pixels at the least. "Void"
+    // and "None" are the labels of keysyms that stand for nothing: these texts are left out.
     void drawLabel(const CapLabel& label);
 
 private:
+    void drawDeadGround(const QRectF& cell);
     void drawFace(const QPolygon& polygon, const QRectF& rectangle);
     double fit(const QString& text, double size, const QRectF& room);
     std::optional<QRectF> signOfOtherFont(const QString& text, const QRectF& room) const;
     QRectF placeOf(const QString& text, const QRectF& room, double factor) const;
     void drawText(const QString& text, const QRectF& room, double factor);
     bool isOnCap(const QRectF& place) const;
-    double capEdgeBelow(double y) const;
+    double capEdgeAt(double y) const;
 
     QPainter* painter;
     const KeyShape& shape;

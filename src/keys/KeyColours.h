@@ -2,9 +2,10 @@
 
 #include <QColor>
 
-// The two colour schemes of the picture, as values of KbdKey's colour scheme.
+// The two colour schemes of the picture; the print mode is handed down as one of these numbers.
 enum class ColourScheme : unsigned char { OnScreen = 0, OnPaper = 1 };
 
+// What a colour of a key is used for.
 enum class KeyColour {
     BodyNormal,
     TopNormal,
@@ -15,7 +16,7 @@ enum class KeyColour {
     BodyPressed,
     TopPressed,
     TextModifierOn,
-    TextOffPosition,
+    TextOffPosition, // a symbol for which the cap with several symbols has no place
     TextDead,
     TextNormal,
 };

@@ -1,5 +1,17 @@
 #include "keys/KeyDetails.h"
 
+#include "keys/KeySymbols.h"
+#include "x11/X11.h"
+
+QString KeyDetails::of(const KeySymbols& symbols)
+{
+    KeyDetails details(symbols.name(), symbols.x11Keycode());
+    for (const LayoutSymbol& symbol : symbols.layoutSymbols())
+        details.addSymbol(symbol);
+    details.addModifier(symbols.keyType(), symbols.keyModifiers());
+    return details.text();
+}
+
 KeyDetails::KeyDetails(const QString& keyName, KeyCode keycode)
     : details(tr("Details about this key:"))
 {
@@ -10,13 +22,13 @@ KeyDetails::KeyDetails(const QString& keyName, KeyCode keycode)
         + QLatin1Char('\n') + tr("Key symbol table:");
 }
 
-void KeyDetails::addSymbol(const SymbolDetails& symbol)
+void KeyDetails::addSymbol(const LayoutSymbol& symbol)
 {
-    // Label and names may hold a "%1" of their own, so all texts go in at once.
-    const QString group = QString::number(symbol.group);
+    // Label and names may hold a "%1" of their own, so one call of arg replaces them all.
+    const QString layout = QString::number(symbol.layout);
     const QString keysym = QStringLiteral("%1").arg(static_cast<uint>(symbol.keysym), 2, 16);
     details += tr("\n   symbol[%1,%2]=0x%3=%4=%5")
-                   .arg(group, symbol.levelName, keysym, symbol.keysymName, symbol.label);
+                   .arg(layout, symbol.levelName, keysym, symbol.keysymName, symbol.label);
 }
 
 void KeyDetails::addModifier(KeyType_t type, ShiftMask_t mask)

@@ -1,30 +1,27 @@
 #pragma once
 
 #include "keys/KbdTypes.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QCoreApplication>
 #include <QString>
 
-// One symbol of a key, as its details name it.
-struct SymbolDetails {
-    int group; // from 0
-    QString levelName;
-    KeySym keysym;
-    QString keysymName; // empty when X11 has no name for it
-    QString label;
-};
+class KeySymbols;
+struct LayoutSymbol;
 
-// The text that describes a key to someone who looks closer: its X11 identity, its symbols and
-// what it does. Built piece by piece in the order of the functions.
+// The text of a key's tool tip: its X11 identity, its symbols and what it does to the modifiers.
+// Built piece by piece in the order of the functions.
 class KeyDetails {
-    // The texts belong to the key's own.
+    // Translators find these texts under the item's name.
     Q_DECLARE_TR_FUNCTIONS(KbdKey)
 
 public:
+    // The whole text.
+    static QString of(const KeySymbols& symbols);
+
     KeyDetails(const QString& keyName, KeyCode keycode);
 
-    void addSymbol(const SymbolDetails& symbol);
+    void addSymbol(const LayoutSymbol& symbol);
 
     // Adds nothing for a key that neither sets nor locks modifiers.
     void addModifier(KeyType_t type, ShiftMask_t mask);

@@ -1,5 +1,7 @@
 #include "keys/KeyLevels.h"
 
+#include "x11/X11.h"
+
 #include <algorithm>
 
 namespace {
@@ -66,8 +68,8 @@ CapLevels capLevels(const XkbKeyTypeRec& type, ShiftMask_t level3Mask)
     CapLevels found;
     for (int i = 0; i < type.map_count; ++i) {
         const XkbKTMapEntryRec& entry = type.map[i];
-        // An entry whose virtual modifier is bound to nothing never applies, but its remaining
-        // modifiers could pass for one that does.
+        // An entry whose virtual modifier is bound to nothing never applies, but what is left of
+        // its mask could look like one of the masks below.
         if (!entry.active)
             continue;
         const int modifiers = entry.mods.mask & (level3Mask | shift);

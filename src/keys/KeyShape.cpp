@@ -1,5 +1,7 @@
 #include "keys/KeyShape.h"
 
+#include "x11/X11.h"
+
 namespace {
 
 QPolygon polygonOf(const XkbOutlineRec& outline)

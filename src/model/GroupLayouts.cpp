@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int longestVariant = 1000; // characters that are cut from an opening parenthesis on
+constexpr int longestVariant = 1000; // characters, cut off from the opening parenthesis on
 
 } // namespace
 
@@ -37,7 +37,7 @@ GroupNames groupNamesOf(const QString& symbolsName, int groupCount)
     GroupNames names{QStringList(groupCount), QStringList(groupCount)};
     const QStringList parts = symbolsName.split(QLatin1Char('+'));
     for (const QString& text : parts) {
-        // The rules put the layouts between these two, and what options add behind them.
+        // XKB's rules write "pc", the layouts, "inet", and then the parts that options add.
         if (text == QLatin1StringView("pc"))
             continue;
         if (text.startsWith(QLatin1StringView("inet")))

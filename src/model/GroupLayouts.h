@@ -3,9 +3,9 @@
 #include <QString>
 #include <QStringList>
 
-// The layout names in a keymap's symbols name such as "pc+us+de(nodeadkeys)+inet(evdev)", one for
-// each group, without variants and without the multimedia part. What options add to the symbols
-// name ("compose(ralt)") stays at the end of the list, a group suffix ("de:2") with its name.
+// The layout names in a keymap's symbols name such as "pc+us+de(nodeadkeys)+inet(evdev)": one for
+// each group, without variants and without the multimedia part ("inet"). The parts that options add
+// ("compose(ralt)") follow as if they were layouts, and a group suffix ("de:2") is kept.
 QStringList groupLayoutsOf(const QString& symbolsName);
 
 // The layout and variant of each group, as parallel lists.
@@ -14,6 +14,6 @@ struct GroupNames {
     QStringList variants;
 };
 
-// What a keymap's symbols name tells of its groups: exactly groupCount elements each, empty where
-// it names nothing for a group.
+// The layout and variant that a keymap's symbols name has for each group: lists of groupCount
+// elements, empty for a group that has no layout in the name.
 GroupNames groupNamesOf(const QString& symbolsName, int groupCount);

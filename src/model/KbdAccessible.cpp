@@ -42,7 +42,7 @@ KbdGeometry* KbdAccessible::view() const
 QList<KbdKey*> KbdAccessible::keys() const
 {
     QList<KbdKey*> result = view() ? view()->keyItems() : QList<KbdKey*>();
-    result.removeIf([](const KbdKey* key) { return key->groupCount() == 0; });
+    result.removeIf([](const KbdKey* key) { return key->symbols().groupCount() == 0; });
     std::sort(result.begin(), result.end(), isReadBefore);
     return result;
 }
@@ -71,7 +71,7 @@ QAccessibleInterface* KbdAccessible::childAt(int x, int y) const
         view()->viewport()->rect().contains(point) ? view()->items(point) : QList<QGraphicsItem*>();
     for (QGraphicsItem* item : items) {
         auto* key = dynamic_cast<KbdKey*>(item);
-        if (key && key->groupCount() != 0)
+        if (key && key->symbols().groupCount() != 0)
             return QAccessible::queryAccessibleInterface(key);
     }
     return nullptr;

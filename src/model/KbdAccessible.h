@@ -15,15 +15,15 @@ class KbdAccessible : public QAccessibleWidget {
 public:
     explicit KbdAccessible(KbdGeometry* geometry);
 
-    // Has the toolkit ask for this class, and for KeyAccessible, when assistive technology comes to
-    // a picture. Until then nothing is made. Does nothing the second time.
+    // Makes Qt create this class, and KeyAccessible, when assistive technology first asks for a
+    // picture or a key. Another call changes nothing.
     static void install();
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
 
-    // The key that a click at this pixel of the screen hits; null beside the keys.
+    // The key that a click at this pixel of the screen hits; null where there is none.
     QAccessibleInterface* childAt(int x, int y) const override;
 
 private:

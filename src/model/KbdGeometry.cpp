@@ -1,113 +1,156 @@
-// The picture as a view: how it comes and goes, is looked at and clicked.
-
 #include "model/KbdGeometry.h"
 
-#include "keys/GeometryColours.h"
+#include "app/description/KeyboardSettings.h"
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
-#include "keys/KbdLabelTable.h"
 #include "model/KbdAccessible.h"
-#include "model/KeySender.h"
+#include "model/KeyboardItems.h"
+#include "model/LoadedKeyboard.h"
+#include "x11/CoreKeyboard.h"
+#include "x11/X11.h"
+#include "x11/qt/KeySender.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QCoreApplication>
-#include <QGraphicsRectItem>
-#include <QGraphicsTextItem>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QWindow>
 
 #include <utility>
 
 namespace {
 
-bool hasXTest(Display* display)
+void setUp(QGraphicsView& view)
 {
-    int event = 0;
-    int error = 0;
-    int major = 0;
-    int minor = 0;
-    return XTestQueryExtension(display, &event, &error, &major, &minor);
+    view.setFocusPolicy(Qt::NoFocus);
+    view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view.setFrameShape(QFrame::NoFrame);
+    // The window's own background shows through; on paper there is none.
+    view.viewport()->setAutoFillBackground(false);
+    view.setRenderHints(
+        QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+}
+
+void fitPicture(QGraphicsView& view)
+{
+    view.fitInView(view.sceneRect(), Qt::KeepAspectRatio);
+}
+
+void connectKey(const KbdKey* key, KbdGeometry* view)
+{
+    using View = KbdGeometry;
+    QObject::connect(key, &KbdKey::modifierPressed, view, &View::modifierPressed);
+    QObject::connect(key, &KbdKey::modifierReleased, view, &View::modifierReleased);
+    QObject::connect(key, &KbdKey::virtualKeyPress, view, &View::gotVirtualKeyPress);
+    QObject::connect(key, &KbdKey::virtualKeyRelease, view, &View::gotVirtualKeyRelease);
+    QObject::connect(key, &KbdKey::mouseKeyPressOut, view, &View::synthesizeKeyPress);
+    QObject::connect(key, &KbdKey::mouseKeyReleaseOut, view, &View::synthesizeKeyRelease);
+}
+
+void connectItems(const KeyboardItems& items, KbdGeometry* view)
+{
+    for (const KbdKey* key : items.allKeys())
+        connectKey(key, view);
+    for (const KbdDoodad* doodad : items.allDoodads()) {
+        QObject::connect(view, &KbdGeometry::newScale, doodad, &KbdDoodad::setScale);
+        if (items.isFlag(doodad))
+            QObject::connect(
+                view, &KbdGeometry::newFlagFilename, doodad, &KbdDoodad::setFlagFilename);
+    }
+}
+
+void enterKeys(const KeyboardItems& items, ModifierState& state)
+{
+    for (const KbdKey* key : items.allKeys())
+        state.addKey({key->x11Keycode(), key->symbols().keyType(), key->symbols().modifierName()});
+}
+
+void lightIndicators(const KeyboardItems& items, const ModifierState& state)
+{
+    for (const Lock lock : allLocks) {
+        if (KbdDoodad* indicator = items.indicatorOf(lock))
+            indicator->setActive(state.isOn(lock));
+    }
 }
 
 } // namespace
 
-KbdGeometry::KbdGeometry( // NOLINT(readability-function-size): the settings stand side by side
+KbdGeometry::KbdGeometry( // NOLINT(readability-function-size): the parameters are given
     QString model, QString layout, QString variant, QString options, XkbComponentNamesRec* names,
+    bool wantXTest, QWidget* parent)
+    : KbdGeometry({model, layout, variant, options}, *names, wantXTest, parent)
+{
+}
+
+KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNamesRec& names,
     bool wantXTest, QWidget* parent)
     : QGraphicsView(parent)
     , keyboardScene(new QGraphicsScene(this))
 {
-    setUpView();
+    setUp(*this);
     KbdAccessible::install();
-
-    openDisplay();
-    useXTest = wantXTest && hasXTest(xDisplay->xDisplay());
-    loadKeyboard({model, layout, variant, options}, *names);
-
+    load(settings, names, wantXTest);
+    connectItems(*keyboardItems, this);
+    enterKeys(*keyboardItems, modifierState);
+    showModifiers();
+    lightIndicators(*keyboardItems, modifierState);
     setScene(keyboardScene);
-    fitPicture();
+    fitPicture(*this);
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { sender->releaseAll(); });
 }
 
-void KbdGeometry::setUpView()
-{
-    setFocusPolicy(Qt::NoFocus);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFrameShape(QFrame::NoFrame);
-    viewport()->setAutoFillBackground(false); // the window's own ground shows, and none on paper
-    setRenderHints(
-        QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-}
+// The sender goes before the items: no key may stay pressed in the server whose release can no
+// longer come.
+KbdGeometry::~KbdGeometry() = default;
 
-KbdGeometry::~KbdGeometry()
+void KbdGeometry::load(
+    const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest)
 {
-    // Before the keys: the server must not keep one pressed whose release can no longer come.
-    sender->releaseAll();
+    Display* display = toolkitDisplay();
+    server = std::make_unique<const CoreKeyboard>(display);
+    if (!server->hasXkb())
+        throw NoXkb;
+    useXTest = wantXTest && server->hasXTest();
+    std::optional<LoadedKeyboard> loaded = loadKeyboard(display, names, settings);
+    if (!loaded)
+        throw NoDescription;
+    keyboard = std::make_unique<const LoadedKeyboard>(std::move(*loaded));
 
-    const QList<QGraphicsItem*> items = keyboardScene->items();
-    for (QGraphicsItem* item : items)
-        keyboardScene->removeItem(item);
-    qDeleteAll(std::exchange(keys, {})); // nobody finds one of them half gone
-    qDeleteAll(doodads);
-    delete modelText;
-    delete layoutText;
-    delete variantText;
-    delete optionsText;
-    delete background;
-}
-
-QString KbdGeometry::symbolsName() const
-{
-    return xDisplay->atomName(xkb->names->symbols);
-}
-
-int KbdGeometry::keymapGroupCount() const
-{
-    int groups = 1;
-    for (int code = xkb->min_key_code; code <= xkb->max_key_code; ++code)
-        groups = std::max<int>(groups, XkbKeyNumGroups(xkb, code));
-    return groups;
+    modifierState = ModifierState(keyboard->modifierMasks);
+    const KeyboardState state = server->state();
+    modifierState.startWith(state.lockedModifiers);
+    groupAtLoad = state.lockedGroup;
+    keyboardItems = std::make_unique<KeyboardItems>(
+        *keyboard, settings, modifierState.lockMask(), keyboardScene);
+    sender = std::make_unique<KeySender>(display, this);
 }
 
 QStringList KbdGeometry::groupNames() const
 {
-    QStringList names;
-    for (const Atom name : xkb->names->groups) {
-        if (name != x11::none)
-            names << xDisplay->atomName(name);
-    }
-    return names;
+    return keyboard->groupNames;
 }
 
-void KbdGeometry::fitPicture()
+QStringList KbdGeometry::groupLayouts() const
 {
-    fitInView(keyboardScene->sceneRect(), Qt::KeepAspectRatio);
+    return keyboard->groupLayouts;
+}
+
+// Assistive technology may ask while the items are being made or deleted.
+QList<KbdKey*> KbdGeometry::keyItems() const
+{
+    return keyboardItems ? keyboardItems->allKeys() : QList<KbdKey*>();
+}
+
+QList<KbdDoodad*> KbdGeometry::doodadItems() const
+{
+    return keyboardItems->allDoodads();
 }
 
 void KbdGeometry::resizeEvent(QResizeEvent* event)
 {
     QGraphicsView::resizeEvent(event);
-    fitPicture();
+    fitPicture(*this);
     emit newScale(viewportTransform().m11());
 }
 
@@ -118,7 +161,7 @@ void KbdGeometry::showEvent(QShowEvent* event)
         handle->installEventFilter(this);
 }
 
-// Another program may take the window off the screen without the toolkit hiding it.
+// Another program may take the window off the screen without Qt hiding it.
 bool KbdGeometry::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* handle = qobject_cast<QWindow*>(watched);
@@ -127,33 +170,29 @@ bool KbdGeometry::eventFilter(QObject* watched, QEvent* event)
     return QGraphicsView::eventFilter(watched, event);
 }
 
-// The release of a button that is down while the picture goes away never arrives.
+// A button that is down while the picture goes away is never reported as released.
 void KbdGeometry::hideEvent(QHideEvent* event)
 {
     sender->releaseAll();
     QGraphicsView::hideEvent(event);
 }
 
-void KbdGeometry::mousePressEvent(QMouseEvent* event)
+bool KbdGeometry::viewportEvent(QEvent* event)
 {
-    lastInputTime = event->timestamp();
-    QGraphicsView::mousePressEvent(event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+        lastInputTime = static_cast<QMouseEvent*>(event)->timestamp();
+        break;
+    default:
+        break;
+    }
+    return QGraphicsView::viewportEvent(event);
 }
 
-void KbdGeometry::mouseReleaseEvent(QMouseEvent* event)
-{
-    lastInputTime = event->timestamp();
-    QGraphicsView::mouseReleaseEvent(event);
-}
-
-void KbdGeometry::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    lastInputTime = event->timestamp();
-    QGraphicsView::mouseDoubleClickEvent(event);
-}
-
-// No event of the server's comes with these, but two keys of the same time pass for one that
-// repeats itself.
+// No mouse event brings a time here, but of two strokes with one time Qt takes the second for a
+// repeated key.
 void KbdGeometry::click(KbdKey* key)
 {
     ++lastInputTime;
@@ -164,21 +203,21 @@ void KbdGeometry::click(KbdKey* key)
 
 void KbdGeometry::setPrintMode(quint8 print)
 {
-    for (KbdKey* key : std::as_const(keys))
+    for (KbdKey* key : keyboardItems->allKeys())
         key->setColourScheme(static_cast<ColourScheme>(print));
-    for (KbdDoodad* doodad : std::as_const(doodads))
+    for (KbdDoodad* doodad : keyboardItems->allDoodads())
         doodad->setWhite(print);
+}
+
+void KbdGeometry::setMultishiftDisplay(bool isMulti)
+{
+    for (KbdKey* key : keyboardItems->allKeys())
+        key->setMultipleCharacters(isMulti);
 }
 
 void KbdGeometry::setFlagFilename(QString filename)
 {
     emit newFlagFilename(filename);
-}
-
-void KbdGeometry::setMultishiftDisplay(bool isMulti)
-{
-    for (KbdKey* key : std::as_const(keys))
-        key->setMultipleCharacters(isMulti);
 }
 
 void KbdGeometry::gotVirtualKeyPress(QString& symbol, QString& desc)
@@ -189,4 +228,133 @@ void KbdGeometry::gotVirtualKeyPress(QString& symbol, QString& desc)
 void KbdGeometry::gotVirtualKeyRelease(QString& symbol, QString& desc)
 {
     emit virtualKeyRelease(symbol, desc);
+}
+
+void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
+{
+    if (sender->isEcho(*event))
+        return;
+    // A lock is not written back to the server: that would undo what the user has done there since.
+    const QScopedValueRollback reporting(takesServersLock, true);
+    if (KbdKey* key = keyboardItems->keyOf(static_cast<KeyCode>(event->keycode)))
+        key->keyPressEventIn(static_cast<ShiftMask_t>(event->state));
+}
+
+void KbdGeometry::x11KeyReleaseEventIn(XKeyEvent* event)
+{
+    if (sender->isEcho(*event))
+        return;
+    if (KbdKey* key = keyboardItems->keyOf(static_cast<KeyCode>(event->keycode)))
+        key->keyReleaseEventIn(static_cast<ShiftMask_t>(event->state));
+}
+
+void KbdGeometry::releasePhysicalKeys()
+{
+    sender->forgetEchoes();
+    for (KbdKey* key : keyboardItems->allKeys()) {
+        if (key->isPressed())
+            key->keyReleaseEventIn();
+    }
+}
+
+void KbdGeometry::modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask)
+{
+    modifierState.press(keycode, mask);
+    adjustModifierState(type, mask);
+}
+
+void KbdGeometry::modifierReleased(KeyCode keycode, KeyType_t type, ShiftMask_t mask)
+{
+    if (modifierState.release(keycode, mask))
+        adjustModifierState(type, mask);
+}
+
+void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
+{
+    modifierState.recompute();
+    showModifiers();
+    if (type != XkbSA_LockMods)
+        return;
+    if (!takesServersLock)
+        server->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
+    switchIndicator(mask);
+}
+
+void KbdGeometry::showModifiers()
+{
+    for (KbdKey* key : keyboardItems->allKeys())
+        key->setCurrentModifiers(modifierState.modifiers());
+}
+
+// Switches one lamp only, also where the mask belongs to more than one lock.
+void KbdGeometry::switchIndicator(ShiftMask_t mask)
+{
+    for (const Lock lock : modifierState.locksWith(mask)) {
+        if (KbdDoodad* indicator = keyboardItems->indicatorOf(lock))
+            return indicator->setActive(modifierState.modifiers() & mask);
+    }
+}
+
+void KbdGeometry::x11LockStateChangedIn()
+{
+    const KeyboardState state = server->state();
+    const QList<ShiftMask_t> changed = modifierState.followLocks(state.lockedModifiers);
+    if (!changed.isEmpty())
+        showModifiers();
+    for (const ShiftMask_t mask : changed)
+        switchIndicator(mask);
+
+    if (state.lockedGroup == group() || !serverHasThisManyGroups())
+        return;
+    showGroup(state.lockedGroup);
+    if (groupObserver)
+        groupObserver(state.lockedGroup);
+}
+
+void KbdGeometry::setGroupNum(KeyGroup_t groupNum)
+{
+    server->lockGroup(groupNum);
+    showGroup(groupNum);
+}
+
+void KbdGeometry::showGroup(KeyGroup_t groupNum)
+{
+    modifierState.setGroup(groupNum);
+    for (KbdKey* key : keyboardItems->allKeys())
+        key->setSelectedGroup(groupNum);
+}
+
+void KbdGeometry::x11NewKbdEventIn()
+{
+    server->lockGroup(group());
+}
+
+KeyGroup_t KbdGeometry::firstGroup() const
+{
+    return groupAtLoad != 0 && serverHasThisManyGroups() ? groupAtLoad : group();
+}
+
+// If not, the server has another keyboard than the one shown, whose groups are others.
+bool KbdGeometry::serverHasThisManyGroups() const
+{
+    return server->groupCount() == keyboard->groupCount;
+}
+
+void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
+{
+    if (!useXTest)
+        return sender->sendEvent(
+            x11::keyPress, {x11Keycode, modifierState.eventState(), lastInputTime});
+    // Without a held modifier the server need not be asked.
+    const bool isAnyHeld = modifierState.heldModifiers() != 0;
+    sender->pressThroughXTest(x11Keycode,
+        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>());
+}
+
+void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)
+{
+    if (!useXTest)
+        return sender->sendEvent(
+            x11::keyRelease, {x11Keycode, modifierState.eventState(), lastInputTime});
+    sender->releaseThroughXTest(x11Keycode);
 }

@@ -1,33 +1,28 @@
 #pragma once
 
-#include "app/description/XDisplayClass.h"
 #include "keys/KbdTypes.h"
-#include "keys/KeyColours.h"
-#include "model/GroupLayouts.h"
-#include "model/KeyPlacement.h"
-#include "model/XkbDescription.h"
+#include "model/ModifierState.h"
+#include "x11/X11.h"
 
 #include <QGraphicsView>
-#include <QHash>
-#include <QList>
-#include <QMap>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <utility>
 
-class GeometryColours;
+class CoreKeyboard;
 class KbdDoodad;
 class KbdKey;
-class KbdLabelTable;
+class KeyboardItems;
 class KeySender;
-class QGraphicsRectItem;
-class QGraphicsTextItem;
-struct KeyContext;
+struct KeyboardSettings;
+struct LoadedKeyboard;
 
-// The keyboard model and its picture: loads a keyboard from the X server, draws it, follows the
-// modifiers, locks and group of the real one, and types the keys that are clicked.
-// Scene units are tenths of a millimetre.
+// The picture of a keyboard: shows the keyboard that the X server gives, follows the modifiers,
+// locks and group of the real one, and has the keys typed that are clicked.
+// Scene units are tenths of a millimetre. Signals and slots, their order, and the names that end in
+// In and Out are given.
 class KbdGeometry : public QGraphicsView {
     Q_OBJECT
 
@@ -37,78 +32,69 @@ public:
         NoDescription = 2, // it gives no keyboard, or none with a geometry, for these names
     };
 
-    // The settings are shown as captions; layout and variant, comma separated, also choose the
-    // language of the labels. names is only read. wantXTest: clicked keys go through XTest where
-    // the server has it, else as events sent to the focused window.
-    // Throws ExceptionType.
+    // The settings are shown as captions; layout and variant also choose the language of the
+    // labels. wantXTest: clicked keys go through XTest where the server has it, else as events sent
+    // to the focused window. Throws ExceptionType.
+    KbdGeometry(const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest,
+        QWidget* parent);
+
+    // The same with the parameters that are given. names is borrowed and only read.
     KbdGeometry(QString model, QString layout, QString variant, QString options,
         XkbComponentNamesRec* names, bool wantXTest, QWidget* parent);
     ~KbdGeometry() override;
     Q_DISABLE_COPY(KbdGeometry)
 
-    // The keymap's descriptions of its groups, untranslated, one for each group.
+    // The keymap's descriptions of its groups, untranslated, and the layouts of its symbols name.
     QStringList groupNames() const;
+    QStringList groupLayouts() const;
 
-    // The layout names in the keymap's symbols name.
-    QStringList groupLayouts() const { return layoutsOfGroups; }
+    // Owned by this view: the keys in the order of their XKB names, the doodads in the geometry's.
+    QList<KbdKey*> keyItems() const;
+    QList<KbdDoodad*> doodadItems() const;
 
-    // Every key in the order of their XKB names, and every doodad in that of the geometry; owned by
-    // this view.
-    QList<KbdKey*> keyItems() const { return keys; }
-    QList<KbdDoodad*> doodadItems() const { return doodads; }
+    void click(KbdKey* key); // what a click of the mouse does: presses and releases it
 
-    // Presses and releases a key of this view as a click of the mouse does.
-    void click(KbdKey* key);
-
-    // The modifiers that are held or locked, and the group that is shown (from 0).
-    ShiftMask_t modifiers() const { return modifierState; }
-    KeyGroup_t group() const { return groupNum; }
+    // The modifiers that are held or locked, and the group that is shown.
+    ShiftMask_t modifiers() const { return modifierState.modifiers(); }
+    KeyGroup_t group() const { return modifierState.group(); }
 
     // 1 takes the colours for paper, 0 those for the screen. Does not repaint.
     void setPrintMode(quint8 print);
 
-    // Tells when another program, or a key, has locked another group of this keyboard in the server
-    // and the picture has followed. The receiver is called on the main thread.
+    // The observer is called on the main thread when another program, or a key, has locked another
+    // group of this keyboard in the server and the picture shows it. No signal: those are given.
     using GroupObserver = std::function<void(KeyGroup_t)>;
     void observeGroup(GroupObserver observer) { groupObserver = std::move(observer); }
 
-    // The group to begin with: that locked in the server when this keyboard was loaded, unless the
-    // server has another keyboard.
+    // To begin with: the group that was locked in the server when this keyboard was loaded, or the
+    // one shown where the server has another keyboard.
     KeyGroup_t firstGroup() const;
 
-    // The physical keyboard is out of sight from now on: keys shown as pressed are let go.
+    // For the time when this program no longer hears of the physical keyboard: shows no key as
+    // pressed.
     void releasePhysicalKeys();
 
-    // Width by height, in units of the scene.
-    QSizeF pictureSize() const { return sceneRect().size(); }
+    QSizeF pictureSize() const { return sceneRect().size(); } // in units of the scene
 
 signals:
-    // A key of the picture went down or up, physically or by a click: its label and the name of its
-    // keysym.
+    // A key went down or up, physically or by a click: its label and the name of its keysym.
     void virtualKeyPress(QString& symbol, QString& desc);
     void virtualKeyRelease(QString& symbol, QString& desc);
 
-    // For the doodad that holds the layout's flag: a file name relative to its directory; empty for
-    // none.
-    void newFlagFilename(QString filename);
-
-    // With every change of the view's size: how many pixels of the screen one unit has.
-    void newScale(qreal scale);
+    void newFlagFilename(QString filename); // see setFlagFilename
+    void newScale(qreal scale); // after every change of size: pixels of the screen in one unit
 
 public slots:
     // The caps carry all their characters, or the active one only.
     void setMultishiftDisplay(bool isMulti);
 
-    // Shows this group and locks it in the server.
-    void setGroupNum(KeyGroup_t groupNum);
+    void setGroupNum(KeyGroup_t groupNum); // shows this group and locks it in the server
 
-    // Type the key, with the modifiers that are held on the picture. Without the XTest extension it
-    // is sent to the window that has the focus.
+    // Type the key, with the modifiers that are held on the picture.
     void synthesizeKeyPress(KeyCode x11Keycode);
     void synthesizeKeyRelease(KeyCode x11Keycode);
 
-    // A physical key went down or up; one that the picture does not have changes nothing. The event
-    // is borrowed and read during the call only.
+    // A physical key went down or up. The event is borrowed and read during the call only.
     void x11KeyPressEventIn(XKeyEvent* event);
     void x11KeyReleaseEventIn(XKeyEvent* event);
 
@@ -118,20 +104,20 @@ public slots:
     // Takes the server's locks over, and its group where its keyboard has as many as this one.
     void x11LockStateChangedIn();
 
-    // Relative to the flag's directory; empty takes the flag away.
+    // Goes on to the doodad that holds the layout's flag, whose directory the name is relative to;
+    // empty takes the flag away.
     void setFlagFilename(QString filename);
 
-    // Works the modifiers out anew from the keys held on the picture and shows them on every key.
-    // After a lock key (XkbSA_LockMods) with this mask, its lock also goes to the server, unless it
-    // comes from there, and its lamp is switched.
+    // Works the modifiers out anew from the keys pressed on the picture and shows them on every
+    // key. For a lock key (type XkbSA_LockMods) it also locks them in the server, unless the server
+    // has told of them, and switches the lamp of the mask.
     void adjustModifierState(KeyType_t type, ShiftMask_t mask);
 
-    // A modifier key of the picture went down or up, physically or by a click. A lock changes with
-    // every press; its release does nothing.
+    // A modifier key went down or up, physically or by a click. Of a lock key only presses count.
     void modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
     void modifierReleased(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
 
-    // A key's report, which goes on as virtualKeyPress and virtualKeyRelease.
+    // Go on as virtualKeyPress and virtualKeyRelease.
     void gotVirtualKeyPress(QString& symbol, QString& desc);
     void gotVirtualKeyRelease(QString& symbol, QString& desc);
 
@@ -140,87 +126,24 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
-    void setUpView();
-    void loadKeyboard(const QStringList& captions, const XkbComponentNamesRec& names);
-    void openDisplay();
-    void learnAtomNames();
-    void readModifiers();
-    void readKeyAliases();
-    void readGroupLayouts(const QString& layout, const QString& variant);
-    void addDoodads();
-    void addDoodad(const XkbDoodadRec& record);
-    void connectDoodad(KbdDoodad* doodad, const QString& name);
-    void addKeys();
-    void addKey(const KeyContext& context, const QByteArray& name, const KeyPlacement& place);
-    void connectKey(const KbdKey* key) const;
-    void pairModifierKeys();
-    void addBackground();
-    void addCaptions(const QStringList& captions);
-    QGraphicsTextItem* addCaption(const QString& text, int x, int y);
-    void lightIndicators();
-
-    QByteArray keymapNameOf(const QByteArray& geometryName) const;
-    int keymapGroupCount() const;
-    QString symbolsName() const;
-    void fitPicture();
-    ShiftMask_t maskOf(const QString& modifier);
-    XkbStateRec serverState() const;
-    bool serverHasThisManyGroups() const;
-    void followLocks(ShiftMask_t locked);
-    void followGroup(KeyGroup_t locked);
-    void showGroup(KeyGroup_t group);
-    ShiftMask_t heldModifiers() const;
-    QList<KeyCode> modifierKeysToPress() const;
-    QList<KeyCode> unnamedKeysHolding(ShiftMask_t modifiers) const;
-    void lockInServer();
-    void expectEchoes(QHash<KeyCode, int>& echoes, const QList<KeyCode>& modifierKeys) const;
+    void load(const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest);
+    void showModifiers();
     void switchIndicator(ShiftMask_t mask);
-    void sendEvent(int type, KeyCode keycode);
+    void showGroup(KeyGroup_t group);
+    bool serverHasThisManyGroups() const;
 
-    std::unique_ptr<XDisplayClass> xDisplay;
-    Window rootWindow = 0;
-    XkbDescription xkb;
-    std::unique_ptr<GeometryColours> colours;
+    std::unique_ptr<const CoreKeyboard> server;
+    std::unique_ptr<const LoadedKeyboard> keyboard;
     QGraphicsScene* keyboardScene;
-    KeyGroup_t groupNum = 0;
-    std::unique_ptr<KbdLabelTable> labelTable;
-    QHash<QByteArray, QByteArray> keyAliases; // real key name by alias
-    QList<KbdKey*> keys; // owned; in the order of their names
-    QList<KbdDoodad*> doodads; // owned; in the order of the geometry
-    QGraphicsTextItem* modelText = nullptr;
-    QGraphicsTextItem* layoutText = nullptr;
-    QGraphicsTextItem* variantText = nullptr;
-    QGraphicsTextItem* optionsText = nullptr;
-    QGraphicsRectItem* background = nullptr;
-    QHash<KeyCode, KbdKey*> keysByKeycode;
-    ShiftMask_t modifierState = 0;
-    ShiftMask_t lockModifiers = 0;
-    QMap<QString, ShiftMask_t> modifierMasks; // real modifiers by modifier name
-    QMap<QString, KeyCode> modifierKeycodes; // by modifier name; 0 where the picture has no key
-    // By the modifier key of the picture; a lock that has none stands under a number below every
-    // key code.
-    QHash<KeyCode, ShiftMask_t> pressedModifiers;
-    // The picture takes over a lock that the server has already. Written back, it would undo what
-    // the user has done there since.
-    bool followsServer = false;
-    KbdDoodad* numLockIndicator = nullptr;
-    KbdDoodad* capsLockIndicator = nullptr;
-    KbdDoodad* scrollLockIndicator = nullptr;
-    QStringList layoutsOfGroups;
-    GroupNames labelNames; // layout and variant whose labels each group wears
-    KeyPlacements placements;
-    bool useXTest = false;
-    std::unique_ptr<KeySender> sender;
-    GroupObserver groupObserver;
+    std::unique_ptr<KeyboardItems> keyboardItems; // below what it borrows
+    std::unique_ptr<KeySender> sender; // goes first and releases what it holds
+    ModifierState modifierState;
     KeyGroup_t groupAtLoad = 0; // locked in the server
-    // Of modifier keys pressed and released around a clicked key while this window has the focus,
-    // how many events are still to come back: they are not the user's.
-    QHash<KeyCode, int> pressEchoes;
-    QHash<KeyCode, int> releaseEchoes;
+    bool useXTest = false;
+    bool takesServersLock = false; // a physical key is going down, whose lock the server has set
     Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
+    GroupObserver groupObserver;
 };

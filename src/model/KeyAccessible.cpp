@@ -6,14 +6,9 @@
 
 namespace {
 
-bool isToggle(const KbdKey& key)
+QString nameWith(const KeySymbols& symbols, ShiftMask_t modifiers)
 {
-    return key.keyType() != 0;
-}
-
-QString nameWith(const KbdKey& key, ShiftMask_t modifiers)
-{
-    return spokenName(key.keysymWith(modifiers), key.labelWith(modifiers));
+    return spokenName(symbols.keysymWith(modifiers), symbols.labelWith(modifiers));
 }
 
 } // namespace
@@ -49,22 +44,23 @@ QString KeyAccessible::text(QAccessible::Text kind) const
     if (!key())
         return {};
     if (kind == QAccessible::Name)
-        return nameWith(*key(), key()->shownModifiers());
+        return nameWith(key()->symbols(), key()->state().currentModifiers);
     return kind == QAccessible::Description ? description() : QString();
 }
 
 QString KeyAccessible::description() const
 {
-    const ShiftMask_t modifiers = key()->shownModifiers();
-    const QString shifted = nameWith(*key(), modifiers | x11::shiftMask);
-    if (shifted != nameWith(*key(), modifiers))
+    const KeySymbols& symbols = key()->symbols();
+    const ShiftMask_t modifiers = key()->state().currentModifiers;
+    const QString shifted = nameWith(symbols, modifiers | x11::shiftMask);
+    if (shifted != nameWith(symbols, modifiers))
         return tr("with Shift: %1").arg(shifted);
     return tr("key %1").arg(key()->name());
 }
 
 QAccessible::Role KeyAccessible::role() const
 {
-    return key() && isToggle(*key()) ? QAccessible::CheckBox : QAccessible::Button;
+    return key() && key()->symbols().isModifier() ? QAccessible::CheckBox : QAccessible::Button;
 }
 
 QAccessible::State KeyAccessible::state() const
@@ -75,7 +71,7 @@ QAccessible::State KeyAccessible::state() const
         return result;
     result.invisible = !view()->isVisible();
     result.disabled = !view()->isEnabled();
-    result.checkable = isToggle(*key());
+    result.checkable = key()->symbols().isModifier();
     result.checked = key()->isModifierOn();
     result.pressed = key()->isPressed();
     return result;
@@ -98,7 +94,7 @@ void* KeyAccessible::interface_cast(QAccessible::InterfaceType type)
 
 QStringList KeyAccessible::actionNames() const
 {
-    if (key() && isToggle(*key()))
+    if (key() && key()->symbols().isModifier())
         return {toggleAction(), pressAction()};
     return {pressAction()};
 }

@@ -7,12 +7,12 @@ class KbdGeometry;
 class KbdKey;
 
 // One key of the picture as assistive technology sees it: a button, or a check box where it holds
-// or locks a modifier. The toolkit deletes it with its key.
+// or locks a modifier. Qt deletes it with its key.
 class KeyAccessible : public QAccessibleObject, public QAccessibleActionInterface {
     Q_DECLARE_TR_FUNCTIONS(KeyAccessible)
 
 public:
-    // The key is one of a KbdGeometry's.
+    // The key's parent is a KbdGeometry.
     explicit KeyAccessible(KbdKey* accessibleKey);
 
     QAccessibleInterface* parent() const override;
@@ -32,7 +32,7 @@ public:
     QStringList actionNames() const override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
-    // A click: one with the mouse does the same.
+    // Clicks the key, as the mouse does.
     void doAction(const QString& actionName) override;
 
 private:

@@ -1,5 +1,7 @@
 #include "model/KeyPlacement.h"
 
+#include "x11/X11.h"
+
 #include <algorithm>
 #include <cstring>
 

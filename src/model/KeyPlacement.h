@@ -1,12 +1,13 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QByteArray>
 #include <QMap>
+#include <QRectF>
 
-// A key's name in an XKB record: four characters at the most, filled up with NUL where it is
-// shorter.
+// A key's name from an XKB record, which holds four characters and fills a shorter name up with
+// NUL.
 QByteArray xkbKeyName(const char* name);
 
 // Where a key of the geometry stands, in tenths of a millimetre.
@@ -17,7 +18,8 @@ struct KeyPlacement {
     unsigned char priority; // the section's; higher lies on top
 };
 
-// The area that the picture covers, in tenths of a millimetre; empty until widened.
+// The area that the picture covers, in tenths of a millimetre. Empty until it is widened by a first
+// rectangle.
 struct PictureBounds {
     int minX = 2147483647;
     int minY = 2147483647;
@@ -26,17 +28,20 @@ struct PictureBounds {
 
     void widen(int x, int y, int width, int height);
     bool isEmpty() const { return minX > maxX || minY > maxY; }
+
+    // To be asked only when not empty.
+    QRectF area() const { return {QPointF(minX, minY), QPointF(maxX, maxY)}; }
 };
 
 struct KeyPlacements {
-    // By the key's XKB name; of two keys with one name the later holds the place.
+    // By the key's XKB name. Of two keys with the same name the later one is placed.
     QMap<QByteArray, KeyPlacement> keys;
     PictureBounds bounds;
 };
 
-// Lays the keys of all sections out, row by row from left to right. Vertical rows and the angles
-// of sections are deliberately taken as if they were not there. Keys whose shape the geometry does
-// not have are left out.
+// Lays out the keys of all sections, row by row from left to right. Vertical rows are deliberately
+// laid out as horizontal ones, and the angles of sections are ignored. Keys whose shape the
+// geometry does not have are left out.
 KeyPlacements placeKeys(const XkbGeometryRec& geometry);
 
 // How far the shape extends, in tenths of a millimetre.

@@ -1,6 +1,7 @@
 #include "model/SpokenName.h"
 
 #include "x11/Keysyms.h"
+#include "x11/X11.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
@@ -25,7 +26,7 @@ constexpr bool isBefore(const SpokenRow& a, const SpokenRow& b)
 }
 static_assert(std::is_sorted(std::begin(rows), std::end(rows), isBefore));
 
-// Blocks of Unicode whose characters are pictures to most voices.
+// Blocks of Unicode whose characters most speech programs cannot read.
 struct SignBlock {
     char16_t first;
     char16_t last;
@@ -58,13 +59,13 @@ bool isSign(QChar character)
     });
 }
 
-// Something that stands by itself: no mark for another letter, and nothing that nobody sees.
-bool hasBody(QChar character)
+// A visible character that is no combining mark.
+bool standsAlone(QChar character)
 {
     return character.isPrint() && !character.isSpace() && !character.isMark();
 }
 
-// The label of a keysym that has none of its own.
+// What the label table answers for a keysym that it does not know.
 QString numbered(KeySym keysym)
 {
     return QStringLiteral("Key%1").arg(keysym);
@@ -73,10 +74,10 @@ QString numbered(KeySym keysym)
 bool canBeSaid(const QString& label)
 {
     return std::none_of(label.begin(), label.end(), isSign)
-        && std::any_of(label.begin(), label.end(), hasBody);
+        && std::any_of(label.begin(), label.end(), standsAlone);
 }
 
-// "dead_a" and "AudioRaiseVolume" are read better as words.
+// A screen reader reads "dead a" and "Audio Raise Volume" better than X11's spelling of them.
 QString inWords(QString name)
 {
     static const QRegularExpression wordEnd(QStringLiteral("([a-z])([A-Z])"));
@@ -85,7 +86,7 @@ QString inWords(QString name)
         .simplified();
 }
 
-// X protocol, appendix "Keysym Encoding". Xlib's name for one is memory that nobody frees.
+// X protocol, appendix "Keysym Encoding". XKeysymToString leaks memory for these.
 bool isUnicode(KeySym keysym)
 {
     return keysym >= 0x1000000 && keysym <= 0x110ffff;

@@ -11,9 +11,11 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QLatin1StringView customName("<Custom>");
+constexpr QLatin1StringView customName = "<Custom>"_L1;
 
 // The usual width of the control, in letters. Measuring all entries instead would load a font for
 // each of their scripts before the window opens.
@@ -52,9 +54,9 @@ bool canDrawNativeName(const QString& country, PackageTest& packages)
 struct SpecName {
     explicit SpecName(const QString& name)
     {
-        const qsizetype bracket = name.indexOf(QLatin1Char('['));
+        const qsizetype bracket = name.indexOf(u'[');
         base = name.left(bracket);
-        while (base.endsWith(QLatin1Char(' ')))
+        while (base.endsWith(u' '))
             base.chop(1);
         if (bracket >= 0)
             native = name.mid(bracket + 1);
@@ -64,34 +66,44 @@ struct SpecName {
     QString native; // empty when there is none
 };
 
-QString tablePath()
-{
-    return SpecTable::firstReadable({KbdConstants::specTablePath, QStringLiteral("./kbdSpecs.tab"),
-        QStringLiteral("../src/kbdSpecs.tab")});
-}
-
-// Whether one of the entry's keyboards has this description.
-bool describes(
-    const kbdSpec_t& spec, const QString& model, const QString& layout, const QString& variantList)
+// Whether one of the entry's keyboards is this one, whatever its options.
+bool describes(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
 {
     for (qsizetype i = 0; i < spec.models.size(); ++i)
-        if (spec.models.at(i) == model && spec.layouts.at(i) == layout
-            && spec.variants.at(i) == variantList)
+        if (spec.models.at(i) == keyboard.model && spec.layouts.at(i) == keyboard.layout
+            && spec.variants.at(i) == keyboard.variant)
             return true;
     return false;
 }
 
 } // namespace
 
-CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages)
+CKbdSpecSelector::CKbdSpecSelector(
+    bool withCustom, QWidget* parent, const SpecTable& table, PackageTest& packages)
     : ControlCombo(parent)
+{
+    build(withCustom, table, packages);
+}
+
+CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent)
+    : ControlCombo(parent)
+{
+    PackageTest packages;
+    build(withCustom, SpecTable::find(), packages);
+}
+
+void CKbdSpecSelector::build(bool withCustom, const SpecTable& table, PackageTest& packages)
 {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(usualNameLength);
-    PackageTest own;
-    readSpecTable(withCustom, packages ? *packages : own);
-    connect(this, SIGNAL(currentIndexChanged(int)), this, SLOT(selectionChanged(int)));
-    connect(this, SIGNAL(activated(int)), this, SLOT(userSelectionChanged(int)));
+    addEntries(table, packages);
+    sortEntries();
+    addEntryItems();
+    addCustomEntry();
+    if (withCustom)
+        addItem(specs.last()->displayName);
+    connect(this, &QComboBox::currentIndexChanged, this, &CKbdSpecSelector::selectionChanged);
+    connect(this, &QComboBox::activated, this, &CKbdSpecSelector::userSelectionChanged);
 }
 
 CKbdSpecSelector::~CKbdSpecSelector()
@@ -111,12 +123,11 @@ QSize CKbdSpecSelector::minimumSizeHint() const
     return {leastWidth(), ControlCombo::sizeHint().height()};
 }
 
-void CKbdSpecSelector::startPackageTests(PackageTest& packages)
+void CKbdSpecSelector::startPackageTests(const SpecTable& table, PackageTest& packages)
 {
-    const std::optional<QList<SpecRow>> rows = SpecTable::rowsOf(tablePath());
-    if (!rows)
+    if (!table.rows)
         return;
-    for (const SpecRow& row : *rows) {
+    for (const SpecRow& row : *table.rows) {
         const SpecName name(row.name);
         if (name.native.isEmpty())
             continue;
@@ -125,27 +136,14 @@ void CKbdSpecSelector::startPackageTests(PackageTest& packages)
     }
 }
 
-void CKbdSpecSelector::readSpecTable(bool withCustom, PackageTest& packages)
+void CKbdSpecSelector::addEntries(const SpecTable& table, PackageTest& packages)
 {
-    const QString path = tablePath();
-    if (path.isEmpty())
+    if (table.place == SpecTable::Place::None)
         throw TableNotFound;
-
-    readEntries(path, packages);
-    sortEntries();
-    addEntryItems();
-    addCustomEntry();
-    if (withCustom)
-        addItem(specs.last()->displayName);
-}
-
-void CKbdSpecSelector::readEntries(const QString& path, PackageTest& packages)
-{
-    const std::optional<QList<SpecRow>> rows = SpecTable::rowsOf(path);
-    if (!rows)
+    if (!table.rows)
         throw TableNotOpened;
 
-    for (const SpecRow& row : *rows)
+    for (const SpecRow& row : *table.rows)
         if (!row.name.isEmpty())
             specs.append(new kbdSpec_t{row.name, makeDisplayName(row.name, packages), row.icon,
                 {row.model}, {row.layout}, {row.variant}});
@@ -153,8 +151,7 @@ void CKbdSpecSelector::readEntries(const QString& path, PackageTest& packages)
 
 void CKbdSpecSelector::sortEntries()
 {
-    // Strictly less: an order in which equal names come before each other is none, and sorting by
-    // it may run out of the list.
+    // Sorting needs a strict weak order: with <= it may run past the end of the list.
     std::stable_sort(specs.begin(), specs.end(), [](const kbdSpec_t* a, const kbdSpec_t* b) {
         return QString::localeAwareCompare(a->displayName, b->displayName) < 0;
     });
@@ -174,7 +171,7 @@ void CKbdSpecSelector::addEntryItems()
 
 void CKbdSpecSelector::addCustomEntry()
 {
-    const QStringList noChange{QStringLiteral("<NoChange>")};
+    const QStringList noChange{u"<NoChange>"_s};
     specs.append(
         new kbdSpec_t{customName, tr("<Custom>"), QString(), noChange, noChange, noChange});
 }
@@ -187,7 +184,7 @@ QString CKbdSpecSelector::makeDisplayName(const QString& name, PackageTest& pack
         QCoreApplication::translate("CKbdSpecSelector", parts.base.toUtf8().constData());
     if (parts.native.isEmpty() || !canDrawNativeName(parts.base, packages))
         return display;
-    return display + QLatin1StringView(" [") + parts.native;
+    return display + " ["_L1 + parts.native;
 }
 
 const kbdSpec_t* CKbdSpecSelector::currentEntry() const
@@ -210,19 +207,19 @@ QString CKbdSpecSelector::currentIconFile() const
 QString CKbdSpecSelector::currentModel() const
 {
     const kbdSpec_t* spec = currentEntry();
-    return spec && spec != specs.last() ? spec->models.first() : QStringLiteral("pc104");
+    return spec && spec != specs.last() ? spec->models.first() : u"pc104"_s;
 }
 
 QString CKbdSpecSelector::currentLayout() const
 {
     const kbdSpec_t* spec = currentEntry();
-    return spec && spec != specs.last() ? spec->layouts.first() : QStringLiteral("us");
+    return spec && spec != specs.last() ? spec->layouts.first() : u"us"_s;
 }
 
 QString CKbdSpecSelector::currentVariant() const
 {
     const kbdSpec_t* spec = currentEntry();
-    return spec && spec != specs.last() ? spec->variants.first() : QStringLiteral("wincompat");
+    return spec && spec != specs.last() ? spec->variants.first() : u"wincompat"_s;
 }
 
 void CKbdSpecSelector::setCurrent(const QString& specName)
@@ -236,8 +233,13 @@ void CKbdSpecSelector::setCurrent(const QString& specName)
 void CKbdSpecSelector::setCurrent(
     const QString& model, const QString& layout, const QString& variantList)
 {
+    select({model, layout, variantList, {}});
+}
+
+void CKbdSpecSelector::select(const KeyboardSettings& keyboard)
+{
     const auto match = std::find_if(specs.cbegin(), specs.cend(),
-        [&](const kbdSpec_t* spec) { return describes(*spec, model, layout, variantList); });
+        [&](const kbdSpec_t* spec) { return describes(*spec, keyboard); });
     const auto entry = match == specs.cend() ? specs.cend() - 1 : match;
     setCurrentIndex(int(entry - specs.cbegin()));
 }

@@ -1,14 +1,16 @@
 #pragma once
 
+#include "app/description/KeyboardSettings.h"
 #include "ui/ControlCombo.h"
 #include "ui/specs/KbdSpec.h"
 
 #include <QVector>
 
 class PackageTest;
+struct SpecTable;
 
-// The choice of keyboards that the keyboard table lists, sorted by their display names, and a
-// "<Custom>" entry for a keyboard that matches none of them.
+// A combo box with the keyboards of the spec table, sorted by their display names, and a "<Custom>"
+// entry for a keyboard that the table does not have.
 class CKbdSpecSelector : public ControlCombo {
     Q_OBJECT
 
@@ -18,17 +20,25 @@ public:
         TableNotOpened = 2,
     };
 
-    // Reads the table, so may block for a package test (1.1 seconds for each font package that it
-    // asks for). Throws a SpecTableError by value. The "<Custom>" record is there in any case, its
-    // combo item only with withCustom.
-    // `packages` is asked where it is given; it is borrowed during the construction only.
-    CKbdSpecSelector(bool withCustom, QWidget* parent, PackageTest* packages = nullptr);
+    // Shows the table's entries. May block for package tests: 1.1 seconds for each font package
+    // that the entries need. The "<Custom>" record is there in any case, its combo item only with
+    // withCustom. table and packages are borrowed during the construction only.
+    // Throws a SpecTableError by value (that errors are integers is given).
+    CKbdSpecSelector(
+        bool withCustom, QWidget* parent, const SpecTable& table, PackageTest& packages);
+
+    // The same with a table that it reads itself.
+    CKbdSpecSelector(bool withCustom, QWidget* parent);
     ~CKbdSpecSelector() override;
     Q_DISABLE_COPY(CKbdSpecSelector)
 
-    // Begins the package tests that reading the table will ask for, so that they run while
-    // something else is done. None where the table does not ask.
-    static void startPackageTests(PackageTest& packages);
+    // Starts the package tests that a selector with this table will need, so that they run while
+    // the caller does something else.
+    static void startPackageTests(const SpecTable& table, PackageTest& packages);
+
+    // Selects the first entry with a keyboard of exactly this model, layout and variant, else the
+    // last entry.
+    void select(const KeyboardSettings& keyboard);
 
     // Whether the entry is "<Custom>"; false for an index that no entry has.
     bool isCustom(int index) const;
@@ -42,19 +52,19 @@ public:
     QString currentLayout() const;
     QString currentVariant() const;
 
-    // Room for the current name, and for the usual ones. In a narrow window this combo is the first
-    // to give way.
+    // Wide enough for the current name and for names of usual length. In a narrow window this combo
+    // shrinks before the others.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 signals:
-    // Another entry is selected, by whomever, or the user chose one, were it the same. The records
-    // belong to the selector and live as long as it does.
+    // currentChanged: the selection changed. activated: the user picked an entry, even the current
+    // one. The selector owns the records; they live as long as it does.
     void currentChanged(kbdSpec_t* values);
     void activated(kbdSpec_t* values);
 
-    // What the entry that the user chose stands for, unless it is "<Custom>". An empty variant is
-    // not told, nor a secondary keyboard where the entry has none.
+    // The keyboards of the entry that the user picked, unless it is "<Custom>". An empty variant is
+    // not reported, nor a secondary keyboard that the entry does not have.
     void primaryModelChanged(const QString& model);
     void primaryLayoutChanged(const QString& layout);
     void primaryVariantChanged(const QString& variant);
@@ -63,19 +73,19 @@ signals:
     void secondaryVariantChanged(const QString& variant);
 
 public slots:
-    // Passes over every entry of that name and ends on the last entry, whatever matched.
+    // Selects each entry of that name in turn, and then the last entry in any case.
     void setCurrent(const QString& specName);
 
-    // Selects the first entry with a keyboard of exactly this description, else the last entry.
+    // select() with the settings side by side.
     void setCurrent(const QString& model, const QString& layout, const QString& variantList);
 
-    // Tell of the entry with this index; nothing where there is none.
+    // The selection changed; the user picked this entry. Ignored when no entry has this index.
     void selectionChanged(int newSelection);
     void userSelectionChanged(int newSelection);
 
 private:
-    void readSpecTable(bool withCustom, PackageTest& packages);
-    void readEntries(const QString& path, PackageTest& packages);
+    void build(bool withCustom, const SpecTable& table, PackageTest& packages);
+    void addEntries(const SpecTable& table, PackageTest& packages);
     void sortEntries();
     void addEntryItems();
     void addCustomEntry();

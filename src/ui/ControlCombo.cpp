@@ -11,9 +11,10 @@ namespace {
 
 constexpr QSize flagSize{24, 18}; // device independent pixels
 constexpr int iconGap = 4; // likewise, between the icon and the text
+constexpr int textMargin = 1; // likewise, that styles leave on both sides of the text
 constexpr int greatestWidth = 60; // characters of average width
 constexpr int smallestWidth = 14; // likewise
-constexpr int screenShare = 6; // of the combos in the screen's width
+constexpr int screenShare = 6; // a combo takes at most one part in six of the screen's width
 
 } // namespace
 
@@ -22,6 +23,7 @@ ControlCombo::ControlCombo(QWidget* parent)
 {
     setFocusPolicy(Qt::NoFocus);
     setIconSize(flagSize);
+    setSizeAdjustPolicy(AdjustToContents);
     setMaximumWidth(greatestWidth * fontMetrics().averageCharWidth());
 }
 
@@ -34,9 +36,20 @@ int ControlCombo::widthOf(const QString& text) const
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
+    const int icon = iconSize().width() + iconGap;
     const QSize content(
-        fontMetrics().horizontalAdvance(text) + iconSize().width() + iconGap, iconSize().height());
+        fontMetrics().horizontalAdvance(text) + 2 * textMargin + icon, iconSize().height());
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, this).width();
+}
+
+// Qt's own hint counts the ink of a text, which may be narrower than the place that it takes.
+QSize ControlCombo::sizeHint() const
+{
+    QSize hint = QComboBox::sizeHint();
+    const int counted = sizeAdjustPolicy() == AdjustToContents ? count() : 0;
+    for (int i = 0; i < counted; ++i)
+        hint.setWidth(std::max(hint.width(), widthOf(itemText(i))));
+    return hint;
 }
 
 QSize ControlCombo::minimumSizeHint() const
@@ -53,8 +66,8 @@ void ControlCombo::paintEvent(QPaintEvent*)
     const QRect field =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
     const int icon = option.currentIcon.isNull() ? 0 : option.iconSize.width() + iconGap;
-    option.currentText =
-        fontMetrics().elidedText(option.currentText, Qt::ElideRight, field.width() - icon - 2);
+    option.currentText = fontMetrics().elidedText(
+        option.currentText, Qt::ElideRight, field.width() - icon - 2 * textMargin);
 
     QStylePainter painter(this);
     painter.setPen(palette().color(QPalette::Text));

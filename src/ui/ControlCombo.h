@@ -3,19 +3,24 @@
 #include <QComboBox>
 
 // What the combo boxes of the control row have in common: no keyboard focus, room for 4 : 3 flags,
-// and bounds for the width. Their texts come from files and from the server, and a long one must
-// not stretch the window off the screen; what is cut there ends in an ellipsis.
+// and bounds for the width. Their texts come from files and from the server: a long one must not
+// stretch the window off the screen. A text that does not fit ends in an ellipsis.
 class ControlCombo : public QComboBox {
     Q_OBJECT
 
 public:
     explicit ControlCombo(QWidget* parent = nullptr);
 
-    // A sixth of the screen at the most, and less than that for a shorter text.
+    // Wide enough for the longest text of the list, and follows the list when it changes, unless
+    // the size adjust policy is another one than AdjustToContents.
+    QSize sizeHint() const override;
+
+    // At most a sixth of the screen's width; less when the texts are shorter.
     QSize minimumSizeHint() const override;
 
 protected:
-    // In the combo's font, with its icon and its frame; pixels.
+    // In pixels: the control's width when it shows this text with an icon, and the width below
+    // which it is of no use.
     int widthOf(const QString& text) const;
     int leastWidth() const;
 

@@ -8,12 +8,12 @@
 struct DeadKeyRow {
     int deadKey; // these three are Qt key codes
     int baseKey;
-    int resultKey; // that of the letter where Latin-1 has it, mostly; else Qt::Key_unknown
-    char16_t shiftCharacter; // 0 where there is no such letter
+    int resultKey; // mostly the Latin-1 letter's; Qt::Key_unknown for other letters
+    char16_t shiftCharacter; // with Shift and without; 0 when there is no such letter
     char16_t plainCharacter;
 };
 
-// What dead keys make of the keys after them.
+// Which letter a dead key and the key after it make.
 namespace DeadKeyTable {
 
 // Whether the key is one of the dead keys from Qt::Key_Dead_Grave to Qt::Key_Dead_Horn.
@@ -25,7 +25,7 @@ constexpr bool isDeadKey(int key)
 // All rows, the rows of one dead key together.
 std::span<const DeadKeyRow> rows();
 
-// The first row for the two keys; null when they do not compose. The row is the table's.
+// The first row for the two keys, owned by the table; null when they do not compose.
 const DeadKeyRow* find(int deadKey, int baseKey);
 
 } // namespace DeadKeyTable

@@ -1,12 +1,11 @@
 #include "ui/GroupCombo.h"
 
-#include "ui/ControlCombo.h"
 #include "ui/specs/FileIconEngine.h"
 #include "ui/specs/KbdConstants.h"
 #include "ui/specs/SpecTable.h"
 
+#include <QComboBox>
 #include <QIcon>
-#include <QLabel>
 
 namespace {
 
@@ -20,39 +19,27 @@ void cutFrom(QString& text, QChar mark)
 // The name of the first layout in a spec table's layout field.
 QString firstLayout(QString field)
 {
-    cutFrom(field, QLatin1Char('['));
-    cutFrom(field, QLatin1Char(','));
+    cutFrom(field, u'[');
+    cutFrom(field, u',');
     return field.simplified();
 }
 
 } // namespace
 
 GroupCombo::GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent)
-    // The toolkit complains of a second layout for one widget.
-    : QBoxLayout(LeftToRight, parent && !parent->layout() ? parent : nullptr)
-    , iconOnly(onlyIcons)
-    , label(new QLabel(tr("Group: ")))
-    , combo(new ControlCombo)
+    : GroupCombo(items, onlyIcons, parent, SpecTable::find())
 {
-    label->setFocusPolicy(Qt::NoFocus);
-    addWidget(label);
-    if (iconOnly)
-        label->hide();
-
-    label->setBuddy(combo); // a screen reader calls it by its caption
-    addWidget(combo);
-    connect(combo, SIGNAL(activated(int)), this, SLOT(internalActivated(int)));
-    connect(combo, SIGNAL(currentIndexChanged(int)), this, SLOT(internalCurrentIndexChanged(int)));
-
-    readFlagMap();
-    if (!items.isEmpty())
-        setItems(items);
 }
 
-GroupCombo::~GroupCombo()
+GroupCombo::GroupCombo(
+    const QStringList& items, bool onlyIcons, QWidget* parent, const SpecTable& table)
+    : CaptionedCombo(tr("Group: "), onlyIcons, parent)
 {
-    delete label;
-    delete combo;
+    connect(combo, &QComboBox::activated, this, &GroupCombo::internalActivated);
+    connect(combo, &QComboBox::currentIndexChanged, this, &GroupCombo::internalCurrentIndexChanged);
+    readFlagMap(table);
+    if (!items.isEmpty())
+        setItems(items);
 }
 
 void GroupCombo::setItems(const QStringList& items)
@@ -92,12 +79,6 @@ void GroupCombo::setData(const QStringList& data)
         combo->addItem(QString::number(combo->count() + 1));
 }
 
-void GroupCombo::setVisible(bool visible)
-{
-    label->setVisible(visible && !iconOnly);
-    combo->setVisible(visible);
-}
-
 void GroupCombo::internalActivated(int index)
 {
     emit activated(index);
@@ -112,12 +93,11 @@ void GroupCombo::internalCurrentIndexChanged(int index)
         emit currentDataChanged(dataList->at(index));
 }
 
-void GroupCombo::readFlagMap()
+void GroupCombo::readFlagMap(const SpecTable& table)
 {
-    const QString path =
-        SpecTable::firstReadable({KbdConstants::specTablePath, QStringLiteral("./kbdSpecs.tab")});
-    const QList<SpecRow> rows = SpecTable::rowsOf(path).value_or(QList<SpecRow>());
-    for (const SpecRow& row : rows)
+    if (table.place == SpecTable::Place::SourceTree || !table.rows)
+        return;
+    for (const SpecRow& row : *table.rows)
         if (!row.icon.isEmpty() && !row.layout.isEmpty())
             flagMap.insert(firstLayout(row.layout), row.icon);
 }
@@ -125,8 +105,8 @@ void GroupCombo::readFlagMap()
 // Empty when the layout has no flag or its file cannot be read.
 QString GroupCombo::flagPath(const QString& layout) const
 {
-    const QString fileName = flagMap.value(layout.section(QLatin1Char(':'), 0, 0));
-    return fileName.isEmpty() ? QString() : KbdConstants::iconPath(QLatin1Char('/') + fileName);
+    const QString fileName = flagMap.value(layout.section(u':', 0, 0));
+    return fileName.isEmpty() ? QString() : KbdConstants::iconPath(u'/' + fileName);
 }
 
 void GroupCombo::ensureItem(int index)

@@ -1,50 +1,45 @@
 #pragma once
 
-#include <QBoxLayout>
+#include "ui/CaptionedCombo.h"
+
 #include <QMap>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
 
-class QComboBox;
-class QLabel;
+struct SpecTable;
 
-// The choice of the XKB group that the picture shows: a caption and a combo box in a row, one item
-// for each group, with the flag of the group's layout where the keyboard table knows one.
-class GroupCombo : public QBoxLayout {
+// The choice of the XKB group that the picture shows: one item for each group, with the flag of the
+// group's layout where the keyboard table knows one.
+class GroupCombo : public CaptionedCombo {
     Q_OBJECT
 
 public:
-    // Becomes the layout of parent unless that has one already; then it is to be added to another
-    // layout. Icon-only mode hides the caption and shows icons and numbers instead of names.
-    // Without a readable spec table there are no flags.
+    // items are the groups' names. Icon-only mode hides the caption and shows icons and numbers
+    // instead of the names. The flags are those of the table, which is read during the construction
+    // only; one in the source tree, or one that cannot be read, gives none.
+    GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent, const SpecTable& table);
+
+    // The same with a table that it reads itself.
     GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent);
-    ~GroupCombo() override;
-    Q_DISABLE_COPY(GroupCombo)
 
     // Replaces all items. The current index stays where it is if there is still such an item.
     void setItems(const QStringList& items);
 
-    // Selects the item, as the user would; nothing for an index that there is none for.
+    // Selects the item and reports the change; ignored when there is no item of this index.
     void setCurrentIndex(int index);
 
-    // Puts the flag of layouts[i] on item i, adding items as needed. The ":2" that a keymap's
-    // symbols name puts after a second group's layout does not count.
+    // Puts the flag of layouts[i] on item i, adding items as needed. A keymap's symbols name puts
+    // ":2" after the layout of a second group: this is ignored.
     void setGroupLayouts(const QStringList& layouts);
 
     // What activatedData and currentDataChanged report for each item.
     void setData(const QStringList& data);
 
-    // For caption and combo box together; the caption stays hidden in icon-only mode.
-    void show() { setVisible(true); }
-    void hide() { setVisible(false); }
-    void setVisible(bool visible);
-
 signals:
-    // The user chose the item, were it the same, or another item is the current one (-1: none), by
-    // whomever. With its data where setData gave any for it.
+    // activated: the user picked the item, even the current one. currentIndexChanged: the selection
+    // changed (-1: to none). The other two follow them, for an item that setData gave data for.
     void activated(int index);
     void activatedData(const QString& data);
     void currentIndexChanged(int index);
@@ -55,14 +50,10 @@ private slots:
     void internalCurrentIndexChanged(int index);
 
 private:
-    void readFlagMap();
+    void readFlagMap(const SpecTable& table);
     QString flagPath(const QString& layout) const;
     void ensureItem(int index);
 
-    bool iconOnly;
-    // The widget that the layout is installed on owns these and may delete them first.
-    QPointer<QLabel> label;
-    QPointer<QComboBox> combo;
     std::unique_ptr<QStringList> dataList; // null until setData
     QMap<QString, QString> flagMap; // layout name to icon file name
 };

@@ -9,6 +9,8 @@
 #include "ui/PicturePrinter.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/PackageTest.h"
+#include "ui/specs/SpecTable.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
@@ -22,6 +24,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char windowIconFile[] = "/usr/share/icons/Rodent/48x48/apps/keyboard.png";
@@ -31,27 +35,47 @@ constexpr int textLineStretch = 1000;
 constexpr double screenShare = 0.75; // of the screen's width
 constexpr int screenMargin = 8; // pixels left for the window manager's frame
 
+// All keyboards of the entry together; it does not choose options.
+KeyboardSettings settingsOf(const kbdSpec_t& spec)
+{
+    const QString comma = u","_s;
+    return {spec.models.join(comma), spec.layouts.join(comma), spec.variants.join(comma), {}};
+}
+
 } // namespace
 
-MainWindow::MainWindow( // NOLINT(readability-function-size): the settings stand side by side
+MainWindow::MainWindow(
+    const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest)
+{
+    build(settings, names, wantXTest);
+}
+
+MainWindow::MainWindow( // NOLINT(readability-function-size): the signature is given
     QString model, QString layout, QString variant, QString options, XkbComponentNamesRec* names,
     bool wantXTest, QWidget* parent, Qt::WindowFlags flags)
     : QMainWindow(parent, flags)
 {
-    setUpWindow();
-    PackageTest fontPackages;
+    build({model, layout, variant, options}, names, wantXTest);
+}
 
+// The connections of this class are made by text: that is given.
+void MainWindow::build(
+    const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest)
+{
+    setUpWindow();
+    const SpecTable table = SpecTable::find();
+    PackageTest fontPackages;
     // They run while the keyboard is loaded.
-    CKbdSpecSelector::startPackageTests(fontPackages);
+    CKbdSpecSelector::startPackageTests(table, fontPackages);
 
     mainWidget = new QWidget(this);
     mainLayout = new QVBoxLayout(mainWidget);
     topRow = addRow();
-    view = new KbdGeometry(model, layout, variant, options, names, wantXTest, this);
+    view = new KbdGeometry(settings, *names, wantXTest, this);
     mainLayout->addWidget(view);
     controlRow = addRow();
-    addGroupCombo();
-    addLayoutSelector({model, layout, variant}, fontPackages);
+    addGroupCombo(table);
+    addLayoutSelector(settings, table, fontPackages);
     addKeycapCombo();
     addPrintButton();
     addBottomRow();
@@ -63,8 +87,8 @@ MainWindow::MainWindow( // NOLINT(readability-function-size): the settings stand
     setFocus(Qt::OtherFocusReason);
 }
 
-// The picture goes first: it releases what it holds down in the server. The rest belongs to the
-// central widget.
+// The picture goes first: it releases the keys that it holds down in the server. The central widget
+// owns the rest.
 MainWindow::~MainWindow()
 {
     delete view;
@@ -72,7 +96,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::setUpWindow()
 {
-    // Where that icon theme is not installed, the application's icon stands.
+    // Without that icon theme the window keeps the application's icon.
     if (const QPixmap icon(QString::fromLatin1(windowIconFile)); !icon.isNull())
         setWindowIcon(QIcon(icon));
     // The text line composes dead keys itself: an input method must not take them away.
@@ -94,11 +118,11 @@ QStringList MainWindow::translatedGroupNames() const
     return names;
 }
 
-void MainWindow::addGroupCombo()
+void MainWindow::addGroupCombo(const SpecTable& table)
 {
     const QStringList names = translatedGroupNames();
-    groupCombo = new GroupCombo(names, false, this);
-    // What options add to the keymap's symbols stands behind the layouts and is no group.
+    groupCombo = new GroupCombo(names, false, this, table);
+    // The keymap's symbols name lists the layouts of the groups first, then what options add.
     groupCombo->setGroupLayouts(view->groupLayouts().mid(0, names.size()));
     controlRow->addLayout(groupCombo);
     connect(groupCombo, SIGNAL(currentIndexChanged(int)), this, SLOT(levelChanged(int)));
@@ -108,18 +132,19 @@ void MainWindow::addGroupCombo()
         controlRow->addStretch(1);
 }
 
-void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPackages)
+void MainWindow::addLayoutSelector(
+    const KeyboardSettings& shown, const SpecTable& table, PackageTest& fontPackages)
 {
     layoutLabel = new QLabel(tr("Layout: "));
     controlRow->addWidget(layoutLabel);
     try {
-        specSelector = new CKbdSpecSelector(true, this, &fontPackages);
+        specSelector = new CKbdSpecSelector(true, this, table, fontPackages);
     } catch (...) {
         layoutLabel->setText(QString());
         return;
     }
     specSelector->setFocusPolicy(Qt::NoFocus);
-    specSelector->setCurrent(shown.model, shown.layout, shown.variant);
+    specSelector->select(shown);
     if (!specSelector->isCustom(specSelector->currentIndex()))
         dropCustomEntry();
     connect(
@@ -130,14 +155,13 @@ void MainWindow::addLayoutSelector(const Description& shown, PackageTest& fontPa
     view->setFlagFilename(specSelector->currentIconFile());
 }
 
-// It is offered only while the keyboard shown is none of the table's.
+// "<Custom>" is offered only while the table does not have the keyboard that is shown.
 void MainWindow::dropCustomEntry()
 {
     const int last = specSelector ? specSelector->count() - 1 : -1;
     if (last < 0 || !specSelector->isCustom(last))
         return;
-    // Where the user has chosen it, and it could be had, it is the current one. The selector goes
-    // on to another entry then: that is nobody's choice.
+    // If "<Custom>" is current, removing it selects another entry: do not report that as a choice.
     const QSignalBlocker silent(specSelector);
     specSelector->removeItem(last);
 }
@@ -179,7 +203,7 @@ void MainWindow::connectView()
     connect(this, SIGNAL(x11LockStateChangedOut()), view, SLOT(x11LockStateChangedIn()));
     connect(this, SIGNAL(x11NewKbdEventOut()), view, SLOT(x11NewKbdEventIn()));
     view->observeGroup([this](KeyGroup_t group) {
-        // The server has this group already: locking it again could undo the next change.
+        // The server has locked this group already: locking it again could undo the next change.
         const QSignalBlocker quiet(groupCombo);
         groupCombo->setCurrentIndex(group);
     });
@@ -241,7 +265,7 @@ void MainWindow::modeChanged(int which)
 
 void MainWindow::levelChanged(int which)
 {
-    // While its items are replaced the combo has none selected: that is no choice of a group.
+    // The combo reports -1 while its items are replaced: that is no choice of a group.
     if (which < 0)
         return;
     view->setGroupNum(static_cast<KeyGroup_t>(which));
@@ -254,20 +278,17 @@ void MainWindow::printButtonClicked(bool)
 
 void MainWindow::newKbdSelected(kbdSpec_t* spec)
 {
-    const QString comma(QLatin1Char(','));
-    const QString model = spec->models.join(comma);
-    const QString layout = spec->layouts.join(comma);
-    const QString variant = spec->variants.join(comma);
+    const KeyboardSettings settings = settingsOf(*spec);
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
-    if (!queryComponentNames(&names, toolkitDisplay(), model, layout, variant, QString()))
+    if (!queryComponentNames(&names, toolkitDisplay(), settings))
         return;
 
     dropCustomEntry();
     view->hide();
     delete view;
     view = nullptr;
-    view = new KbdGeometry(model, layout, variant, QString(), &names, true, nullptr);
+    view = new KbdGeometry(settings, names, true, nullptr);
     view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
     mainLayout->insertWidget(viewIndex, view);
     connectView();

@@ -16,32 +16,37 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 class TypingArea;
+struct SpecTable;
 struct kbdSpec_t;
 
 // The only window: the keyboard picture, a row of controls, and a row with the sample text line.
-// It hands what happens on from one of its parts to the next, and replaces the picture when the
-// user chooses another keyboard.
+// It passes events and choices on between these parts, and replaces the picture when the user
+// chooses another keyboard.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    // The settings are those of the keyboard shown at first, names its components (only read).
+    // The keyboard to show at first: its settings, and its components, which are only read.
     // wantXTest: clicked keys go to other programs' windows.
     // Throws KbdGeometry::ExceptionType.
+    MainWindow(const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest);
+
+    // The same with the settings side by side and by value, a signature that is given.
     MainWindow(QString model, QString layout, QString variant, QString options,
         XkbComponentNamesRec* names, bool wantXTest, QWidget* parent, Qt::WindowFlags flags);
     ~MainWindow() override;
     Q_DISABLE_COPY(MainWindow)
 
-    // The layout selector with its label; nothing but the label where there is no table.
+    // Shows or hides the layout selector and its label; only the label when there is no table.
     void showLayoutSelector(bool visible);
     void hideTypingArea();
 
-    // Gives the window its first size, the picture's proportions at three quarters of the screen's
-    // width or as much as fits, and, if toBottom, its place at the bottom centre of the screen.
+    // Gives the window its first size: three quarters of the screen's width or as much as fits, in
+    // the picture's proportions. toBottom also moves it to the bottom centre of the screen.
     void placeOnScreen(bool toBottom);
 
-    // The physical keyboard goes to another program from now on.
+    // Another program has the keyboard focus now: the picture lets go of the physical keys that it
+    // shows as pressed.
     void releasePhysicalKeys();
 
     // Shows in the selector which entry the picture is, and its flag; loads nothing. Changes
@@ -55,14 +60,14 @@ public:
     KbdGeometry* picture() const { return view; }
 
 signals:
-    // What the slots of the same name took in, for the picture. An event, here as below, is
-    // borrowed and valid during the call only.
+    // For the picture: each slot named In emits the signal named Out. These relays are given.
+    // An event, here as below, is borrowed and valid during the call only.
     void x11KeyPressEventOut(XKeyEvent* event);
     void x11KeyReleaseEventOut(XKeyEvent* event);
     void x11NewKbdEventOut();
     void x11LockStateChangedOut();
 
-    // A key that the toolkit gave to this window, for the sample line.
+    // A key event that Qt gave to this window, for the sample line.
     void qKeyPressEventOut(QKeyEvent* event);
     void qKeyReleaseEventOut(QKeyEvent* event);
 
@@ -73,18 +78,18 @@ public slots:
     // The keys show their active character (0) or all characters (1).
     void modeChanged(int which);
 
-    // Another group (from 0) is shown, and locked in the server; nothing below 0.
+    // Shows another group (from 0) and locks it in the server; ignored when negative.
     void levelChanged(int which);
 
-    // Asks for a printer and prints the picture; checked means nothing.
+    // Asks for a printer and prints the picture; `checked` is ignored.
     void printButtonClicked(bool checked);
 
-    // Replaces the keyboard by the one that the entry, which is the selector's, describes. Changes
-    // nothing when its components cannot be had. Throws KbdGeometry::ExceptionType when they make
-    // no keyboard; the window is without a picture then.
+    // Replaces the keyboard by the one that spec, which the selector owns, describes. Changes
+    // nothing when setxkbmap gives no components for it. Throws KbdGeometry::ExceptionType when the
+    // server makes no keyboard of them; the window then has no picture.
     void newKbdSelected(kbdSpec_t* spec);
 
-    // What happened to the server's keyboard; goes on to the picture.
+    // What happened to the server's keyboard.
     void x11KeyPressEventIn(XKeyEvent* event);
     void x11KeyReleaseEventIn(XKeyEvent* event);
     void x11NewKbdEventIn();
@@ -94,17 +99,12 @@ public slots:
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
-    // What the selector is to show.
-    struct Description {
-        QString model;
-        QString layout;
-        QString variant;
-    };
-
+    void build(const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest);
     void setUpWindow();
     QHBoxLayout* addRow();
-    void addGroupCombo();
-    void addLayoutSelector(const Description& shown, PackageTest& fontPackages);
+    void addGroupCombo(const SpecTable& table);
+    void addLayoutSelector(
+        const KeyboardSettings& shown, const SpecTable& table, PackageTest& fontPackages);
     void addKeycapCombo();
     void addPrintButton();
     void addBottomRow();

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The picture has the colours for paper while this lives.
+// Gives the picture the colours for paper as long as this object lives.
 class PaperColours {
 public:
     explicit PaperColours(KbdGeometry* view)
@@ -45,7 +45,7 @@ void printPicture(KbdGeometry* view, QWidget* parent)
     if (!painter.isActive())
         return;
     const PaperColours colours(view);
-    painter.begin(&printer); // refused and harmless: the painter is active already
+    painter.begin(&printer); // given; Qt refuses it, since the painter is active already
     view->render(&painter);
     painter.end();
 }

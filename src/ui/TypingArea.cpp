@@ -5,7 +5,17 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
-// Its input methods stay off: the toolkit asks for none on a read-only line without focus.
+namespace {
+
+// A line edit moves its cursor at their press.
+bool movesTheCursorAtItsRelease(int key)
+{
+    return key == Qt::Key_Left || key == Qt::Key_Right;
+}
+
+} // namespace
+
+// Input methods stay off: Qt uses none for a read-only line without focus.
 TypingArea::TypingArea(QWidget* parent)
     : QLineEdit(parent)
 {
@@ -29,7 +39,8 @@ void TypingArea::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     }
-    typeKey(event);
+    if (!movesTheCursorAtItsRelease(event->key()))
+        typeKey(event);
 }
 
 void TypingArea::keyReleaseEvent(QKeyEvent* event)

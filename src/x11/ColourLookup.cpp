@@ -1,5 +1,7 @@
 #include "x11/ColourLookup.h"
 
+#include "x11/X11.h"
+
 #include <X11/Xlib-xcb.h>
 #include <xcb/xcb.h>
 

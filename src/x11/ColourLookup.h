@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <optional>
 #include <string>
@@ -15,8 +15,8 @@ struct Colour {
     unsigned short blue;
 };
 
-// The server's own colours of these names, in the order given; nothing for a name that the server
-// does not know. All names are asked for together, at the price of one round trip.
+// The colours that the server has under these names, in their order; nothing for a name that it
+// does not know. All names are asked for together, in one round trip. The display is borrowed.
 std::vector<std::optional<Colour>> lookUpColours(
     Display* display, const std::vector<std::string>& names);
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// The names of all keysyms, also of the sets that Xlib's own keysym header leaves out. Only for
-// what goes through the whole list; everything else finds the usual names behind X11.h.
+// The names of all keysyms, also of the sets that Xlib's own keysym header leaves out. For code
+// that goes through the whole list of them; X11.h has the usual names.
 
 #define XK_MISCELLANY
 #define XK_XKB_KEYS

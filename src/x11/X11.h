@@ -1,8 +1,10 @@
 #pragma once
 
-// The one door to Xlib, XKB, XTest and the X input extension. Everything else includes this header
-// and never <X11/…> itself: Xlib's macros carry names that Qt and moc use as identifiers, so they
-// end here, and the few constants that the program needs come back with a type.
+// The one door to Xlib, XKB, XTest and the X input extension. No other room includes <X11/…>
+// itself: Xlib's macros carry names that Qt and moc use as identifiers, so they end here, and the
+// few constants that the program needs come back with a type, in Types.h.
+
+#include "x11/Types.h"
 
 #include <X11/XKBlib.h>
 #include <X11/Xatom.h>
@@ -39,21 +41,6 @@
 #undef Unsorted
 
 namespace x11 {
-
-// Core protocol event codes (X.h).
-inline constexpr int keyPress = 2;
-inline constexpr int keyRelease = 3;
-
-// X booleans and the resource id, atom, keysym and time that mean "none" (X.h).
-inline constexpr int xFalse = 0;
-inline constexpr int xTrue = 1;
-inline constexpr unsigned long none = 0;
-
-// Core modifier bits (X.h).
-inline constexpr unsigned char shiftMask = 1;
-inline constexpr unsigned char lockMask = 2;
-inline constexpr unsigned char controlMask = 4;
-inline constexpr unsigned char mod5Mask = 128;
 
 // The XKB device id of the core keyboard (XKB.h).
 inline constexpr unsigned int coreKeyboard = XkbUseCoreKbd;

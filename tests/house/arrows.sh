@@ -1,32 +1,54 @@
 #!/usr/bin/env bash
-# The rooms' arrows run one way: a room includes itself and the rooms listed for it.
+# The rooms' arrows run one way: a room includes itself and the rooms listed for it. Every folder
+# with C++ in it is a room, and stands here.
 cd "$1" || exit 2
 
+x11='x11'
+qt="$x11 x11/qt"
+description="$qt app/description"
+keys="$description keys keys/labels"
+model="$description keys model"
+ui="$model ui ui/specs"
+app="$ui app platform"
+harness="harness $x11"
+
 declare -A below=(
-  [src/x11]="x11"
-  [src/x11/qt]="x11/qt x11"
-  [switcher]="switcher x11"
-  [platform]="platform x11"
-  [src/app/description]="app/description x11/qt x11"
-  [src/keys]="keys keys/labels app/description x11/qt x11"
-  [src/model]="model keys app/description x11/qt x11"
-  [src/ui]="ui ui/specs model keys app/description x11/qt x11"
-  [src/app]="app ui ui/specs model keys app/description x11/qt x11 platform"
+  [src/x11]=$x11
+  [src/x11/qt]=$qt
+  [src/x11/damage]="$x11 x11/damage"
+  [switcher]="switcher $x11"
+  [platform]="platform $x11"
+  [src/app/description]=$description
+  [src/keys]=$keys
+  [src/keys/labels]=
+  [src/model]=$model
+  [src/ui]=$ui
+  [src/ui/specs]='ui/specs'
+  [src/app]=$app
+  [harness]=$harness
+  [tools/show]="$app $harness"
+  [bench]="$app $harness x11/damage"
+  [tests/unit]="$app $harness keys/labels"
+  [tests/x11]="$app $harness"
 )
 status=0
-for room in "${!below[@]}"; do
-  depth=99
-  [[ $room == src/app || $room == src/x11 ]] && depth=1
-  while IFS=: read -r file line text; do
-    target=$(sed -E 's/.*"(.*)".*/\1/' <<<"$text")
-    [[ $target == */* ]] || continue
-    folder=${target%/*}
-    case " ${below[$room]} " in
-      *" $folder "*) continue ;;
-    esac
-    echo "$file:$line: $room must not include $target"
+
+# The folders with C++ in them, but for what is built.
+folders=$(find . -path './build*' -prune -o -path './.git' -prune -o \
+  \( -name '*.h' -o -name '*.cpp' -o -name '*.inc' \) -printf '%P\n' | sed 's,/[^/]*$,,' | sort -u)
+
+for room in $folders; do
+  if [ -z "${below[$room]+listed}" ]; then
+    echo "$room: a folder with C++ that tests/house/arrows.sh does not list"
     status=1
-  done < <(find "$room" -maxdepth "$depth" -name '*.h' -print0 -o -maxdepth "$depth" -name '*.cpp' -print0 \
-    | xargs -0 grep -HnE '^#include "' 2>/dev/null)
+    continue
+  fi
+  while IFS=: read -r file line text; do
+    [[ $text =~ \"(.*)/([^/]*)\" ]] || continue
+    [[ " ${below[$room]} " == *" ${BASH_REMATCH[1]} "* ]] && continue
+    echo "$file:$line: $room must not include ${BASH_REMATCH[1]}/${BASH_REMATCH[2]}"
+    status=1
+  done < <(find "$room" -maxdepth 1 \( -name '*.h' -o -name '*.cpp' -o -name '*.inc' \) -print0 |
+    xargs -0 grep -HnE '^[[:space:]]*#[[:space:]]*include[[:space:]]*"')
 done
 exit $status

@@ -1,14 +1,16 @@
 #pragma once
 
-#include "keys/KbdTypes.h"
+#include "app/description/XDisplayClass.h"
+#include "keys/KbdLabelTable.h"
+#include "keys/KeySymbols.h"
 #include "x11/X11.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <algorithm>
 #include <cstring>
 #include <deque>
-
 #include <vector>
 
 // A keymap made by hand, for tests that have no X server. It owns the records and is filled before
@@ -104,7 +106,21 @@ public:
     // What becomes of groups that the key does not have, beside their number.
     void setGroupRule(KeyCode code, unsigned char bits) { symbols.at(code).group_info |= bits; }
 
-    XkbDescPtr xkb() { return &description; }
+    QStringList layouts{"us"};
+    ShiftMask_t lockModifiers = 0;
+
+    // What keys of this keymap are made with; they must not outlive it.
+    KeyContext context() { return {&noDisplay, &description, &labels, layouts, {}, lockModifiers}; }
+
+    KeySymbols key(const char* name) { return {context(), name}; }
+
+    // A key of one group, of key code 38 (the letter A) unless told.
+    KeySymbols keyOf(int type, const std::vector<KeySym>& levels, KeyCode code = 38)
+    {
+        addKey("KEY", code, {{type, levels}});
+        return key("KEY");
+    }
+
     const XkbKeyTypeRec& type(int index) const { return types.at(index); }
 
 private:
@@ -119,6 +135,7 @@ private:
     }
 
     static constexpr std::size_t keyCodes = 256;
+    inline static const KbdLabelTable labels;
 
     std::deque<std::vector<XkbKTMapEntryRec>> typeEntries;
     std::vector<XkbKeyTypeRec> types;
@@ -131,4 +148,5 @@ private:
     XkbServerMapRec server{};
     XkbNamesRec names{};
     XkbDescRec description{};
+    XDisplayClass noDisplay{nullptr};
 };

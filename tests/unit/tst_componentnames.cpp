@@ -1,5 +1,6 @@
 #include "app/description/ComponentNames.h"
 #include "app/description/ToolRun.h"
+#include "x11/X11.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -4,6 +4,8 @@
 #include <QScreen>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString longText = QStringLiteral("A text that is much too long for its place");
@@ -29,6 +31,9 @@ class ControlComboTest : public QObject {
 private slots:
     void whatIsCutEndsInAnEllipsis();
     void aTextThatFitsIsShownAsItIs();
+    void noTextIsCutInTheWidthThatTheComboAsksFor_data();
+    void noTextIsCutInTheWidthThatTheComboAsksFor();
+    void theWidthFollowsTheList();
     void aShortTextIsNeverCut();
     void aLongTextGivesWayToTheScreen();
     void itRefusesTheFocus();
@@ -48,6 +53,50 @@ void ControlComboTest::aTextThatFitsIsShownAsItIs()
 {
     QCOMPARE(shown<ControlCombo>("Short"), shown<QComboBox>("Short"));
     QCOMPARE(shown<ControlCombo>(QString()), shown<QComboBox>(QString()));
+}
+
+void ControlComboTest::noTextIsCutInTheWidthThatTheComboAsksFor_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("Latin") << u"English (UK, extended)"_s;
+    QTest::newRow("Chinese") << u"英语（美国，国际，死键）"_s;
+    QTest::newRow("Japanese") << u"日本語（かな）"_s;
+    QTest::newRow("Arabic") << u"العربية (لوحة)"_s;
+}
+
+// Each beginning of the text: what a combo asks for is rounded, and must not be so to its harm.
+void ControlComboTest::noTextIsCutInTheWidthThatTheComboAsksFor()
+{
+    QFETCH(QString, text);
+    QPixmap flag(24, 18);
+    flag.fill(Qt::red);
+    for (const QIcon& icon : {QIcon(), QIcon(flag)}) {
+        for (qsizetype length = 1; length <= text.size(); ++length) {
+            ControlCombo combo;
+            combo.addItem(icon, text.left(length));
+            QComboBox uncut;
+            uncut.setFocusPolicy(Qt::NoFocus);
+            uncut.setIconSize(combo.iconSize());
+            uncut.addItem(icon, text.left(length));
+            combo.resize(combo.sizeHint());
+            uncut.resize(combo.size());
+            QCOMPARE(combo.grab().toImage(), uncut.grab().toImage());
+        }
+    }
+}
+
+void ControlComboTest::theWidthFollowsTheList()
+{
+    ControlCombo combo;
+    combo.addItem("Short");
+    combo.show();
+    const int first = combo.sizeHint().width();
+    combo.clear();
+    combo.addItem(longText);
+    QVERIFY(combo.sizeHint().width() > first);
+    combo.clear();
+    combo.addItem("Short");
+    QCOMPARE(combo.sizeHint().width(), first);
 }
 
 void ControlComboTest::aShortTextIsNeverCut()

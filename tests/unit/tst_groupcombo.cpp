@@ -1,4 +1,4 @@
-#include "CaptionedCombo.h"
+#include "CaptionedComboChecks.h"
 #include "DataFixture.h"
 #include "ui/GroupCombo.h"
 
@@ -15,9 +15,9 @@
 
 namespace {
 
-using CaptionedCombo::comboOf;
-using CaptionedCombo::labelOf;
-using CaptionedCombo::middleOf;
+using CaptionedComboChecks::comboOf;
+using CaptionedComboChecks::labelOf;
+using CaptionedComboChecks::middleOf;
 
 const QStringList twoGroups{QStringLiteral("English (US)"), QStringLiteral("German")};
 
@@ -351,12 +351,12 @@ void GroupComboTest::captionAndComboShowAndHideTogether_data()
 void GroupComboTest::captionAndComboShowAndHideTogether()
 {
     QFETCH(bool, iconOnly);
-    CaptionedCombo::showsAndHidesAsOne(iconOnly, makeControl);
+    CaptionedComboChecks::showsAndHidesAsOne(iconOnly, makeControl);
 }
 
 void GroupComboTest::aWidgetWithALayoutKeepsIt()
 {
-    CaptionedCombo::leavesAWidgetItsLayout(makeControl);
+    CaptionedComboChecks::leavesAWidgetItsLayout(makeControl);
 }
 
 void GroupComboTest::aLongNameDoesNotStretchTheWindow()
@@ -369,12 +369,12 @@ void GroupComboTest::aLongNameDoesNotStretchTheWindow()
 
 void GroupComboTest::deletingTheControlDeletesItsWidgets()
 {
-    CaptionedCombo::takesItsWidgetsWithIt(makeControl);
+    CaptionedComboChecks::takesItsWidgetsWithIt(makeControl);
 }
 
 void GroupComboTest::deletingTheWindowDeletesEachWidgetOnce()
 {
-    CaptionedCombo::goesWithItsWindow(makeControl);
+    CaptionedComboChecks::goesWithItsWindow(makeControl);
 }
 
 QTEST_MAIN(GroupComboTest)

@@ -5,6 +5,7 @@
 #include "keys/GeometryColours.h"
 #include "keys/KbdDoodad.h"
 #include "x11/ColourLookup.h"
+#include "x11/X11.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,9 +1,9 @@
 #include "FakeKeymap.h"
 #include "PaintRecorder.h"
 
-#include "app/description/XDisplayClass.h"
 #include "keys/KbdKey.h"
-#include "keys/KbdLabelTable.h"
+#include "keys/KeyDetails.h"
+#include "x11/X11.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr KeyCode returnKey = 36;
 constexpr KeyCode keyA = 38;
 constexpr KeyCode leftShift = 50;
 constexpr KeyCode rightShift = 62;
@@ -28,7 +27,6 @@ constexpr ShiftMask_t shift = x11::shiftMask;
 constexpr ShiftMask_t lock = x11::lockMask;
 constexpr ShiftMask_t control = x11::controlMask;
 constexpr ShiftMask_t mod1 = 8;
-constexpr ShiftMask_t mod5 = x11::mod5Mask;
 
 constexpr ShiftMask_t both(ShiftMask_t a, ShiftMask_t b)
 {
@@ -218,16 +216,11 @@ private slots:
     void aClickCountsWithinTheOutlineOnly();
     void aRectangleIsHitEverywhere();
     void aKeyTakesNoFocus();
-    void deadKeysAreThoseOfTheKeysymList_data();
-    void deadKeysAreThoseOfTheKeysymList();
 
     // One label.
-    void theLabelIsThatOfTheActiveSymbol_data();
-    void theLabelIsThatOfTheActiveSymbol();
-    void aLabelHasItsSizeFromTheShorterSide_data();
-    void aLabelHasItsSizeFromTheShorterSide();
-    void aTallReturnKeyHasSmallerLabels_data();
-    void aTallReturnKeyHasSmallerLabels();
+    void theLabelIsDrawnInItsSizeAndWeight();
+    void theLabelHasItsColourOnScreenAndOnPaper_data();
+    void theLabelHasItsColourOnScreenAndOnPaper();
     void aLabelOfOneCharacterIsCentredAtTheBottom();
     void aLongerLabelBeginsAtTheLeftOfTheBottom();
     void aLabelOfTwoLinesHasTwoLines();
@@ -243,52 +236,32 @@ private slots:
     void aLongLabelStaysOnTheNarrowPartOfAnOutline();
     void symbolsThatStandForNothingAreNotLabelled_data();
     void symbolsThatStandForNothingAreNotLabelled();
-    void capsLockChangesTheCaseOfLetters_data();
-    void capsLockChangesTheCaseOfLetters();
-    void labelsHaveTheColourOfTheirState_data();
-    void labelsHaveTheColourOfTheirState();
-    void aLevelBeyondTheKeysOwnIsBlank();
 
     // Several labels.
     void fourLabelsStandInTheQuarters();
-    void twoLabelsShareTheWholeWidth();
-    void aThirdLevelAloneStandsAtTheRight();
-    void labelsAmongOthersAreNotDoubled();
     void deadKeysAmongOthersHaveAGroundOfTheirOwn();
     void aDeadKeyAmongOthersLeavesTheCapNormal();
     void aSymbolThatIsNoDeadKeyHasNoGround();
-    void oneSymbolOnBothLevelsIsShownOnce();
-    void oneSymbolOnBothLevelsIsShownTwiceBesideAThird();
-    void aKeyOfOneLevelIsShownAsBefore();
-    void aSymbolOffThePositionsIsShownAlone();
-    void capsLockChangesTheCaseAmongOthers();
 
-    // Groups.
-    void theSelectedGroupIsShown();
-    void aKeyWithFewerGroupsKeepsTheGroupShown();
-    void theSelectedGroupChoosesTheLanguage();
+    // What the picture sets.
+    void theActiveSymbolFollowsModifiersAndGroup();
+    void theToolTipDescribesTheKey();
 
     // Clicks and the physical key.
     void anOrdinaryKeyTypes();
     void aClickReportsTheActiveSymbol();
     void aDoubleClickIsASecondPress();
-    void aMomentaryModifierIsHeldWithTheMouse();
+    void aLockKeyReportsPressAndRelease();
     void aModifierIsToggled();
     void aModifierThatIsHeldInPartIsPressed();
     void aTwinIsToggledAsWell();
-    void aMomentaryModifierHasNoUseForItsTwin();
+    void aLockKeyHasNoUseForItsTwin();
     void aPhysicalKeyLightsUp();
     void aPhysicalKeyReportsTheSymbolOfItsEvent();
     void aPhysicalModifierIsReported();
     void aPhysicalKeyNeedsNoState();
     void aKeyWithoutGroupsReportsNothing();
     void aKeyThatTheKeymapLacksReportsNothing();
-
-    void modifiersAreNamedByTheirFirstKeysym_data();
-    void modifiersAreNamedByTheirFirstKeysym();
-    void onlySettingAndLockingMakesAModifier_data();
-    void onlySettingAndLockingMakesAModifier();
-    void aKeyIsFoundByAllOfItsName();
 
 private:
     std::unique_ptr<KbdKey> key(const char* name, const KeyShape& shape = square);
@@ -297,10 +270,6 @@ private:
     std::unique_ptr<KbdKey> modifierKey(KeyCode code, KeySym keysym, ShiftMask_t mask);
 
     std::unique_ptr<FakeKeymap> keymap;
-    XDisplayClass noDisplay{nullptr};
-    KbdLabelTable labels;
-    QStringList layouts{"us"};
-    ShiftMask_t momentaryMask = 0;
 };
 
 Q_DECLARE_METATYPE(CapRow)
@@ -310,14 +279,11 @@ Q_DECLARE_METATYPE(KeyShape)
 void KbdKeyTest::init()
 {
     keymap = std::make_unique<FakeKeymap>();
-    layouts = QStringList{"us"};
-    momentaryMask = 0;
 }
 
 std::unique_ptr<KbdKey> KbdKeyTest::key(const char* name, const KeyShape& shape)
 {
-    const KeyContext context{&noDisplay, keymap->xkb(), &labels, layouts, {}, momentaryMask};
-    return std::make_unique<KbdKey>(context, name, shape, nullptr);
+    return std::make_unique<KbdKey>(keymap->context(), name, shape, nullptr);
 }
 
 std::unique_ptr<KbdKey> KbdKeyTest::keyOf(
@@ -475,7 +441,7 @@ void KbdKeyTest::aKeyWithoutGroupsPaintsNothing()
     keymap->addKey("AC01", keyA);
     const auto item = key("AC01");
     QImage empty = paintedOn(*item);
-    QCOMPARE(item->groupCount(), 0);
+    QCOMPARE(item->symbols().groupCount(), 0);
     QCOMPARE(item->x11Keycode(), keyA);
     QImage untouched = empty;
     untouched.fill(ground);
@@ -495,7 +461,7 @@ void KbdKeyTest::aKeyThatTheKeymapLacksPaintsNothing()
 void KbdKeyTest::aKeyWithoutSymbolsHasAnEmptyCap()
 {
     const auto item = keyOf(keymap->addType(0, {}), {});
-    QCOMPARE(item->groupCount(), 1);
+    QCOMPARE(item->symbols().groupCount(), 1);
     QCOMPARE(at(paintedOn(*item), 25, 15), QColor(normalCap.top[0]));
     QVERIFY(textsOf(*item).isEmpty());
     item->setMultipleCharacters(true);
@@ -514,10 +480,12 @@ void KbdKeyTest::paintingLeavesThePainterAsItWas()
         painter.setBrush(Qt::yellow);
         painter.setPen(QPen(Qt::green, 3));
         painter.setFont(font);
+        painter.setLayoutDirection(Qt::RightToLeft);
         item->paint(&painter, nullptr, nullptr);
         QCOMPARE(painter.brush(), QBrush(Qt::yellow));
         QCOMPARE(painter.pen(), QPen(Qt::green, 3));
         QCOMPARE(painter.font(), font);
+        QCOMPARE(painter.layoutDirection(), Qt::RightToLeft);
     }
 }
 
@@ -553,89 +521,36 @@ void KbdKeyTest::aKeyTakesNoFocus()
     QVERIFY(!keyOf(keymap->oneLevel(), {XK_a})->flags().testFlag(QGraphicsItem::ItemIsFocusable));
 }
 
-void KbdKeyTest::deadKeysAreThoseOfTheKeysymList_data()
+void KbdKeyTest::theLabelIsDrawnInItsSizeAndWeight()
 {
-    QTest::addColumn<KeySym>("keysym");
-    QTest::addColumn<bool>("isDead");
-    QTest::newRow("before the first") << KeySym(0xfe4f) << false;
-    QTest::newRow("the first") << KeySym(0xfe50) << true;
-    QTest::newRow("one of them") << KeySym(XK_dead_cedilla) << true;
-    QTest::newRow("the last") << KeySym(0xfe66) << true;
-    QTest::newRow("behind the last") << KeySym(0xfe67) << false;
-}
-
-void KbdKeyTest::deadKeysAreThoseOfTheKeysymList()
-{
-    QFETCH(KeySym, keysym);
-    QFETCH(bool, isDead);
-    const auto item = keyOf(keymap->oneLevel(), {keysym});
-    QCOMPARE(at(paintedOn(*item), 9, 90), QColor(isDead ? deadCap.body[0] : normalCap.body[0]));
-}
-
-void KbdKeyTest::theLabelIsThatOfTheActiveSymbol_data()
-{
-    QTest::addColumn<ShiftMask_t>("state");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<KeySym>("keysym");
-    QTest::newRow("plain") << noModifiers << "q" << KeySym(XK_q);
-    QTest::newRow("Shift") << shift << "1" << KeySym(XK_1);
-    QTest::newRow("third level") << mod5 << "@" << KeySym(XK_at);
-    QTest::newRow("Shift and third level")
-        << both(shift, mod5) << "\u03A9" << KeySym(XK_Greek_OMEGA);
-    QTest::newRow("an unrelated modifier") << control << "q" << KeySym(XK_q);
-    QTest::newRow("Shift and an unrelated modifier") << both(shift, control) << "1" << KeySym(XK_1);
-}
-
-void KbdKeyTest::theLabelIsThatOfTheActiveSymbol()
-{
-    QFETCH(ShiftMask_t, state);
-    QFETCH(QString, label);
-    const auto item = keyOf(keymap->fourLevels(), {XK_q, XK_1, XK_at, XK_Greek_OMEGA});
-    item->setCurrentModifiers(state);
-    QCOMPARE(labelsOf(*item), QStringList{label});
-    QCOMPARE(item->activeLabel(), label);
-    QTEST(item->activeKeysym(), "keysym");
-}
-
-void KbdKeyTest::aLabelHasItsSizeFromTheShorterSide_data()
-{
-    QTest::addColumn<KeyShape>("shape");
-    QTest::addColumn<KeySym>("keysym");
-    QTest::addColumn<int>("size");
-    QTest::newRow("a word on a wide key") << wide << KeySym(XK_Delete) << 53; // 53.6
-    QTest::newRow("a letter on a tall key is twice as high")
-        << tall << KeySym(XK_x) << 107; // 107.2
-    QTest::newRow("a word on a tall key") << rectangle(360, 1000) << KeySym(XK_End) << 111; // 111.2
-    QTest::newRow("a small key") << rectangle(1000, 50) << KeySym(XK_End) << 12;
-}
-
-void KbdKeyTest::aLabelHasItsSizeFromTheShorterSide()
-{
-    QFETCH(KeyShape, shape);
-    QFETCH(KeySym, keysym);
-    const PaintedText text = textOf(*keyOf(keymap->oneLevel(), {keysym}, shape));
-    QTEST(text.pixelSize, "size");
+    const PaintedText text = textOf(*keyOf(keymap->oneLevel(), {XK_Delete}, wide));
+    QCOMPARE(text.pixelSize, 53); // 53.6, of which the part is cut off
     QCOMPARE(text.weight, int(QFont::Normal));
 }
 
-void KbdKeyTest::aTallReturnKeyHasSmallerLabels_data()
+void KbdKeyTest::theLabelHasItsColourOnScreenAndOnPaper_data()
 {
-    QTest::addColumn<KeyShape>("shape");
-    QTest::addColumn<int>("keycode");
-    QTest::addColumn<int>("size");
-    QTest::newRow("Return, tall") << tall << int(returnKey) << 37; // 0.7 × 53.6
-    QTest::newRow("another tall key") << tall << int(keyA) << 53;
-    QTest::newRow("Return, as high as wide") << rectangle(800, 800) << int(returnKey) << 252;
-    QTest::newRow("Return, higher by a bit") << rectangle(800, 801) << int(returnKey) << 176;
-    QTest::newRow("Return, wide") << wide << int(returnKey) << 53;
+    QTest::addColumn<KeySym>("keysym");
+    QTest::addColumn<ShiftMask_t>("state");
+    QTest::addColumn<TextColour>("colour");
+    QTest::newRow("normal") << KeySym(XK_Delete) << noModifiers << normalText;
+    QTest::newRow("dead") << KeySym(XK_dead_acute) << noModifiers << deadText;
+    QTest::newRow("modifier on") << KeySym(XK_Delete) << control << modifierOnText;
+    QTest::newRow("off the positions") << KeySym(XK_Delete) << mod1 << offPositionText;
 }
 
-void KbdKeyTest::aTallReturnKeyHasSmallerLabels()
+void KbdKeyTest::theLabelHasItsColourOnScreenAndOnPaper()
 {
-    QFETCH(KeyShape, shape);
-    QFETCH(int, keycode);
-    const auto item = keyOf(keymap->oneLevel(), {XK_End}, shape, static_cast<KeyCode>(keycode));
-    QTEST(textOf(*item).pixelSize, "size");
+    QFETCH(KeySym, keysym);
+    QFETCH(ShiftMask_t, state);
+    QFETCH(TextColour, colour);
+    keymap->setAction(keyA, XkbSA_SetMods, control);
+    const auto item = keyOf(keymap->addType(2, {{mod1, 1}}), {keysym, keysym});
+    item->setMultipleCharacters(state == mod1);
+    item->setCurrentModifiers(state);
+    QCOMPARE(textOf(*item).colour, QColor(colour.onScreen));
+    item->setColourScheme(ColourScheme::OnPaper);
+    QCOMPARE(textOf(*item).colour, QColor(colour.onPaper));
 }
 
 // The room for a label on a key of 180 by 600 lies at (28, 14) and measures 129 by 554.
@@ -792,85 +707,6 @@ void KbdKeyTest::symbolsThatStandForNothingAreNotLabelled()
     QCOMPARE(labelsOf(*item), QStringList{"a"});
 }
 
-void KbdKeyTest::capsLockChangesTheCaseOfLetters_data()
-{
-    QTest::addColumn<KeySym>("keysym");
-    QTest::addColumn<ShiftMask_t>("state");
-    QTest::addColumn<QString>("label");
-    QTest::newRow("without Lock") << KeySym(XK_a) << noModifiers << "a";
-    QTest::newRow("Lock") << KeySym(XK_a) << lock << "A";
-    QTest::newRow("Lock and Shift") << KeySym(XK_a) << both(lock, shift) << "a";
-    QTest::newRow("a capital, Lock and Shift") << KeySym(XK_A) << both(lock, shift) << "a";
-    QTest::newRow("a capital, Shift alone") << KeySym(XK_A) << shift << "A";
-    QTest::newRow("Lock and another modifier") << KeySym(XK_a) << both(lock, mod1) << "A";
-    QTest::newRow("a letter with an accent") << KeySym(XK_adiaeresis) << lock << "\u00C4";
-    QTest::newRow("a Greek letter") << KeySym(XK_Greek_alpha) << lock << "\u0391";
-    QTest::newRow("a figure") << KeySym(XK_7) << lock << "7";
-    QTest::newRow("a word") << KeySym(XK_End) << lock << "End";
-    QTest::newRow("a word, with Shift") << KeySym(XK_End) << both(lock, shift) << "End";
-}
-
-void KbdKeyTest::capsLockChangesTheCaseOfLetters()
-{
-    QFETCH(KeySym, keysym);
-    QFETCH(ShiftMask_t, state);
-    QFETCH(QString, label);
-    const auto item = keyOf(keymap->oneLevel(), {keysym});
-    item->setCurrentModifiers(state);
-    QCOMPARE(labelsOf(*item), QStringList{label});
-}
-
-void KbdKeyTest::labelsHaveTheColourOfTheirState_data()
-{
-    QTest::addColumn<KeySym>("keysym");
-    QTest::addColumn<bool>("multiple");
-    QTest::addColumn<ShiftMask_t>("state");
-    QTest::addColumn<TextColour>("colour");
-    QTest::newRow("normal") << KeySym(XK_Delete) << false << noModifiers << normalText;
-    QTest::newRow("dead") << KeySym(XK_dead_acute) << false << noModifiers << deadText;
-    QTest::newRow("modifier on") << KeySym(XK_Delete) << false << control << modifierOnText;
-    QTest::newRow("modifier on in part")
-        << KeySym(XK_Delete) << false << both(control, lock) << modifierOnText;
-    QTest::newRow("modifier on goes before dead")
-        << KeySym(XK_dead_acute) << false << control << modifierOnText;
-    QTest::newRow("another modifier on") << KeySym(XK_Delete) << false << lock << normalText;
-    QTest::newRow("off the positions") << KeySym(XK_Delete) << true << mod1 << offPositionText;
-    QTest::newRow("off the positions goes before dead")
-        << KeySym(XK_dead_acute) << true << mod1 << offPositionText;
-    QTest::newRow("modifier on goes before off the positions")
-        << KeySym(XK_Delete) << true << both(mod1, control) << modifierOnText;
-    QTest::newRow("pressed changes nothing")
-        << KeySym(XK_End) << false << noModifiers << normalText;
-}
-
-void KbdKeyTest::labelsHaveTheColourOfTheirState()
-{
-    QFETCH(KeySym, keysym);
-    QFETCH(bool, multiple);
-    QFETCH(ShiftMask_t, state);
-    QFETCH(TextColour, colour);
-    keymap->setAction(keyA, XkbSA_SetMods, both(control, shift));
-    const auto item = keyOf(keymap->addType(2, {{mod1, 1}}), {keysym, keysym});
-    item->setMultipleCharacters(multiple);
-    item->setCurrentModifiers(state);
-    if (keysym == XK_End)
-        item->keyPressEventIn();
-    QCOMPARE(textOf(*item).colour, QColor(colour.onScreen));
-    item->setColourScheme(ColourScheme::OnPaper);
-    QCOMPARE(textOf(*item).colour, QColor(colour.onPaper));
-}
-
-void KbdKeyTest::aLevelBeyondTheKeysOwnIsBlank()
-{
-    const auto item = keyOf(keymap->addType(2, {{shift, 5}}), {XK_a, XK_A});
-    item->setCurrentModifiers(shift);
-    QVERIFY(textsOf(*item).isEmpty());
-    QCOMPARE(item->activeKeysym(), x11::none);
-    QCOMPARE(item->activeLabel(), QString());
-    item->setMultipleCharacters(true);
-    QCOMPARE(labelsOf(*item).mid(0, 1), QStringList{"a"});
-}
-
 // A key of 185 by 181 has its cells, of 74.4 by 72.4, at 18 and 92 across and at 9 and 81 down.
 void KbdKeyTest::fourLabelsStandInTheQuarters()
 {
@@ -891,45 +727,6 @@ void KbdKeyTest::fourLabelsStandInTheQuarters()
         QVERIFY(std::abs(middle - room.center().x()) <= 1);
         QVERIFY(std::abs(texts.at(i).baseline.y() + metrics.descent() - room.bottom()) <= 1.5);
     }
-}
-
-void KbdKeyTest::twoLabelsShareTheWholeWidth()
-{
-    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_b}, rectangle(185, 181));
-    item->setMultipleCharacters(true);
-    const QList<PaintedText> texts = textsOf(*item);
-    QCOMPARE(labelsOf(*item), QStringList({"a", "b"}));
-    const double roomCentre = 18 + 10 + (148.8 - 15) / 2;
-    for (const PaintedText& text : texts) {
-        QFont font;
-        font.setPixelSize(text.pixelSize);
-        const double half = QFontMetricsF(font).horizontalAdvance(text.text) / 2;
-        QVERIFY(std::abs(text.baseline.x() + half - roomCentre) <= 1);
-    }
-    QVERIFY(texts.first().baseline.y() > 81);
-    QVERIFY(texts.last().baseline.y() < 81);
-}
-
-void KbdKeyTest::aThirdLevelAloneStandsAtTheRight()
-{
-    const auto item = keyOf(keymap->addType(2, {{mod5, 1}}), {XK_a, XK_b});
-    item->setMultipleCharacters(true);
-    const QList<PaintedText> texts = textsOf(*item);
-    QCOMPARE(labelsOf(*item), QStringList({"a", "b"}));
-    QVERIFY(texts.first().baseline.x() < 90);
-    QVERIFY(texts.last().baseline.x() > 90);
-    QVERIFY(texts.last().baseline.y() > 81);
-}
-
-// On a key of 1000 by 180 a label has 53 pixels, which the half of its height has room for.
-void KbdKeyTest::labelsAmongOthersAreNotDoubled()
-{
-    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_End}, rectangle(200, 1000));
-    item->setMultipleCharacters(true);
-    const QList<PaintedText> texts = textsOf(*item);
-    QCOMPARE(texts.size(), 2);
-    QCOMPARE(texts.first().pixelSize, 60);
-    QCOMPARE(texts.last().pixelSize, 60);
 }
 
 // The grounds on a key of 185 by 181 are 71 by 69, one unit within the cells' upper left corners.
@@ -981,89 +778,27 @@ void KbdKeyTest::aSymbolThatIsNoDeadKeyHasNoGround()
     QCOMPARE(at(image, 20, 90), QColor(normalCap.top[0]));
 }
 
-void KbdKeyTest::oneSymbolOnBothLevelsIsShownOnce()
+void KbdKeyTest::theActiveSymbolFollowsModifiersAndGroup()
 {
-    const auto item = keyOf(keymap->twoLevels(), {XK_x, XK_x}, tall);
-    item->setMultipleCharacters(true);
-    const PaintedText text = textOf(*item);
-    QCOMPARE(text.text, QString("x"));
-    QCOMPARE(text.pixelSize, 107);
-    QCOMPARE(text.colour, QColor(normalText.onScreen));
-}
-
-void KbdKeyTest::oneSymbolOnBothLevelsIsShownTwiceBesideAThird()
-{
-    const auto item = keyOf(keymap->fourLevels(), {XK_x, XK_x, XK_y, XK_y});
-    item->setMultipleCharacters(true);
-    QCOMPARE(labelsOf(*item), QStringList({"x", "x", "y", "y"}));
-}
-
-void KbdKeyTest::aKeyOfOneLevelIsShownAsBefore()
-{
-    const auto item = keyOf(keymap->oneLevel(), {XK_x}, tall);
-    const QList<PaintedText> before = textsOf(*item);
-    item->setMultipleCharacters(true);
-    QCOMPARE(textsOf(*item), before);
-}
-
-void KbdKeyTest::aSymbolOffThePositionsIsShownAlone()
-{
-    const auto item =
-        keyOf(keymap->addType(3, {{shift, 1}, {mod1, 2}}), {XK_a, XK_A, XK_dead_acute}, tall);
-    item->setMultipleCharacters(true);
-    QCOMPARE(labelsOf(*item), QStringList({"a", "A"}));
-    item->setCurrentModifiers(mod1);
-    const PaintedText text = textOf(*item);
-    QCOMPARE(text.text, QString("\u00B4"));
-    QCOMPARE(text.pixelSize, 107);
-    QCOMPARE(text.colour, QColor(offPositionText.onScreen));
-    QCOMPARE(at(paintedOn(*item), 9, 90), QColor(normalCap.body[0]));
-}
-
-void KbdKeyTest::capsLockChangesTheCaseAmongOthers()
-{
-    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_A});
-    item->setMultipleCharacters(true);
-    item->setCurrentModifiers(lock);
-    QCOMPARE(labelsOf(*item), QStringList({"A", "A"}));
-    item->setCurrentModifiers(both(lock, shift));
-    QCOMPARE(labelsOf(*item), QStringList({"a", "a"}));
-}
-
-void KbdKeyTest::theSelectedGroupIsShown()
-{
-    layouts = QStringList{"us", "gr"};
     const int two = keymap->twoLevels();
+    keymap->layouts = QStringList{"us", "gr"};
     keymap->addKey("AC01", keyA, {{two, {XK_a, XK_A}}, {two, {XK_Greek_alpha, XK_Greek_ALPHA}}});
     const auto item = key("AC01");
+    QCOMPARE(labelsOf(*item), QStringList{"a"});
     item->setSelectedGroup(1);
     QCOMPARE(labelsOf(*item), QStringList{"\u03B1"});
     item->setCurrentModifiers(shift);
+    QCOMPARE(labelsOf(*item), QStringList{"\u0391"});
     QCOMPARE(item->activeKeysym(), KeySym(XK_Greek_ALPHA));
-    item->setSelectedGroup(0);
-    QCOMPARE(item->activeKeysym(), KeySym(XK_A));
+    QCOMPARE(item->activeLabel(), QString("\u0391"));
+    item->setMultipleCharacters(true);
+    QCOMPARE(labelsOf(*item), QStringList({"\u03B1", "\u0391"}));
 }
 
-void KbdKeyTest::aKeyWithFewerGroupsKeepsTheGroupShown()
+void KbdKeyTest::theToolTipDescribesTheKey()
 {
-    layouts = QStringList{"us", "gr", "ru"};
-    const int one = keymap->oneLevel();
-    keymap->addKey("AC01", keyA, {{one, {XK_a}}, {one, {XK_Greek_alpha}}});
-    const auto item = key("AC01");
-    item->setSelectedGroup(1);
-    item->setSelectedGroup(2);
-    QCOMPARE(item->activeKeysym(), KeySym(XK_Greek_alpha));
-}
-
-void KbdKeyTest::theSelectedGroupChoosesTheLanguage()
-{
-    layouts = QStringList{"us", "de"};
-    const auto item = keyOf(keymap->oneLevel(), {XK_Home});
-    QCOMPARE(labelsOf(*item), QStringList{"Home"});
-    item->setSelectedGroup(1);
-    QCOMPARE(labelsOf(*item), QStringList{"Pos 1"});
-    item->setSelectedGroup(3);
-    QCOMPARE(labelsOf(*item), QStringList{"Home"});
+    const auto item = keyOf(keymap->oneLevel(), {XK_a});
+    QCOMPARE(item->toolTip(), KeyDetails::of(item->symbols()));
 }
 
 void KbdKeyTest::anOrdinaryKeyTypes()
@@ -1098,9 +833,9 @@ void KbdKeyTest::aDoubleClickIsASecondPress()
     QCOMPARE(log.take(), QStringList({"virtualKeyPress a a", "mouseKeyPressOut 38"}));
 }
 
-void KbdKeyTest::aMomentaryModifierIsHeldWithTheMouse()
+void KbdKeyTest::aLockKeyReportsPressAndRelease()
 {
-    momentaryMask = both(lock, mod1);
+    keymap->lockModifiers = both(lock, mod1);
     keymap->addKey("CAPS", capsLock, {{keymap->oneLevel(), {XK_Caps_Lock}}});
     keymap->setAction(capsLock, XkbSA_LockMods, lock);
     const auto item = key("CAPS");
@@ -1160,9 +895,9 @@ void KbdKeyTest::aTwinIsToggledAsWell()
         log.take().mid(1), QStringList({"modifierReleased 50 1 1", "modifierReleased 62 1 1"}));
 }
 
-void KbdKeyTest::aMomentaryModifierHasNoUseForItsTwin()
+void KbdKeyTest::aLockKeyHasNoUseForItsTwin()
 {
-    momentaryMask = shift;
+    keymap->lockModifiers = shift;
     const auto item = modifierKey(leftShift, XK_Shift_L, shift);
     item->setTwinKeycode(rightShift);
     KeyLog log(*item);
@@ -1241,71 +976,6 @@ void KbdKeyTest::aKeyThatTheKeymapLacksReportsNothing()
     item->keyPressEventIn();
     item->keyReleaseEventIn();
     QCOMPARE(log.take(), QStringList());
-}
-
-void KbdKeyTest::modifiersAreNamedByTheirFirstKeysym_data()
-{
-    QTest::addColumn<KeySym>("keysym");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("Caps_Lock") << KeySym(XK_Caps_Lock) << "CapsLock";
-    QTest::newRow("Num_Lock") << KeySym(XK_Num_Lock) << "NumLock";
-    QTest::newRow("Scroll_Lock") << KeySym(XK_Scroll_Lock) << "ScrollLock";
-    QTest::newRow("Shift_L") << KeySym(XK_Shift_L) << "Shift";
-    QTest::newRow("Shift_R") << KeySym(XK_Shift_R) << "Shift";
-    QTest::newRow("Control_L") << KeySym(XK_Control_L) << "Control";
-    QTest::newRow("Control_R") << KeySym(XK_Control_R) << "Control";
-    QTest::newRow("Meta_L") << KeySym(XK_Meta_L) << "Meta";
-    QTest::newRow("Meta_R") << KeySym(XK_Meta_R) << "Meta";
-    QTest::newRow("Alt_L") << KeySym(XK_Alt_L) << "Alt";
-    QTest::newRow("Alt_R") << KeySym(XK_Alt_R) << "Alt";
-    QTest::newRow("Super_L") << KeySym(XK_Super_L) << "Super";
-    QTest::newRow("Super_R") << KeySym(XK_Super_R) << "Super";
-    QTest::newRow("Hyper_L") << KeySym(XK_Hyper_L) << "Hyper";
-    QTest::newRow("Hyper_R") << KeySym(XK_Hyper_R) << "Hyper";
-    QTest::newRow("ISO_Level3_Shift") << KeySym(XK_ISO_Level3_Shift) << "LevelThree";
-    QTest::newRow("ISO_Level3_Latch") << KeySym(XK_ISO_Level3_Latch) << "LevelThree";
-    QTest::newRow("ISO_Level3_Lock") << KeySym(XK_ISO_Level3_Lock) << "LevelThree";
-    QTest::newRow("ISO_Level5_Shift") << KeySym(XK_ISO_Level5_Shift) << "";
-    QTest::newRow("a") << KeySym(XK_a) << "";
-    QTest::newRow("none") << x11::none << "";
-}
-
-void KbdKeyTest::modifiersAreNamedByTheirFirstKeysym()
-{
-    QFETCH(KeySym, keysym);
-    QTEST(keyOf(keymap->twoLevels(), {keysym, XK_Shift_L})->modifierName(), "name");
-}
-
-void KbdKeyTest::onlySettingAndLockingMakesAModifier_data()
-{
-    QTest::addColumn<int>("action");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("mask");
-    QTest::newRow("set") << int(XkbSA_SetMods) << 1 << 5;
-    QTest::newRow("lock") << int(XkbSA_LockMods) << 3 << 5;
-    QTest::newRow("latch") << int(XkbSA_LatchMods) << 0 << 0;
-    QTest::newRow("set the group") << int(XkbSA_SetGroup) << 0 << 0;
-    QTest::newRow("none") << int(XkbSA_NoAction) << 0 << 0;
-}
-
-void KbdKeyTest::onlySettingAndLockingMakesAModifier()
-{
-    QFETCH(int, action);
-    keymap->setAction(keyA, static_cast<unsigned char>(action), both(shift, control));
-    const auto item = keyOf(keymap->oneLevel(), {XK_a});
-    QTEST(int(item->keyType()), "type");
-    QTEST(int(item->keyModifiers()), "mask");
-}
-
-void KbdKeyTest::aKeyIsFoundByAllOfItsName()
-{
-    const int one = keymap->oneLevel();
-    keymap->addKey("AE01", 10, {{one, {XK_1}}});
-    keymap->addKey("AE0", 11, {{one, {XK_2}}});
-    keymap->addKey("AE01", 12, {{one, {XK_3}}});
-    QCOMPARE(key("AE01")->x11Keycode(), KeyCode(10));
-    QCOMPARE(key("AE0")->x11Keycode(), KeyCode(11));
-    QCOMPARE(key("AE")->x11Keycode(), KeyCode(0));
 }
 
 QTEST_MAIN(KbdKeyTest)

@@ -1,4 +1,4 @@
-#include "CaptionedCombo.h"
+#include "CaptionedComboChecks.h"
 #include "DataFixture.h"
 #include "ui/KeycapCombo.h"
 
@@ -15,9 +15,9 @@
 
 namespace {
 
-using CaptionedCombo::comboOf;
-using CaptionedCombo::labelOf;
-using CaptionedCombo::middleOf;
+using CaptionedComboChecks::comboOf;
+using CaptionedComboChecks::labelOf;
+using CaptionedComboChecks::middleOf;
 
 std::unique_ptr<KeycapCombo> makeControl(bool iconOnly, QWidget* parent)
 {
@@ -145,22 +145,22 @@ void KeycapComboTest::captionAndComboShowAndHideTogether_data()
 void KeycapComboTest::captionAndComboShowAndHideTogether()
 {
     QFETCH(bool, iconOnly);
-    CaptionedCombo::showsAndHidesAsOne(iconOnly, makeControl);
+    CaptionedComboChecks::showsAndHidesAsOne(iconOnly, makeControl);
 }
 
 void KeycapComboTest::aWidgetWithALayoutKeepsIt()
 {
-    CaptionedCombo::leavesAWidgetItsLayout(makeControl);
+    CaptionedComboChecks::leavesAWidgetItsLayout(makeControl);
 }
 
 void KeycapComboTest::deletingTheControlDeletesItsWidgets()
 {
-    CaptionedCombo::takesItsWidgetsWithIt(makeControl);
+    CaptionedComboChecks::takesItsWidgetsWithIt(makeControl);
 }
 
 void KeycapComboTest::deletingTheWindowDeletesEachWidgetOnce()
 {
-    CaptionedCombo::goesWithItsWindow(makeControl);
+    CaptionedComboChecks::goesWithItsWindow(makeControl);
 }
 
 QTEST_MAIN(KeycapComboTest)

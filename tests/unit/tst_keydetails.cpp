@@ -1,9 +1,7 @@
 #include "FakeKeymap.h"
 
-#include "app/description/XDisplayClass.h"
-#include "keys/KbdKey.h"
-#include "keys/KbdLabelTable.h"
 #include "keys/KeyDetails.h"
+#include "x11/X11.h"
 
 #include <QTest>
 
@@ -51,8 +49,6 @@ private:
     QString detailsOf(const char* name, const QStringList& layouts = {"us"});
 
     std::unique_ptr<FakeKeymap> keymap;
-    XDisplayClass noDisplay{nullptr};
-    KbdLabelTable labels;
 };
 
 void KeyDetailsTest::init()
@@ -62,8 +58,8 @@ void KeyDetailsTest::init()
 
 QString KeyDetailsTest::detailsOf(const char* name, const QStringList& layouts)
 {
-    const KeyContext context{&noDisplay, keymap->xkb(), &labels, layouts, {}, 0};
-    return KbdKey(context, name, KeyShape(), nullptr).toolTip();
+    keymap->layouts = layouts;
+    return KeyDetails::of(keymap->key(name));
 }
 
 void KeyDetailsTest::theTextHasThisForm()

@@ -1,6 +1,7 @@
 #include "FakeGeometry.h"
 
 #include "model/KeyPlacement.h"
+#include "x11/X11.h"
 
 #include <QTest>
 

@@ -89,8 +89,9 @@ private slots:
     void theReleaseOfShiftDoesNotCompose();
     void aLetterThatUnicodeLacksIsTypedAsNul();
     void aComposedKeyHasTheTablesKey();
-    void arrowsMoveTheCursorAtTheirRelease();
-    void arrowsWithShiftSelect();
+    void oneStrokeOfAnArrowMovesTheCursorByOne();
+    void anArrowMovesTheCursorAtItsRelease();
+    void oneStrokeOfAnArrowWithShiftSelectsOneCharacter();
     void arrowsDoNotComposeAPendingDeadKey();
     void keysThatTypeNothingAreLeftAlone_data();
     void keysThatTypeNothingAreLeftAlone();
@@ -298,25 +299,33 @@ void TypingAreaTest::aComposedKeyHasTheTablesKey()
     QCOMPARE(log.keys, keys);
 }
 
-void TypingAreaTest::arrowsMoveTheCursorAtTheirRelease()
+void TypingAreaTest::oneStrokeOfAnArrowMovesTheCursorByOne()
 {
-    strike({letter(u'a'), letter(u'b'), letter(u'c')});
-    release(arrow(Qt::Key_Left));
+    strike({letter(u'a'), letter(u'b'), letter(u'c'), arrow(Qt::Key_Left)});
     QCOMPARE(area->cursorPosition(), 2);
-    release(arrow(Qt::Key_Left));
+    strike({arrow(Qt::Key_Left)});
     QCOMPARE(area->cursorPosition(), 1);
-    release(arrow(Qt::Key_Right));
+    strike({arrow(Qt::Key_Right)});
     QCOMPARE(area->cursorPosition(), 2);
     QVERIFY(!area->hasSelectedText());
 }
 
-void TypingAreaTest::arrowsWithShiftSelect()
+void TypingAreaTest::anArrowMovesTheCursorAtItsRelease()
 {
-    strike({letter(u'a'), letter(u'b'), letter(u'c')});
-    release(arrow(Qt::Key_Left, Qt::ShiftModifier));
-    release(arrow(Qt::Key_Left, Qt::ShiftModifier));
+    strike({letter(u'a'), letter(u'b')});
+    press(arrow(Qt::Key_Left));
+    QCOMPARE(area->cursorPosition(), 2);
+    release(arrow(Qt::Key_Left));
+    QCOMPARE(area->cursorPosition(), 1);
+}
+
+void TypingAreaTest::oneStrokeOfAnArrowWithShiftSelectsOneCharacter()
+{
+    strike({letter(u'a'), letter(u'b'), letter(u'c'), arrow(Qt::Key_Left, Qt::ShiftModifier)});
+    QCOMPARE(area->selectedText(), QStringLiteral("c"));
+    strike({arrow(Qt::Key_Left, Qt::ShiftModifier)});
     QCOMPARE(area->selectedText(), QStringLiteral("bc"));
-    release(arrow(Qt::Key_Right, Qt::ShiftModifier));
+    strike({arrow(Qt::Key_Right, Qt::ShiftModifier)});
     QCOMPARE(area->selectedText(), QStringLiteral("c"));
 }
 

@@ -1,6 +1,7 @@
 #include "harness/FailurePictures.h"
 #include "harness/XTestMain.h"
 #include "harness/XTools.h"
+#include "x11/X11.h"
 
 #include <QDir>
 #include <QImage>

@@ -10,6 +10,9 @@
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
+#include "x11/Property.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QComboBox>
@@ -49,7 +52,7 @@ constexpr int dragTolerance = 20;
 bool isInLetterBlock(const KbdKey& key)
 {
     const QString row = key.name().left(2);
-    return key.keyType() == 0 && QStringList{"AB", "AC", "AD", "AE"}.contains(row);
+    return key.symbols().keyType() == 0 && QStringList{"AB", "AC", "AD", "AE"}.contains(row);
 }
 
 std::unique_ptr<MainWindow> makeLikeness()
@@ -67,18 +70,8 @@ std::unique_ptr<MainWindow> makeLikeness()
 
 QList<unsigned long> numbersOf(Display* display, Window window, const char* property)
 {
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, window, XInternAtom(display, property, x11::xFalse), 0, 1024,
-        x11::xFalse, AnyPropertyType, &type, &format, &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    if (format != 32)
-        return {};
-    const auto* numbers = reinterpret_cast<const unsigned long*>(bytes);
-    return {numbers, numbers + count};
+    const std::vector<unsigned long> numbers = x11::property(display, window, property).numbers;
+    return {numbers.begin(), numbers.end()};
 }
 
 QString wordFor(const KeyTargetLine& line)
@@ -218,10 +211,7 @@ bool FocusTest::startKeyboard()
 
 Window FocusTest::focusWindow() const
 {
-    Window focus = x11::none;
-    int revertTo = 0;
-    XGetInputFocus(display(), &focus, &revertTo);
-    return focus;
+    return x11::focusWindow(display());
 }
 
 // The modes of the events by which the target has lost the focus.

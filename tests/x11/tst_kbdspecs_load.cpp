@@ -2,8 +2,9 @@
 #include "harness/XTestMain.h"
 #include "harness/XTools.h"
 #include "model/GroupLayouts.h"
-#include "model/XkbDescription.h"
 #include "ui/specs/SpecTable.h"
+#include "x11/X11.h"
+#include "x11/XkbDescription.h"
 
 namespace {
 

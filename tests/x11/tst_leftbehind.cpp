@@ -9,6 +9,7 @@
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
 #include "ui/specs/KbdSpec.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QDir>
@@ -127,6 +128,7 @@ kbdSpec_t germanSpec()
 void tellOfKey(const MainWindow& window, KeyCode keycode, bool down)
 {
     XKeyEvent event{};
+    event.type = down ? x11::keyPress : x11::keyRelease;
     event.keycode = keycode;
     if (down)
         window.picture()->x11KeyPressEventIn(&event);

@@ -8,6 +8,7 @@
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
+#include "x11/X11.h"
 
 #include <QLineEdit>
 #include <QTest>

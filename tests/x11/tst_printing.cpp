@@ -4,6 +4,7 @@
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QAbstractButton>

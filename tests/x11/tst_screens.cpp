@@ -5,6 +5,7 @@
 #include "harness/ProgramWindows.h"
 #include "harness/WindowManager.h"
 #include "harness/XTools.h"
+#include "x11/X11.h"
 
 #include <QTest>
 

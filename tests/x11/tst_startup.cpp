@@ -9,6 +9,9 @@
 #include "harness/XTools.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
+#include "ui/specs/KbdConstants.h"
+#include "x11/Property.h"
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QDeadlineTimer>
@@ -17,8 +20,11 @@
 #include <QLibraryInfo>
 #include <QStandardPaths>
 
+#include <array>
 #include <csignal>
+#include <functional>
 #include <memory>
+#include <sys/inotify.h>
 #include <unistd.h>
 
 namespace {
@@ -104,18 +110,48 @@ private:
     QTemporaryDir directory;
 };
 
+// Counts how often any process opens a file, from here on.
+class OpeningCounter {
+public:
+    explicit OpeningCounter(const QString& path)
+        : m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+        , m_watches(inotify_add_watch(
+                        m_descriptor, QFile::encodeName(path).constData(), IN_OPEN | IN_CLOSE)
+              >= 0)
+    {
+    }
+    ~OpeningCounter() { close(m_descriptor); }
+    Q_DISABLE_COPY_MOVE(OpeningCounter)
+
+    bool isWatching() const { return m_watches; }
+
+    // The kernel reports equal events that follow each other as one: closing parts the openings.
+    int count()
+    {
+        alignas(inotify_event) std::array<char, 4096> events{};
+        ssize_t size = 0;
+        while ((size = read(m_descriptor, events.data(), events.size())) > 0) {
+            for (ssize_t at = 0; at < size;) {
+                const auto* event = reinterpret_cast<const inotify_event*>(events.data() + at);
+                m_openings += event->mask & IN_OPEN ? 1 : 0;
+                at += static_cast<ssize_t>(sizeof(inotify_event)) + event->len;
+            }
+        }
+        return m_openings;
+    }
+
+private:
+    int m_descriptor;
+    bool m_watches;
+    int m_openings = 0;
+};
+
+// A table for the program's working directory. The last entry is at the bottom of the list.
+const QByteArray twoKeyboards = "Alpha\t\tpc105\tus\t\nBeta\t\tpc105\tde\t\n";
+
 QString windowTitle(Display* display, Window window)
 {
-    const Atom name = XInternAtom(display, "_NET_WM_NAME", x11::xFalse);
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* bytes = nullptr;
-    XGetWindowProperty(display, window, name, 0, 100, x11::xFalse, AnyPropertyType, &type, &format,
-        &count, &rest, &bytes);
-    const x11::Owned<unsigned char> owned(bytes);
-    return bytes ? QString::fromUtf8(reinterpret_cast<const char*>(bytes)) : QString();
+    return QString::fromStdString(x11::property(display, window, "_NET_WM_NAME").bytes);
 }
 
 Window guardOwner(Display* display)
@@ -137,6 +173,21 @@ QStringList commonArguments(const QString& window)
     return {"--parent", QString::number(getpid()), "--window", window, "--display",
         qEnvironmentVariable("DISPLAY")};
 }
+
+// While it lives, this process is in another directory.
+class WorkingDirectory {
+public:
+    explicit WorkingDirectory(const QString& path)
+        : before(QDir::currentPath())
+    {
+        QDir::setCurrent(path);
+    }
+    ~WorkingDirectory() { QDir::setCurrent(before); }
+    Q_DISABLE_COPY_MOVE(WorkingDirectory)
+
+private:
+    QString before;
+};
 
 } // namespace
 
@@ -169,6 +220,7 @@ private slots:
     void withoutSetxkbmapThereAreNoRules();
     void aLayoutThatCannotBeHadEndsTheProgram();
     void aLayoutThatTheServerDoesNotKnowEndsTheProgramByName();
+    void theTableIsReadOnce();
 
     void setxkbmapIsAskedForTheSettings_data();
     void setxkbmapIsAskedForTheSettings();
@@ -201,9 +253,10 @@ private:
     QString install(const QString& place);
     bool translate(const QString& locale, const QString& title);
     QPoint placeOfSelector(Window window);
-    bool endsAfterAChoice(const ProgramRun& run, const QPoint& selector);
     void endsWithTheSecondOf(ProgramRun& run, const QByteArray& table);
     void click(const QPoint& point);
+    bool chooseLastLayout(
+        const ProgramRun& run, const QPoint& selector, const std::function<bool()>& isChosen);
 
     XConnection connection;
     QTemporaryDir prefix; // places where the program is installed, with and without translations
@@ -517,24 +570,23 @@ QPoint StartupTest::placeOfSelector(Window window)
                     : QPoint();
 }
 
-// Chooses the last entry of the list by mouse, until the program has ended.
-bool StartupTest::endsAfterAChoice(const ProgramRun& run, const QPoint& selector)
+// Opens the list and clicks its last entry until that has its effect.
+bool StartupTest::chooseLastLayout(
+    const ProgramRun& run, const QPoint& selector, const std::function<bool()>& isChosen)
 {
     // A list that has just opened does not heed a click yet.
     QDeadlineTimer nextClick(0);
-    return QTest::qWaitFor(
-        [&] {
-            if (!run.isRunning())
-                return true;
-            if (!nextClick.hasExpired())
-                return false;
-            nextClick.setRemainingTime(betweenClicksMs);
-            const auto list =
-                grabWindow(connection.get(), popupOf(connection.get(), run.processId()));
-            click(list ? list->topLeft + QPoint(20, list->image.height() - 8) : selector);
+    const auto isChosenByNow = [&] {
+        if (isChosen())
+            return true;
+        if (!nextClick.hasExpired())
             return false;
-        },
-        20000);
+        nextClick.setRemainingTime(betweenClicksMs);
+        const auto list = grabWindow(connection.get(), popupOf(connection.get(), run.processId()));
+        click(list ? list->topLeft + QPoint(20, list->image.height() - 8) : selector);
+        return false;
+    };
+    return QTest::qWaitFor(isChosenByNow, 20000);
 }
 
 // The second time it is asked, setxkbmap names a geometry that there is not.
@@ -544,7 +596,7 @@ void StartupTest::aLayoutThatCannotBeHadEndsTheProgram()
         + "else\n: > \"$here/asked\"\nexec \"$real\" \"$@\"\nfi\n");
     const auto run = program();
     run->setVariable("PATH", tool.searchPath());
-    endsWithTheSecondOf(*run, "Alpha\t\tpc105\tus\t\nBeta\t\tpc105\tde\t\n");
+    endsWithTheSecondOf(*run, twoKeyboards);
     failsWith(*run, "KbdApp: cannot load layout 'de', model 'pc105'\n" + descriptionFailure);
     QCOMPARE(pressedKeys(display()), QList<int>());
 }
@@ -564,13 +616,40 @@ void StartupTest::endsWithTheSecondOf(ProgramRun& run, const QByteArray& table)
 {
     const QTemporaryDir directory;
     QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), table));
-    const auto back = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
-    QVERIFY(QDir::setCurrent(directory.path()));
+    const WorkingDirectory here(directory.path());
     run.setWorkingDirectory(directory.path());
     run.start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
     const Window window = run.waitForWindow(connection.get());
     QVERIFY2(window != x11::none, run.errors().constData());
-    QVERIFY(endsAfterAChoice(run, placeOfSelector(window)));
+    QVERIFY(chooseLastLayout(run, placeOfSelector(window), [&] { return !run.isRunning(); }));
+}
+
+// At the start, and not again for a layout that is chosen.
+void StartupTest::theTableIsReadOnce()
+{
+    if (QFile::exists(KbdConstants::specTablePath))
+        QSKIP("The program reads an installed table, which other tests open too");
+    const QTemporaryDir here;
+    const QTemporaryDir ofTheProgram;
+    for (const QTemporaryDir* directory : {&here, &ofTheProgram})
+        QVERIFY(writeFile(directory->filePath("kbdSpecs.tab"), twoKeyboards));
+    const WorkingDirectory ofThisProcess(here.path());
+    OpeningCounter table(ofTheProgram.filePath("kbdSpecs.tab"));
+    QVERIFY(table.isWatching());
+    const FakeSetxkbmap tool("case \"$*\" in *'-layout de'*) : > \"$here/chosen\";; esac\n"
+                             "exec \"$real\" \"$@\"\n");
+    const auto run = program();
+    run->setVariable("PATH", tool.searchPath());
+    run->setWorkingDirectory(ofTheProgram.path());
+    run->start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
+    const Window window = run->waitForWindow(connection.get());
+    QVERIFY2(window != x11::none, run->errors().constData());
+
+    QVERIFY(chooseLastLayout(
+        *run, placeOfSelector(window), [&] { return QFile::exists(tool.filePath("chosen")); }));
+
+    runsAndEnds(*run);
+    QCOMPARE(table.count(), 1);
 }
 
 void StartupTest::setxkbmapIsAskedForTheSettings_data()
@@ -802,7 +881,11 @@ void StartupTest::withoutATranslationNothingIsSaid_data()
 void StartupTest::withoutATranslationNothingIsSaid()
 {
     QFETCH(QString, locale);
+    // Where the machine has no such locale, Qt says so: the plain one stands for it.
+    const QTemporaryDir locales;
+    QVERIFY(QFile::link("/usr/lib/locale/C.utf8", locales.filePath(locale)));
     ProgramRun run(install("bare"), display());
+    run.setVariable("LOCPATH", locales.path());
     run.setVariable("LC_ALL", locale);
     run.start();
     runsAndEnds(run);

@@ -3,6 +3,10 @@
 #include "harness/PrivateServer.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
+#include "x11/HeldKeysProperty.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
+#include "x11/XkbDescription.h"
 
 #include <QCoreApplication>
 #include <QTemporaryFile>
@@ -184,11 +188,9 @@ void SwitcherTest::focus(Window window)
 
 QString SwitcherTest::symbols()
 {
-    XkbDescRec* const description = XkbAllocKeyboard();
-    XkbGetNames(connection.get(), XkbSymbolsNameMask, description);
-    const x11::Owned<char> name(XGetAtomName(connection.get(), description->names->symbols));
-    XkbFreeKeyboard(description, XkbAllComponentsMask, x11::xTrue);
-    return QString::fromLatin1(name.get());
+    const XkbDescription description(XkbAllocKeyboard());
+    XkbGetNames(connection.get(), XkbSymbolsNameMask, description.get());
+    return QString::fromStdString(x11::atomName(connection.get(), description->names->symbols));
 }
 
 bool SwitcherTest::isOwned(const QByteArray& selection)
@@ -273,9 +275,9 @@ void SwitcherTest::initTestCase()
     displayName = qgetenv("DISPLAY");
     connection = openDisplay(displayName);
     QVERIFY(connection);
-    int opcode = 0;
-    int error = 0;
-    QVERIFY(XkbQueryExtension(connection.get(), &opcode, &xkbEvent, &error, nullptr, nullptr));
+    const auto xkb = x11::queryXkb(connection.get());
+    QVERIFY(xkb);
+    xkbEvent = xkb->event;
     XkbSelectEvents(
         connection.get(), x11::coreKeyboard, XkbNewKeyboardNotifyMask, XkbNewKeyboardNotifyMask);
     elsewhere = createWindow();
@@ -427,12 +429,7 @@ void SwitcherTest::whatAKilledParentHeldDownIsReleased()
     if (keys == german)
         QTRY_COMPARE(symbols(), germanSymbols);
     // The parent tells what it holds; another program holds another key.
-    const QByteArray name = "_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(parent.processId());
-    const QByteArray held("\x32\x26");
-    XChangeProperty(connection.get(), XDefaultRootWindow(connection.get()),
-        XInternAtom(connection.get(), name.constData(), x11::xFalse), XA_INTEGER, 8,
-        PropModeReplace, reinterpret_cast<const unsigned char*>(held.constData()),
-        static_cast<int>(held.size()));
+    x11::writeHeldKeys(connection.get(), static_cast<pid_t>(parent.processId()), {leftShift, keyA});
     for (const int keycode : {leftShift, keyA, keyD})
         type(keycode, true);
     QCOMPARE(pressedKeys(displayName), (QList<int>{keyA, keyD, leftShift}));

@@ -9,6 +9,8 @@
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "x11/Property.h"
+#include "x11/X11.h"
 
 #include <QTest>
 
@@ -34,6 +36,7 @@ private slots:
     void aClickedDeadKeyComposesWithTheNextClick();
     void aPhysicalDeadKeyComposesWithTheNextKey();
     void aDeadKeyTwiceGivesItsAccent();
+    void anArrowMovesTheCursorOfTheSampleLineByOneCharacter();
     void thirdLevelCharactersAreTyped();
     void theClickDoesNotLeaveTheWindowsFocus();
     void aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus();
@@ -101,10 +104,10 @@ void TryOutTest::click(const char* name) const
     const ShiftMask_t before = window()->picture()->modifiers();
     movePointerTo(name);
     button(true);
-    if (key->keyType() == 0)
+    if (key->symbols().keyType() == 0)
         QTRY_VERIFY(key->isPressed());
     button(false);
-    if (key->keyType() == 0)
+    if (key->symbols().keyType() == 0)
         QTRY_VERIFY(!key->isPressed());
     else
         QTRY_VERIFY(window()->picture()->modifiers() != before);
@@ -147,18 +150,10 @@ void TryOutTest::withoutSettingsTheServersKeyboardIsTheOneSelected()
 // Width, height and that many pixels at least (EWMH, _NET_WM_ICON).
 void TryOutTest::theWindowBringsItsIcon()
 {
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display.get(), window()->winId(),
-        XInternAtom(display.get(), "_NET_WM_ICON", x11::xFalse), 0, 1 << 20, x11::xFalse,
-        AnyPropertyType, &type, &format, &count, &rest, &data);
-    const x11::Owned<unsigned char> owned(data);
-    QCOMPARE(format, 32);
-    const auto* values = reinterpret_cast<const unsigned long*>(data);
-    QVERIFY(values[0] >= 16 && values[1] >= 16 && count >= 2 + values[0] * values[1]);
+    const std::vector<unsigned long> values =
+        x11::property(display.get(), window()->winId(), "_NET_WM_ICON").numbers;
+    QVERIFY(values.size() > 2);
+    QVERIFY(values[0] >= 16 && values[1] >= 16 && values.size() >= 2 + values[0] * values[1]);
 }
 
 void TryOutTest::aClickedKeyIsTypedAndLitWhileItIsDown()
@@ -209,6 +204,20 @@ void TryOutTest::aDeadKeyTwiceGivesItsAccent()
     click("AE12");
     click("AE12");
     QTRY_COMPARE(typed(), QStringLiteral("´"));
+}
+
+void TryOutTest::anArrowMovesTheCursorOfTheSampleLineByOneCharacter()
+{
+    for (const KeySym keysym : {XK_a, XK_b, XK_c, XK_Left, XK_x})
+        stroke(keysym);
+    QTRY_COMPARE(typed(), QStringLiteral("abxc"));
+
+    click("LEFT");
+    physicalKey(XK_Shift_L, true);
+    stroke(XK_Left);
+    physicalKey(XK_Shift_L, false);
+    stroke(XK_y);
+    QTRY_COMPARE(typed(), QStringLiteral("ayxc"));
 }
 
 void TryOutTest::thirdLevelCharactersAreTyped()

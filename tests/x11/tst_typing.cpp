@@ -10,6 +10,9 @@
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "x11/Property.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
 
 #include <QDir>
 #include <QFile>
@@ -228,7 +231,7 @@ QList<Shown> ordinaryKeys(const KbdGeometry& picture)
     QList<Shown> result;
     const QList<KbdKey*> keys = picture.keyItems();
     for (KbdKey* key : keys) {
-        if (key->keyType() != 0 || key->groupCount() == 0)
+        if (key->symbols().keyType() != 0 || key->symbols().groupCount() == 0)
             continue;
         const Shown shown{key, nameOf(key->activeKeysym()), key->activeLabel()};
         result << shown;
@@ -242,7 +245,7 @@ KbdKey* modifierKey(const KbdGeometry& picture, const QString& modifier)
 {
     const QList<KbdKey*> keys = picture.keyItems();
     for (KbdKey* key : keys) {
-        if (key->keyType() != 0 && key->modifierName() == modifier)
+        if (key->symbols().keyType() != 0 && key->symbols().modifierName() == modifier)
             return key;
     }
     return nullptr;
@@ -385,7 +388,7 @@ bool TypingTest::switchModifiers(const StateRow& state, bool on)
         if (!key || !click(*key))
             return false;
         const auto isSwitched = [&] {
-            return bool(picture().modifiers() & key->keyModifiers()) == on;
+            return bool(picture().modifiers() & key->symbols().keyModifiers()) == on;
         };
         if (!waitUntil(isSwitched))
             return false;
@@ -562,7 +565,8 @@ void TypingTest::theFifthLevelIsTyped()
         [](const KbdKey* key) { return key->activeKeysym() == XK_ISO_Level5_Shift; });
     QVERIFY(fifthLevel != keys.end());
     QVERIFY(click(**fifthLevel));
-    QVERIFY(waitUntil([&] { return picture().modifiers() == (*fifthLevel)->keyModifiers(); }));
+    QVERIFY(waitUntil(
+        [&] { return picture().modifiers() == (*fifthLevel)->symbols().keyModifiers(); }));
 
     const QList<Shown> shown = ordinaryKeys(picture());
     const QList<KeyTargetLine> presses = typed(shown);
@@ -583,10 +587,9 @@ void TypingTest::theTargetHasTheFocusAgainAfterThePrintDialog()
     QVERIFY(startApplication("--tofocus", {"-model", "pc105", "-layout", "us"}));
     QVERIFY(startTarget());
     // The window manager tells it a little later than the target, and it is what the program asks.
-    const Atom activeWindow = XInternAtom(pointer.display(), "_NET_ACTIVE_WINDOW", x11::xFalse);
     const auto active = [&] {
-        return numberProperty(
-            pointer.display(), DefaultRootWindow(pointer.display()), activeWindow);
+        return x11::numberProperty(
+            pointer.display(), DefaultRootWindow(pointer.display()), "_NET_ACTIVE_WINDOW");
     };
     QVERIFY(waitUntil([&] { return active() == target->windowId(); }));
     bool hadFocus = false;
@@ -606,13 +609,7 @@ void TypingTest::theTargetHasTheFocusAgainAfterThePrintDialog()
     reader.stop();
     QVERIFY(hadFocus);
 
-    const auto focus = [this] {
-        Window window = x11::none;
-        int revertTo = 0;
-        XGetInputFocus(pointer.display(), &window, &revertTo);
-        return window;
-    };
-    QVERIFY(waitUntil([&] { return focus() == target->windowId(); }));
+    QVERIFY(waitUntil([&] { return x11::focusWindow(pointer.display()) == target->windowId(); }));
 }
 
 void TypingTest::capsLockIsSwitchedWhileShiftIsHeld()
@@ -648,7 +645,7 @@ void TypingTest::theTextLineShowsWhatIsDrawn()
         int characters = 0;
         for (const KbdKey* key : keys) {
             const QString character = characterOf(pointer.display(), key->activeKeysym());
-            if (key->keyType() != 0 || character.isEmpty())
+            if (key->symbols().keyType() != 0 || character.isEmpty())
                 continue;
             ++characters;
             QCOMPARE(key->name() + ' ' + lineAfter(*key), key->name() + ' ' + character);

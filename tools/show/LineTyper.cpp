@@ -4,6 +4,7 @@
 #include "keys/KbdLabelTable.h"
 #include "keys/KeyColours.h"
 #include "model/KbdGeometry.h"
+#include "x11/X11.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -77,7 +78,7 @@ QString LineTyper::characterAt(const KbdKey& key, int level) const
 {
     static const KbdLabelTable table;
     const KeySym keysym = XkbKeycodeToKeysym(display, key.x11Keycode(), 0, level);
-    if (keysym == x11::none || key.keyType() != 0
+    if (keysym == x11::none || key.symbols().keyType() != 0
         || (keysym >= firstDeadKeysym && keysym <= lastDeadKeysym))
         return {};
     if (keysym == XK_space)
@@ -111,7 +112,7 @@ const KbdKey* LineTyper::keyNamed(const char* name) const
 const KbdKey* LineTyper::thirdLevelKey() const
 {
     for (const KbdKey* key : picture.keyItems()) {
-        if (key->modifierName() == QLatin1StringView("LevelThree"))
+        if (key->symbols().modifierName() == QLatin1StringView("LevelThree"))
             return key;
     }
     return nullptr;
@@ -175,12 +176,12 @@ void LineTyper::click(const KbdKey* key)
     // To the right of the middle: that is cap on an L-shaped Return, too.
     XTestFakeMotionEvent(
         display, -1, cap.x() + cap.width() * 7 / 10, cap.y() + cap.height() * 6 / 10, CurrentTime);
-    const bool typesHere = target == Target::OwnLine && key->keyType() == 0;
+    const bool typesHere = target == Target::OwnLine && key->symbols().keyType() == 0;
     setButton(true);
     bool done = !typesHere || QTest::qWaitFor([&] { return isLit(grab(cap)); });
     setButton(false);
     done = done && QTest::qWaitFor([&] {
-        if (key->keyType() != 0)
+        if (key->symbols().keyType() != 0)
             return grab(cap) != before;
         return typesHere ? !isLit(grab(cap)) : keyWasReleased(key->x11Keycode());
     });

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "harness/PictureLocator.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QRect>
 #include <QString>

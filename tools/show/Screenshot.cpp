@@ -1,5 +1,7 @@
 #include "Screenshot.h"
 
+#include "x11/X11.h"
+
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QRect>

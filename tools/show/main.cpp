@@ -20,6 +20,8 @@
 #include "harness/WindowManager.h"
 #include "harness/XTools.h"
 #include "model/KbdGeometry.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -83,14 +85,6 @@ std::unique_ptr<KbdGeometry> samePicture(Display* display, const Settings& setti
         settings.model, settings.layout, settings.variant, QString(), &names, false, nullptr);
 }
 
-bool hasFocus(Display* display, Window window)
-{
-    Window focus = x11::none;
-    int revertTo = 0;
-    XGetInputFocus(display, &focus, &revertTo);
-    return focus == window;
-}
-
 Window waitForWindow(Display* display, qint64 processId)
 {
     Window window = x11::none;
@@ -123,7 +117,7 @@ void start(QProcess& process, const Show& show)
 
 void waitForFocus(Display* display, Window window)
 {
-    if (!QTest::qWaitFor([&] { return hasFocus(display, window); }, startDeadline))
+    if (!QTest::qWaitFor([&] { return x11::focusWindow(display) == window; }, startDeadline))
         throw std::runtime_error("a window does not get the focus");
 }
 

@@ -1,6 +1,7 @@
 #include "app/description/ComponentNames.h"
 
 #include "app/description/ToolRun.h"
+#include "x11/X11.h"
 
 #include <QByteArrayView>
 #include <QRegularExpression>
@@ -11,11 +12,13 @@
 #include <cstring>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Component = char* XkbComponentNamesRec::*;
 
-// In the order in which a line is searched for them.
+// A line is searched for the sections in this order.
 struct ComponentSection {
     Component component;
     const char* keyword;
@@ -45,12 +48,13 @@ constexpr std::array<GeometryReplacement, 5> platformGeometries{{
     {"pc(abnt2)", "pc-arvane(abnt2)"},
 }};
 
-// What the rules give for a model that they do not know, as the program draws it.
+// Our geometry in place of the rules' default, which they also give for a model that they do not
+// know.
 constexpr char fallbackGeometry[] = "pc-arvane(pc104)";
 constexpr std::array<const char*, 3> largerBoards{"jp106", "kr106", "abnt2"};
 
-// No names that an X server takes make a line of this length (characters); a search through one
-// that is made to be slow would take its time.
+// In characters. An X server takes no names as long as that, and a line made to slow a regular
+// expression down could block the program.
 constexpr qsizetype longestLine = 8192;
 
 constexpr int toolTimeout = 30000; // milliseconds
@@ -64,7 +68,7 @@ void replace(char*& target, const char* text)
 QRegularExpression includePattern(const char* keyword)
 {
     return QRegularExpression(
-        QLatin1StringView(keyword) + QStringLiteral("\\s*\\{\\s*include\\s+\"(.*)\"\\s*\\}"));
+        QLatin1StringView(keyword) + u"\\s*\\{\\s*include\\s+\"(.*)\"\\s*\\}"_s);
 }
 
 void preferPlatformGeometry(XkbComponentNamesRec* names)
@@ -75,37 +79,35 @@ void preferPlatformGeometry(XkbComponentNamesRec* names)
     }
 }
 
-// The rules of many systems do not know the boards that have more keys than a plain one, and
-// answer with that. Keys that the user has would be missing from the picture.
+// The rules of many systems do not know the boards with more keys than the default one, and give
+// the default for them: keys that the user has would be missing from the picture.
 void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
 {
     if (QByteArrayView(names->geometry) != fallbackGeometry)
         return;
     for (const char* board : largerBoards) {
-        if (model == QLatin1String(board))
+        if (model == QLatin1StringView(board))
             return replace(names->geometry, (std::string("pc-arvane(") + board + ")").c_str());
     }
 }
 
 } // namespace
 
-bool queryComponentNames( // NOLINT(readability-function-size): the settings stand side by side
-    XkbComponentNamesRec* names, Display* display, const QString& model, const QString& layout,
-    const QString& variant, const QString& options)
+bool queryComponentNames(
+    XkbComponentNamesRec* names, Display* display, const KeyboardSettings& settings)
 {
     *names = {};
-    QStringList arguments{
-        QStringLiteral("-display"), QString::fromLocal8Bit(XDisplayString(display))};
-    appendOption(arguments, "-model", model);
-    appendOption(arguments, "-layout", layout);
-    appendOption(arguments, "-variant", variant);
-    appendOption(arguments, "-option", options);
-    arguments << QStringLiteral("-print");
+    QStringList arguments{u"-display"_s, QString::fromLocal8Bit(XDisplayString(display))};
+    appendOption(arguments, "-model", settings.model);
+    appendOption(arguments, "-layout", settings.layout);
+    appendOption(arguments, "-variant", settings.variant);
+    appendOption(arguments, "-option", settings.options);
+    arguments << u"-print"_s;
 
-    const auto keymap = toolOutput(QStringLiteral("setxkbmap"), arguments, toolTimeout);
+    const auto keymap = toolOutput(u"setxkbmap"_s, arguments, toolTimeout);
     if (!keymap || !readComponentNames(names, *keymap))
         return false;
-    preferGeometryOfModel(names, model);
+    preferGeometryOfModel(names, settings.model);
     return true;
 }
 
@@ -115,7 +117,7 @@ bool readComponentNames(XkbComponentNamesRec* names, const QByteArray& keymap)
     for (std::size_t i = 0; i < sections.size(); ++i)
         patterns[i] = includePattern(sections[i].keyword);
 
-    const QStringList lines = QString::fromUtf8(keymap).split(QLatin1Char('\n'));
+    const QStringList lines = QString::fromUtf8(keymap).split(u'\n');
     for (const QString& line : lines) {
         if (line.size() > longestLine)
             continue;

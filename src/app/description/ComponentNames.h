@@ -1,28 +1,36 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "app/description/KeyboardSettings.h"
+#include "x11/Types.h"
 
 #include <QByteArray>
 #include <QString>
 
 #include <memory>
 
-// The records here are Xlib's. Each of the six names in one is null or a string that strdup made,
-// in UTF-8; it belongs to whoever holds the record, and goes with freeComponentNames.
+// The records here are Xlib's. Each of the six names in one is null or a string in UTF-8 that
+// strdup made; the owner of the record owns it and releases it with freeComponentNames.
 
-// Fills names with the XKB component names that setxkbmap computes from the given settings; an
-// empty setting is not passed on, so that the server's current one stays. What names held before is
-// overwritten unread: it must hold no strings. The keymap name may stay null. The display is
-// borrowed, and only its name is used.
-// False when setxkbmap is missing, takes longer than 30 seconds or names no complete keyboard;
-// names then holds what was found, which is the caller's to release all the same. Blocks until
-// setxkbmap has ended.
-bool queryComponentNames(XkbComponentNamesRec* names, Display* display, const QString& model,
-    const QString& layout, const QString& variant, const QString& options);
+// Fills names with the XKB component names that setxkbmap computes from the settings. An empty
+// setting is not passed on, so that the server's current one stays. The keymap name may stay null.
+// Overwrites names without releasing anything: it must hold no strings. The display is borrowed,
+// and only its name is used.
+// False when setxkbmap is missing, takes longer than 30 seconds or names no complete keyboard; the
+// caller then still has to release what names holds. Blocks until setxkbmap has ended.
+bool queryComponentNames(
+    XkbComponentNamesRec* names, Display* display, const KeyboardSettings& settings);
+
+// The same with the settings side by side, a signature that is given.
+inline bool queryComponentNames( // NOLINT(readability-function-size)
+    XkbComponentNamesRec* names, Display* display, const QString& model, const QString& layout,
+    const QString& variant, const QString& options)
+{
+    return queryComponentNames(names, display, {model, layout, variant, options});
+}
 
 // Reads the include lines of a keymap as setxkbmap -print writes it (UTF-8) into names. A name that
-// is found replaces the string that stands in its place, which is released; the others stay.
-// False when one of the five components other than the keymap is not named after that.
+// is found replaces, and releases, the one that names held before; the others stay.
+// False when names then lacks one of the five components other than the keymap.
 bool readComponentNames(XkbComponentNamesRec* names, const QByteArray& keymap);
 
 // Releases the strings that are set and sets all six to null. The record is the caller's.
@@ -32,9 +40,9 @@ struct FreeComponentNames {
     void operator()(XkbComponentNamesRec* names) const { freeComponentNames(names); }
 };
 
-// Releases the strings of a record that somebody else owns at the end of a scope.
+// Releases a record's strings, but not the record, at the end of a scope.
 using ComponentNamesGuard = std::unique_ptr<XkbComponentNamesRec, FreeComponentNames>;
 
-// Gives target copies of its own of source's strings, null for null; whatever target held is
-// released. Nothing when both are one record.
+// Replaces target's strings, which are released, by copies of source's; null stays null. Does
+// nothing when both are the same record.
 void copyComponentNames(XkbComponentNamesRec* target, const XkbComponentNamesRec& source);

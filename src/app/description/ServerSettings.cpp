@@ -1,31 +1,21 @@
 #include "app/description/ServerSettings.h"
 
+#include "x11/Property.h"
+#include "x11/X11.h"
+
 #include <QByteArrayList>
 
 #include <algorithm>
 
 namespace {
 
-constexpr long longestProperty = 1024; // units of four bytes
-
 // The property's five strings: rules, model, layout, variant and options, each with a NUL behind
 // it.
 QByteArrayList rulesNames(Display* display)
 {
-    const Atom name = XInternAtom(display, "_XKB_RULES_NAMES", x11::xTrue);
-    if (name == x11::none)
-        return {};
-    Atom type = 0;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long left = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display, DefaultRootWindow(display), name, 0, longestProperty, x11::xFalse,
-        XA_STRING, &type, &format, &count, &left, &data);
-    const x11::Owned<unsigned char> owned(data);
-    if (!data || format != 8)
-        return {};
-    return QByteArray(reinterpret_cast<const char*>(data), qsizetype(count)).split('\0');
+    const std::string names =
+        x11::property(display, DefaultRootWindow(display), "_XKB_RULES_NAMES").bytes;
+    return QByteArray::fromStdString(names).split('\0');
 }
 
 // Of layouts without variants the server may have only the commas between them.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/description/KeyboardSettings.h"
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 // The settings of the keyboard that the X server has now, as its rules were given them (the root
 // window's property _XKB_RULES_NAMES). All are empty where nobody has set it.

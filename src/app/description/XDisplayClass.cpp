@@ -1,16 +1,8 @@
 #include "app/description/XDisplayClass.h"
 
+#include "x11/Queries.h"
+
 #include <vector>
-
-namespace {
-
-QString takeName(char* name)
-{
-    const x11::Owned<char> owned(name);
-    return QString::fromUtf8(owned.get());
-}
-
-} // namespace
 
 XDisplayClass::XDisplayClass(Display* xDisplay)
     : display(xDisplay)
@@ -24,7 +16,7 @@ QString XDisplayClass::atomName(Atom atom)
     const auto known = atomNames.constFind(atom);
     if (known != atomNames.constEnd())
         return *known;
-    return *atomNames.insert(atom, takeName(XGetAtomName(display, atom)));
+    return *atomNames.insert(atom, QString::fromStdString(x11::atomName(display, atom)));
 }
 
 void XDisplayClass::learnAtomNames(const QList<Atom>& atoms)
@@ -39,8 +31,7 @@ void XDisplayClass::learnAtomNames(const QList<Atom>& atoms)
     if (unknown.empty())
         return;
 
-    std::vector<char*> names(unknown.size(), nullptr);
-    XGetAtomNames(display, unknown.data(), static_cast<int>(unknown.size()), names.data());
+    const std::vector<std::string> names = x11::atomNames(display, unknown);
     for (std::size_t i = 0; i < unknown.size(); ++i)
-        atomNames[unknown[i]] = takeName(names[i]);
+        atomNames[unknown[i]] = QString::fromStdString(names[i]);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 #include <QList>
 #include <QMap>
@@ -11,17 +11,17 @@ class XDisplayClass : public QObject {
     Q_OBJECT
 
 public:
-    // The display is borrowed from the toolkit and outlives this object.
+    // The display is borrowed from Qt and outlives this object.
     explicit XDisplayClass(Display* display);
 
     Display* xDisplay() const { return display; }
 
-    // The atom's name, from the server at its first mention; empty for no atom or one that the
-    // server does not know.
+    // The atom's name; the server is asked for it once. Empty for x11::none and for an atom that
+    // the server does not know.
     QString atomName(Atom atom);
 
-    // Learns all these names in one round trip, where atomName would need one for each.
-    // Atoms that are none or known already may be among them.
+    // Asks the server for all these names in one round trip, where atomName would need one for
+    // each. Skips x11::none and atoms whose names are known already.
     void learnAtomNames(const QList<Atom>& atoms);
 
 private:

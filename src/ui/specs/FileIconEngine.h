@@ -21,7 +21,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
 
-    // Asked for every entry of a list that opens, so it reads the image's header only.
+    // Qt asks this for every entry when a list opens, so it reads only the image's header.
     QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
 
 private:

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // Tests compile this file with a directory of their own.
 #ifndef KBD_LAYOUT_DIRECTORY
 #define KBD_LAYOUT_DIRECTORY "/usr/share/orvix-keyboard-layout/"
@@ -26,13 +28,12 @@ bool isReadableFile(const QString& path)
 
 QString KbdConstants::iconPath(const QString& fileName)
 {
-    // A name of the keyboard table can hold anything; the toolkit complains of one with a NUL in
-    // it.
+    // A name in the keyboard table can hold anything; Qt warns of one with a NUL in it.
     if (fileName.isEmpty() || fileName.contains(QChar::Null))
         return {};
 
-    const QStringList places{iconDirectory + fileName, QLatin1String("./icons/") + fileName,
-        QLatin1String("../src/icons/") + fileName};
+    const QStringList places{
+        iconDirectory + fileName, "./icons/"_L1 + fileName, "../src/icons/"_L1 + fileName};
     const auto found = std::find_if(places.cbegin(), places.cend(), isReadableFile);
     return found == places.cend() ? QString() : *found;
 }

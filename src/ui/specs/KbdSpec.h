@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-// One keyboard that the user can choose. The three lists are parallel: element 0 is the primary
+// One entry of the selector. The three lists are parallel, as is given: element 0 is the primary
 // keyboard, element 1 (if any) a secondary one. An element may be a comma-separated XKB list.
 struct kbdSpec_t {
     QString name; // the key of the keyboard table, untranslated

@@ -3,12 +3,14 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int statusTimeout = 1000; // milliseconds for dpkg
 constexpr int searchTimeout = 100; // milliseconds that grep may take longer
 
-// A process object complains when it goes before its process.
+// QProcess warns when it is destroyed while its process runs.
 void endNow(QProcess& process)
 {
     if (process.state() == QProcess::NotRunning)
@@ -17,7 +19,7 @@ void endNow(QProcess& process)
     process.waitForFinished();
 }
 
-// Of a process that ended before it is waited for there is nothing to wait for any more.
+// QProcess::waitForFinished returns false for a process that has ended already.
 bool hasEnded(QProcess& process, int timeout)
 {
     if (process.error() == QProcess::FailedToStart)
@@ -28,24 +30,24 @@ bool hasEnded(QProcess& process, int timeout)
 void describeStatusRun(QProcess& dpkg, const QString& package)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LANG"), QStringLiteral("C"));
+    environment.insert(u"LANG"_s, u"C"_s);
     dpkg.setProcessEnvironment(environment);
-    dpkg.setProgram(QStringLiteral("dpkg"));
-    dpkg.setArguments({QStringLiteral("--status"), package});
+    dpkg.setProgram(u"dpkg"_s);
+    dpkg.setArguments({u"--status"_s, package});
     dpkg.setStandardErrorFile(QProcess::nullDevice());
 }
 
 void describeSearchRun(QProcess& grep)
 {
-    grep.setProgram(QStringLiteral("grep"));
-    grep.setArguments({QStringLiteral("-qi"), QStringLiteral("^Status:.* installed")});
+    grep.setProgram(u"grep"_s);
+    grep.setArguments({u"-qi"_s, u"^Status:.* installed"_s});
     grep.setStandardOutputFile(QProcess::nullDevice());
     grep.setStandardErrorFile(QProcess::nullDevice());
 }
 
 } // namespace
 
-// dpkg's report, searched by grep as it comes.
+// dpkg, with its output piped into grep.
 struct PackageTest::Run {
     explicit Run(const QString& package)
     {
@@ -64,7 +66,7 @@ struct PackageTest::Run {
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
-    // How dpkg ends says nothing: grep stops reading at the line that it looks for.
+    // dpkg's exit status is of no use: grep may stop reading before dpkg has written all.
     bool finds()
     {
         return hasEnded(dpkg, statusTimeout) && hasEnded(grep, searchTimeout)

@@ -6,17 +6,18 @@
 #include <map>
 #include <memory>
 
-// Asks the package manager for installed packages, once for each name in this object's life.
+// Asks the package manager which packages are installed, once for each name.
 class PackageTest {
 public:
     PackageTest();
 
-    // Ends what still runs.
+    // Kills the tools that still run.
     ~PackageTest();
     PackageTest(const PackageTest&) = delete;
     PackageTest& operator=(const PackageTest&) = delete;
 
-    // Begins to ask for the package, so that the answer is there when it is wanted. Does not block.
+    // Starts the tools for this package, so that isPackageInstalled need not wait as long. Does not
+    // block.
     void start(const QString& package);
 
     // Whether "dpkg --status" reports the package as installed. False when dpkg or grep is missing
@@ -26,6 +27,6 @@ public:
 private:
     struct Run;
 
-    std::map<QString, std::unique_ptr<Run>> runs; // by package, begun and not asked for yet
+    std::map<QString, std::unique_ptr<Run>> runs; // by package; started, and no answer taken yet
     QHash<QString, bool> answers;
 };

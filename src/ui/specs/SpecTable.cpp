@@ -1,10 +1,14 @@
 #include "ui/specs/SpecTable.h"
 
+#include "ui/specs/KbdConstants.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
 
-#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -12,9 +16,9 @@ constexpr qsizetype fewestFields = 4;
 
 std::optional<SpecRow> rowOf(const QString& line)
 {
-    if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+    if (line.isEmpty() || line.startsWith(u'#'))
         return std::nullopt;
-    const QStringList fields = line.split(QLatin1Char('\t'));
+    const QStringList fields = line.split(u'\t');
     if (fields.size() < fewestFields)
         return std::nullopt;
     return SpecRow{fields.at(0), fields.at(1), fields.at(2), fields.at(3), fields.value(4)};
@@ -22,11 +26,18 @@ std::optional<SpecRow> rowOf(const QString& line)
 
 } // namespace
 
-QString SpecTable::firstReadable(const QStringList& paths)
+SpecTable SpecTable::find()
 {
-    const auto found = std::find_if(paths.cbegin(), paths.cend(),
-        [](const QString& path) { return QFileInfo(path).isReadable(); });
-    return found == paths.cend() ? QString() : *found;
+    const std::pair<Place, QString> candidates[] = {
+        {Place::Installed, KbdConstants::specTablePath},
+        {Place::WorkingDirectory, u"./kbdSpecs.tab"_s},
+        {Place::SourceTree, u"../src/kbdSpecs.tab"_s},
+    };
+    for (const auto& [place, path] : candidates) {
+        if (QFileInfo(path).isReadable())
+            return {place, rowsOf(path)};
+    }
+    return {};
 }
 
 std::optional<QList<SpecRow>> SpecTable::rowsOf(const QString& path)

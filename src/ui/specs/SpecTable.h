@@ -2,7 +2,6 @@
 
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 #include <optional>
 
@@ -16,15 +15,22 @@ struct SpecRow {
 };
 
 // The file kbdSpecs.tab: UTF-8 text, one keyboard per line, its fields separated by single tabs.
-namespace SpecTable {
+// The window reads it once and lends it to its controls.
+struct SpecTable {
+    // Where the file may be: KbdConstants::specTablePath, "./kbdSpecs.tab", "../src/kbdSpecs.tab".
+    enum class Place { None, Installed, WorkingDirectory, SourceTree };
 
-// The first of the paths that can be read; empty when none can. A directory counts: opening it is
-// what fails.
-QString firstReadable(const QStringList& paths);
+    // The first place in this order where the file can be read; None when there is no such place.
+    // A directory of this name counts as readable; its rows cannot be read then.
+    Place place = Place::None;
 
-// The table's lines in file order, without blank lines, comments and lines of fewer than four
-// fields. White space before a line is no part of it; fields after the fifth are left out.
-// Nothing when the path is no regular file or cannot be opened.
-std::optional<QList<SpecRow>> rowsOf(const QString& path);
+    // In file order, without blank lines, comments and lines of fewer than four fields. Nothing
+    // when the file cannot be read.
+    std::optional<QList<SpecRow>> rows;
 
-} // namespace SpecTable
+    static SpecTable find();
+
+    // The rows of one file, as above. White space before a line is no part of it; fields after the
+    // fifth are left out. Nothing when the path is no regular file or cannot be opened.
+    static std::optional<QList<SpecRow>> rowsOf(const QString& path);
+};

@@ -1,5 +1,8 @@
 #include "x11/qt/FocusKeeper.h"
 
+#include "x11/Property.h"
+#include "x11/X11.h"
+
 #include <QApplication>
 
 namespace {
@@ -7,31 +10,18 @@ namespace {
 constexpr char activeWindowName[] = "_NET_ACTIVE_WINDOW"; // EWMH
 constexpr long userAction = 2; // as a pager asks: not on behalf of the window itself
 
-Window activeWindowOf(Display* display)
-{
-    Atom type = x11::none;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display, DefaultRootWindow(display),
-        XInternAtom(display, activeWindowName, x11::xFalse), 0, 1, x11::xFalse, AnyPropertyType,
-        &type, &format, &count, &rest, &data);
-    const x11::Owned<unsigned char> owned(data);
-    return format == 32 && count == 1 ? *reinterpret_cast<const unsigned long*>(data) : x11::none;
-}
-
 } // namespace
 
 FocusKeeper::FocusKeeper(Display* xDisplay)
     : display(xDisplay)
 {
     if (!QApplication::activeWindow())
-        activeWindow = activeWindowOf(display);
+        activeWindow = x11::numberProperty(display, DefaultRootWindow(display), activeWindowName)
+                           .value_or(x11::none);
 }
 
-// The window manager takes the request after it has seen our window go, whose focus it would give
-// to nobody: the window below it wants none.
+// Sent last, so that the window manager does not hand the focus to our keyboard window, which
+// refuses it.
 FocusKeeper::~FocusKeeper()
 {
     if (activeWindow == x11::none)

@@ -1,5 +1,6 @@
 #include "x11/qt/PhysicalKeys.h"
 
+#include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
@@ -43,7 +44,7 @@ bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
     const auto* generic = static_cast<const xcb_ge_generic_event_t*>(message);
     if (generic->response_type != XCB_GE_GENERIC || generic->extension != opcode)
         return false;
-    // A new device may have the id of one that has gone.
+    // A new device may get the id of one that was removed.
     if (generic->event_type == XCB_INPUT_HIERARCHY)
         xTestDevices.clear();
     else if (generic->event_type == XCB_INPUT_RAW_KEY_PRESS)
@@ -55,7 +56,7 @@ bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
 
 void PhysicalKeys::tellOfKey(int type, const xcb_input_raw_key_press_event_t& key)
 {
-    // A dialog of ours that has the focus gets the ordinary event as well.
+    // While one of our dialogs has the focus, Qt delivers the ordinary key event as well.
     if ((key.flags & repeatFlag) || QApplication::focusWidget() || isXTestDevice(key.sourceid))
         return;
     XEvent event = keyEvent(type, key.detail, key.time);

@@ -1,11 +1,13 @@
 #include "x11/qt/ToFocusWindow.h"
 
+#include "x11/X11.h"
+
 #include <QWidget>
 
 void neverTakeFocus(QWidget* window, Display* display)
 {
-    // The toolkit asks for activation on every click unless it is told not to; the hint alone
-    // holds only where a window manager heeds it.
+    // Without the flag Qt asks for the focus at every click. The hint below does not keep it from
+    // that: only window managers read it.
     window->setWindowFlags(
         window->windowFlags() | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint);
     window->setAttribute(Qt::WA_ShowWithoutActivating);

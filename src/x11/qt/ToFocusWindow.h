@@ -1,10 +1,10 @@
 #pragma once
 
-#include "x11/X11.h"
+#include "x11/Types.h"
 
 class QWidget;
 
-// Makes a window that has not been shown yet one that never takes the keyboard focus, whatever is
-// done with it, and that stays above the windows that it types into. With or without a window
-// manager.
+// Keeps a window from ever taking the keyboard focus, when it is shown, clicked or dragged, and
+// keeps it above the windows that it types into; with or without a window manager. To be called
+// before the window is shown. Both are borrowed.
 void neverTakeFocus(QWidget* window, Display* display);

@@ -1,5 +1,7 @@
 #include "x11/qt/XcbEventBridge.h"
 
+#include "x11/X11.h"
+
 #include <QByteArray>
 
 #include <xcb/xcb.h>

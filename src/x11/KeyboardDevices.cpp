@@ -1,6 +1,7 @@
-#include "switcher/KeyboardDevices.h"
+#include "x11/KeyboardDevices.h"
 
-#include "switcher/XkbDescription.h"
+#include "x11/X11.h"
+#include "x11/XkbDescription.h"
 
 #include <xcb/xinput.h>
 
@@ -21,7 +22,7 @@ DeviceReply queryDevices(xcb_connection_t* connection)
         xcb_get_extension_data(connection, &xcb_input_id);
     if (!extension || !extension->present)
         return nullptr;
-    // The server answers as to the version that it was told.
+    // The server answers as it did in the version that the client names.
     xcb_discard_reply(connection, xcb_input_xi_query_version(connection, 2, 2).sequence);
     const auto cookie = xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL);
     return DeviceReply(xcb_input_xi_query_device_reply(connection, cookie, nullptr));

@@ -13,7 +13,7 @@
 
 // What holds of every control that is a caption and a combo box in a row. Each function takes one
 // that makes the control: make(iconOnly, parent) returns a std::unique_ptr to a new one.
-namespace CaptionedCombo {
+namespace CaptionedComboChecks {
 
 inline QLabel* labelOf(const QBoxLayout& control)
 {
@@ -87,4 +87,4 @@ void goesWithItsWindow(const Make& make)
     QVERIFY(!combo);
 }
 
-} // namespace CaptionedCombo
+} // namespace CaptionedComboChecks

@@ -1,21 +1,19 @@
-#include "model/KeySender.h"
+#include "x11/qt/KeySender.h"
+
+#include <QWidget>
+
+#include "x11/HeldKeysProperty.h"
+#include "x11/Queries.h"
+#include "x11/X11.h"
 
 #include <unistd.h>
-
-namespace {
-
-QByteArray heldKeysName()
-{
-    return "_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(getpid());
-}
-
-} // namespace
-
 #include <utility>
+#include <vector>
 
-KeySender::KeySender(Display* xDisplay, Window root)
+KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget)
     : display(xDisplay)
-    , rootWindow(root)
+    , widget(ourWidget)
+    , rootWindow(DefaultRootWindow(xDisplay))
 {
 }
 
@@ -28,6 +26,7 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
 {
     if (held.contains(keycode))
         return;
+    expect(pressEchoes, modifierKeys);
     held.insert(keycode, modifierKeys);
     tellHeldKeys();
     unsigned long delay = 0; // milliseconds after the key before it
@@ -37,7 +36,13 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     XFlush(display);
 }
 
-QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
+void KeySender::releaseThroughXTest(KeyCode keycode)
+{
+    expect(releaseEchoes, letGo(keycode));
+}
+
+// Returns the modifier keys that it has released with the key.
+QList<KeyCode> KeySender::letGo(KeyCode keycode)
 {
     if (!held.contains(keycode))
         return {};
@@ -51,24 +56,40 @@ QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
     return modifierKeys;
 }
 
-// A killed program cannot release its keys: who outlives it finds them here.
+void KeySender::expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const
+{
+    if (!widget->isActiveWindow())
+        return;
+    for (const KeyCode keycode : modifierKeys)
+        ++echoes[keycode];
+}
+
+bool KeySender::isEcho(const XKeyEvent& event)
+{
+    Echoes& echoes = event.type == x11::keyPress ? pressEchoes : releaseEchoes;
+    const auto expected = echoes.find(static_cast<KeyCode>(event.keycode));
+    if (expected == echoes.end())
+        return false;
+    if (--*expected == 0)
+        echoes.erase(expected);
+    return true;
+}
+
+void KeySender::forgetEchoes()
+{
+    pressEchoes.clear();
+    releaseEchoes.clear();
+}
+
+// The switcher reads this property when the program was killed, and releases the keys.
 void KeySender::tellHeldKeys()
 {
-    if (heldKeysProperty == x11::none)
-        heldKeysProperty = XInternAtom(display, heldKeysName().constData(), x11::xFalse);
-    QByteArray keycodes;
+    std::vector<KeyCode> keycodes;
     for (auto each = held.cbegin(); each != held.cend(); ++each) {
-        keycodes += static_cast<char>(each.key());
-        for (const KeyCode modifier : each.value())
-            keycodes += static_cast<char>(modifier);
+        keycodes.push_back(each.key());
+        keycodes.insert(keycodes.end(), each.value().cbegin(), each.value().cend());
     }
-    const Window root = DefaultRootWindow(display);
-    if (keycodes.isEmpty())
-        XDeleteProperty(display, root, heldKeysProperty);
-    else
-        XChangeProperty(display, root, heldKeysProperty, XA_INTEGER, 8, PropModeReplace,
-            reinterpret_cast<const unsigned char*>(keycodes.constData()),
-            static_cast<int>(keycodes.size()));
+    x11::writeHeldKeys(display, getpid(), keycodes);
 }
 
 void KeySender::releaseAll()
@@ -77,16 +98,14 @@ void KeySender::releaseAll()
         return;
     const QList<KeyCode> keycodes = held.keys();
     for (const KeyCode keycode : keycodes)
-        releaseThroughXTest(keycode);
+        letGo(keycode);
     XSync(display, x11::xFalse);
 }
 
 Window KeySender::focusWindow() const
 {
-    Window focus = x11::none;
-    int revertTo = 0;
-    XGetInputFocus(display, &focus, &revertTo);
-    return focus == x11::none || focus == PointerRoot ? rootWindow : focus;
+    const Window focus = x11::focusWindow(display);
+    return focus == x11::none ? rootWindow : focus;
 }
 
 void KeySender::sendEvent(int type, const SyntheticKey& key)
@@ -96,7 +115,7 @@ void KeySender::sendEvent(int type, const SyntheticKey& key)
     keyEvent.type = type;
     keyEvent.display = display;
     keyEvent.window = focusWindow();
-    keyEvent.root = DefaultRootWindow(display);
+    keyEvent.root = rootWindow;
     keyEvent.time = key.time;
     keyEvent.state = key.state;
     keyEvent.keycode = key.keycode;

@@ -1,8 +1,12 @@
-#include "model/XkbDescription.h"
+#include "x11/XkbDescription.h"
+
+#include "x11/X11.h"
 
 namespace {
 
-constexpr unsigned int everything = 0x7f; // XkbGBN_AllComponentsMask
+// Types, compatibility map, symbols, indicators, key names and geometry. Names of other things come
+// with the parts that they belong to.
+constexpr unsigned int everything = XkbGBN_AllComponentsMask & ~XkbGBN_OtherNamesMask;
 
 bool keyTypesExist(const XkbDescRec& xkb)
 {
@@ -54,8 +58,8 @@ bool isComplete(const XkbDescRec& xkb)
 
 } // namespace
 
-// Xlib forgets the overlays of a geometry's sections.
-void FreeXkbDescription::operator()(XkbDescRec* xkb) const
+// XkbFreeKeyboard does not free the overlays of a geometry's sections.
+void FreeXkbDescription::operator()(XkbDescPtr xkb) const
 {
     for (int i = 0; xkb->geom && i < xkb->geom->num_sections; ++i) {
         XkbSectionRec& section = xkb->geom->sections[i];
@@ -67,7 +71,7 @@ void FreeXkbDescription::operator()(XkbDescRec* xkb) const
 
 XkbDescription compileKeyboard(Display* display, const XkbComponentNamesRec& names)
 {
-    XkbComponentNamesRec wanted = names; // Xlib takes it by a pointer to what it does not change
+    XkbComponentNamesRec wanted = names; // not changed: Xlib asks for a pointer to non-const
     XkbDescription xkb(XkbGetKeyboardByName(
         display, x11::coreKeyboard, &wanted, everything, everything, x11::xFalse));
     if (!xkb || !isComplete(*xkb))

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QPainter>
+
+// While an item paints: the keyboard looks the same in every language, so the painter writes from
+// left to right even where the desktop is read from right to left (brackets would turn round). At
+// the end the painter is as it was before.
+class ItemPainting {
+public:
+    // The painter is borrowed and outlives this object.
+    explicit ItemPainting(QPainter* itemPainter)
+        : painter(itemPainter)
+    {
+        painter->save();
+        painter->setLayoutDirection(Qt::LeftToRight);
+    }
+
+    ~ItemPainting() { painter->restore(); }
+    ItemPainting(const ItemPainting&) = delete;
+    ItemPainting& operator=(const ItemPainting&) = delete;
+
+private:
+    QPainter* painter;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "keys/KbdTypes.h"
+#include "keys/KeyColours.h"
+
+// How a key of the picture stands at the moment, whatever its symbols are.
+struct KeyState {
+    ShiftMask_t currentModifiers = 0; // held or locked, by any key
+    bool pressed = false; // the physical key is down
+    bool multipleCharacters = false; // the cap carries several symbols, not the active one alone
+    ColourScheme colourScheme = ColourScheme::OnScreen;
+};

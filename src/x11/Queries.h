@@ -1,0 +1,31 @@
+#pragma once
+
+#include "x11/Types.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+// Questions to the server that several rooms ask, one round trip each unless it says otherwise.
+namespace x11 {
+
+// The window that has the input focus; none when no window has it, or the one under the pointer.
+Window focusWindow(Display* display);
+
+// The keyboard extension as the server numbers it.
+struct XkbExtension {
+    int opcode; // of its requests
+    int event; // the event code that all its events have
+};
+
+// Opens the extension for this connection, if that was not done yet. Nothing when the server has
+// none, or one of another version than Xlib's.
+std::optional<XkbExtension> queryXkb(Display* display);
+
+// The atom's name; empty for no atom and for one that the server does not know.
+std::string atomName(Display* display, Atom atom);
+
+// The names of several atoms, in their order, in one round trip. None of them may be x11::none.
+std::vector<std::string> atomNames(Display* display, std::vector<Atom> atoms);
+
+} // namespace x11

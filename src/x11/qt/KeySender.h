@@ -1,0 +1,68 @@
+#pragma once
+
+#include "x11/X11.h"
+
+#include <QHash>
+#include <QList>
+
+class QWidget;
+
+// What a synthetic key event carries beside the key.
+struct SyntheticKey {
+    KeyCode keycode;
+    unsigned int state; // modifiers, and the group in XKB's bits 13 and 14
+    Time time; // server time of the user's input, in milliseconds
+};
+
+// Delivers keys to the window that has the input focus: through XTest, where the server itself
+// presses them, or as key events sent to that window. Remembers every key that it holds down in
+// the server, and leaves none behind. It writes them into a property as well
+// (x11/HeldKeysProperty.h): the keyboard switcher releases them if this process is killed.
+class KeySender {
+public:
+    // Both are borrowed. While the widget's window is active the server sends what XTest presses
+    // back to this program: see isEcho.
+    KeySender(Display* xDisplay, const QWidget* ourWidget);
+
+    // Releases what is still held.
+    ~KeySender();
+    KeySender(const KeySender&) = delete;
+    KeySender& operator=(const KeySender&) = delete;
+
+    // Presses the modifier keys in the order given, one millisecond apart, and then the key.
+    // Does nothing for a key that is held already.
+    void pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
+
+    // Releases the key and then the modifier keys that were pressed with it. Does nothing for a key
+    // that is not held: the user may be holding it on the real keyboard.
+    void releaseThroughXTest(KeyCode keycode);
+
+    // Whether the event is the echo of a modifier key that this sender pressed or released around a
+    // key, so not the user's. Each echo is expected once: the answer uses it up.
+    bool isEcho(const XKeyEvent& event);
+
+    // For the time when this program loses the focus: the echoes that are still expected go to
+    // another program.
+    void forgetEchoes();
+
+    // Releases every key that is held, and waits until the server has done so.
+    void releaseAll();
+
+    // type is x11::keyPress or x11::keyRelease.
+    void sendEvent(int type, const SyntheticKey& key);
+
+private:
+    using Echoes = QHash<KeyCode, int>; // by key code, how many events are still to come
+
+    QList<KeyCode> letGo(KeyCode keycode);
+    void expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const;
+    Window focusWindow() const;
+    void tellHeldKeys();
+
+    Display* display;
+    const QWidget* widget;
+    Window rootWindow; // of the default screen; gets the key events while no window has the focus
+    QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it
+    Echoes pressEchoes;
+    Echoes releaseEchoes;
+};
