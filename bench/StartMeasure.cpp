@@ -18,7 +18,7 @@ public:
     Line(const Desktop& desktop, double delay)
         : link({KBD_BENCH_SLOW_LINK, QByteArray::number(desktop.displayNumber()),
                    QByteArray::number(delay)},
-            currentEnvironment())
+              currentEnvironment())
     {
         const auto deadline = std::chrono::steady_clock::now() + patience;
         while (!link.output().endsWith('\n') && std::chrono::steady_clock::now() < deadline)

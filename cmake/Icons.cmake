@@ -1,5 +1,6 @@
 # The icons that the keyboard table names, the two key caps of the keycap control, and the window's.
-# All are made at build time: flags from the distribution's own, badges from a template.
+# All are made at build time: flags from the distribution's own, but for those that have changed since
+# they were drawn there, and badges from a template.
 
 set(KBD_FLAG_DIR /usr/share/iso-flags-svg/country-4x3 CACHE PATH
   "Country flags: SVG files in the proportions 4:3, named after ISO 3166 codes in lower case")
@@ -18,7 +19,6 @@ set(KBD_OWN_SIZE --width=48 --height=48)
 function(kbd_icons)
   cmake_parse_arguments(ICONS "" "SPECS;OUTPUT_DIRECTORY" "" ${ARGN})
   kbd_require_icon_sources()
-  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${ICONS_SPECS})
   kbd_named_icons(${ICONS_SPECS} names)
 
   file(MAKE_DIRECTORY ${ICONS_OUTPUT_DIRECTORY})
@@ -66,7 +66,10 @@ endfunction()
 function(kbd_icon_source name source size)
   set(${size} ${KBD_FLAG_SIZE} PARENT_SCOPE)
   if(name MATCHES "^([a-z][a-z])\\.png$")
-    set(file ${KBD_FLAG_DIR}/${CMAKE_MATCH_1}.svg)
+    set(file ${KBD_ICON_SOURCE_DIR}/flags/${CMAKE_MATCH_1}.svg)
+    if(NOT EXISTS ${file})
+      set(file ${KBD_FLAG_DIR}/${CMAKE_MATCH_1}.svg)
+    endif()
   elseif(name MATCHES "^badge-([a-z][a-z][a-z])\\.png$")
     string(TOUPPER ${CMAKE_MATCH_1} BADGE_LETTERS)
     set(file ${CMAKE_CURRENT_BINARY_DIR}/badges/${CMAKE_MATCH_1}.svg)

@@ -1,5 +1,6 @@
 # Makes a source file of the names in the keyboard spec table that the selector translates, for
-# lupdate to read: the program looks them up at run time only.
+# lupdate to read: the program looks them up at run time only. Names that end in ", 105 keys" are
+# translated as one text, see PairNames.cmake.
 #
 #   cmake -DSPECS=kbdSpecs.tab -DOUTPUT=SpecNames.cpp -P SpecNames.cmake
 
@@ -10,6 +11,7 @@ string(REGEX MATCHALL "\n[^#\t\n[][^\t\n[]*" names "\n${table}")
 set(rows)
 foreach(name IN LISTS names)
   string(STRIP "${name}" name)
+  string(REGEX REPLACE ".*(, 105 keys)$" "%1\\1" name "${name}")
   string(REGEX REPLACE "([\\\\\"])" "\\\\\\1" name "${name}")
   list(APPEND rows "    QT_TRANSLATE_NOOP(\"CKbdSpecSelector\", \"${name}\"),\n")
 endforeach()

@@ -12,11 +12,11 @@ packages_run=(
 packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
-  poppler-utils libxkbcommon-dev clang-format clang-tidy git
+  poppler-utils libxkbcommon-dev clang-format-19 clang-tidy git
   desktop-file-utils appstream mandoc groff
 )
 packages_package=(git debhelper dpkg-dev lintian)
-packages_package_test=(debootstrap util-linux)
+packages_clean_root=(debootstrap util-linux)
 packages_bench=(xvfb openbox libxcb-damage0-dev)
 
 can_be_root() {
@@ -64,4 +64,13 @@ build_preset() {
     rm -f "$log"
     return 1
   fi
+}
+
+# copy_source DIRECTORY — copies what git knows of or would take in; without git, all but what was
+# built.
+copy_source() {
+  { git ls-files -z --cached --others --exclude-standard 2>/dev/null \
+    || find . -path ./build -prune -o -type f -print0; } \
+    | while IFS= read -r -d '' file; do [ ! -e "$file" ] || printf '%s\0' "$file"; done \
+    | xargs -0 cp --parents --preserve=mode,timestamps -t "$1"
 }

@@ -81,7 +81,7 @@ bool ChildProcess::isRunning()
 
 QByteArray ChildProcess::output() const
 {
-    struct stat status { };
+    struct stat status{};
     fstat(outputFile, &status);
     QByteArray text(status.st_size, '\0');
     text.truncate(std::max<ssize_t>(0, pread(outputFile, text.data(), text.size(), 0)));

@@ -218,7 +218,7 @@ bool ExtensionHider::forward(HiderConnection& connection, bool fromClient) const
         return writeAll(connection.client, bytes);
     connection.fromClient += bytes;
     for (QByteArray message = takeMessage(connection); !message.isEmpty();
-         message = takeMessage(connection)) {
+        message = takeMessage(connection)) {
         if (connection.isSetUp)
             rename(message, hiddenExtension);
         connection.isSetUp = true;

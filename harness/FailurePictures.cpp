@@ -48,7 +48,7 @@ QString fileNameOfTest()
 bool hasFailure(std::string_view text)
 {
     for (size_t at = text.find(failureMark); at != std::string_view::npos;
-         at = text.find(failureMark, at + 1)) {
+        at = text.find(failureMark, at + 1)) {
         if (at == 0 || text[at - 1] == '\n')
             return true;
     }

@@ -91,7 +91,7 @@ bool waitUntilManaged(const QByteArray& displayName, ChildProcess& manager)
 
 WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
     : manager(std::make_unique<ChildProcess>(
-        commandOf(name), privateEnvironment(display, home.path().toLocal8Bit())))
+          commandOf(name), privateEnvironment(display, home.path().toLocal8Bit())))
 {
     if (!waitUntilManaged(display, *manager)) {
         throw std::runtime_error(name.toStdString()

@@ -19,8 +19,7 @@ Atom geometryName(const XkbDescRec& description)
 // A keymap that was compiled from another one has '_' in its names for '+' and '|'.
 std::string withoutOperators(std::string name)
 {
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == '+' || c == '|'; }, '_');
+    std::replace_if(name.begin(), name.end(), [](char c) { return c == '+' || c == '|'; }, '_');
     return name;
 }
 

@@ -24,6 +24,10 @@
         <translation>Bengalisch, Indien</translation>
     </message>
     <message>
+        <source>%1, 105 keys</source>
+        <translation>%1, 105 Tasten</translation>
+    </message>
+    <message>
         <source>Berber, Latin</source>
         <translation>Berberisch, lateinische Schrift</translation>
     </message>
@@ -52,8 +56,20 @@
         <translation>Gujarati</translation>
     </message>
     <message>
+        <source>Hindi, Bolnagri</source>
+        <translation>Hindi, Bolnagri</translation>
+    </message>
+    <message>
+        <source>Hindi, InScript</source>
+        <translation>Hindi, InScript</translation>
+    </message>
+    <message>
         <source>Hindi, phonetic</source>
         <translation>Hindi, phonetisch</translation>
+    </message>
+    <message>
+        <source>Hindi, WX</source>
+        <translation>Hindi, WX</translation>
     </message>
     <message>
         <source>Inuktitut</source>
@@ -188,6 +204,10 @@
         <translation>Albanien</translation>
     </message>
     <message>
+        <source>Algeria</source>
+        <translation>Algerien</translation>
+    </message>
+    <message>
         <source>Armenia</source>
         <translation>Armenien</translation>
     </message>
@@ -292,6 +312,10 @@
         <translation>DR Kongo</translation>
     </message>
     <message>
+        <source>Egypt</source>
+        <translation>Ägypten</translation>
+    </message>
+    <message>
         <source>Estonia</source>
         <translation>Estland</translation>
     </message>
@@ -362,10 +386,6 @@
     <message>
         <source>Iceland</source>
         <translation>Island</translation>
-    </message>
-    <message>
-        <source>India</source>
-        <translation>Indien</translation>
     </message>
     <message>
         <source>India, English</source>
@@ -478,6 +498,10 @@
     <message>
         <source>Netherlands</source>
         <translation>Niederlande</translation>
+    </message>
+    <message>
+        <source>New Zealand</source>
+        <translation>Neuseeland</translation>
     </message>
     <message>
         <source>Nigeria</source>
@@ -656,8 +680,8 @@
         <translation>Vereinigte Staaten, international</translation>
     </message>
     <message>
-        <source>United States, international with AltGr</source>
-        <translation>Vereinigte Staaten, international mit AltGr</translation>
+        <source>United States, international, with AltGr</source>
+        <translation>Vereinigte Staaten, international, mit AltGr</translation>
     </message>
     <message>
         <source>Uzbekistan</source>

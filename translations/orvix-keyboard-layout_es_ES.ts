@@ -24,6 +24,10 @@
         <translation>Bengalí, India</translation>
     </message>
     <message>
+        <source>%1, 105 keys</source>
+        <translation>%1, 105 teclas</translation>
+    </message>
+    <message>
         <source>Berber, Latin</source>
         <translation>Bereber, alfabeto latino</translation>
     </message>
@@ -52,8 +56,20 @@
         <translation>Guyaratí</translation>
     </message>
     <message>
+        <source>Hindi, Bolnagri</source>
+        <translation>Hindi, Bolnagri</translation>
+    </message>
+    <message>
+        <source>Hindi, InScript</source>
+        <translation>Hindi, InScript</translation>
+    </message>
+    <message>
         <source>Hindi, phonetic</source>
         <translation>Hindi, fonético</translation>
+    </message>
+    <message>
+        <source>Hindi, WX</source>
+        <translation>Hindi, WX</translation>
     </message>
     <message>
         <source>Inuktitut</source>
@@ -188,6 +204,10 @@
         <translation>Albania</translation>
     </message>
     <message>
+        <source>Algeria</source>
+        <translation>Argelia</translation>
+    </message>
+    <message>
         <source>Armenia</source>
         <translation>Armenia</translation>
     </message>
@@ -292,6 +312,10 @@
         <translation>RD Congo</translation>
     </message>
     <message>
+        <source>Egypt</source>
+        <translation>Egipto</translation>
+    </message>
+    <message>
         <source>Estonia</source>
         <translation>Estonia</translation>
     </message>
@@ -362,10 +386,6 @@
     <message>
         <source>Iceland</source>
         <translation>Islandia</translation>
-    </message>
-    <message>
-        <source>India</source>
-        <translation>India</translation>
     </message>
     <message>
         <source>India, English</source>
@@ -478,6 +498,10 @@
     <message>
         <source>Netherlands</source>
         <translation>Países Bajos</translation>
+    </message>
+    <message>
+        <source>New Zealand</source>
+        <translation>Nueva Zelanda</translation>
     </message>
     <message>
         <source>Nigeria</source>
@@ -656,8 +680,8 @@
         <translation>Estados Unidos, internacional</translation>
     </message>
     <message>
-        <source>United States, international with AltGr</source>
-        <translation>Estados Unidos, internacional con AltGr</translation>
+        <source>United States, international, with AltGr</source>
+        <translation>Estados Unidos, internacional, con AltGr</translation>
     </message>
     <message>
         <source>Uzbekistan</source>

@@ -24,6 +24,10 @@
         <translation>Bengali, Inde</translation>
     </message>
     <message>
+        <source>%1, 105 keys</source>
+        <translation>%1, 105 touches</translation>
+    </message>
+    <message>
         <source>Berber, Latin</source>
         <translation>Berbère, écriture latine</translation>
     </message>
@@ -52,8 +56,20 @@
         <translation>Gujarâtî</translation>
     </message>
     <message>
+        <source>Hindi, Bolnagri</source>
+        <translation>Hindi, Bolnagri</translation>
+    </message>
+    <message>
+        <source>Hindi, InScript</source>
+        <translation>Hindi, InScript</translation>
+    </message>
+    <message>
         <source>Hindi, phonetic</source>
         <translation>Hindi, phonétique</translation>
+    </message>
+    <message>
+        <source>Hindi, WX</source>
+        <translation>Hindi, WX</translation>
     </message>
     <message>
         <source>Inuktitut</source>
@@ -188,6 +204,10 @@
         <translation>Albanie</translation>
     </message>
     <message>
+        <source>Algeria</source>
+        <translation>Algérie</translation>
+    </message>
+    <message>
         <source>Armenia</source>
         <translation>Arménie</translation>
     </message>
@@ -292,6 +312,10 @@
         <translation>RD Congo</translation>
     </message>
     <message>
+        <source>Egypt</source>
+        <translation>Égypte</translation>
+    </message>
+    <message>
         <source>Estonia</source>
         <translation>Estonie</translation>
     </message>
@@ -362,10 +386,6 @@
     <message>
         <source>Iceland</source>
         <translation>Islande</translation>
-    </message>
-    <message>
-        <source>India</source>
-        <translation>Inde</translation>
     </message>
     <message>
         <source>India, English</source>
@@ -478,6 +498,10 @@
     <message>
         <source>Netherlands</source>
         <translation>Pays-Bas</translation>
+    </message>
+    <message>
+        <source>New Zealand</source>
+        <translation>Nouvelle-Zélande</translation>
     </message>
     <message>
         <source>Nigeria</source>
@@ -656,8 +680,8 @@
         <translation>États-Unis, internationale</translation>
     </message>
     <message>
-        <source>United States, international with AltGr</source>
-        <translation>États-Unis, internationale avec AltGr</translation>
+        <source>United States, international, with AltGr</source>
+        <translation>États-Unis, internationale, avec AltGr</translation>
     </message>
     <message>
         <source>Uzbekistan</source>

@@ -24,6 +24,10 @@
         <translation>ベンガル語、インド</translation>
     </message>
     <message>
+        <source>%1, 105 keys</source>
+        <translation>%1、105 キー</translation>
+    </message>
+    <message>
         <source>Berber, Latin</source>
         <translation>ベルベル語、ラテン文字</translation>
     </message>
@@ -52,8 +56,20 @@
         <translation>グジャラート語</translation>
     </message>
     <message>
+        <source>Hindi, Bolnagri</source>
+        <translation>ヒンディー語、Bolnagri</translation>
+    </message>
+    <message>
+        <source>Hindi, InScript</source>
+        <translation>ヒンディー語、InScript</translation>
+    </message>
+    <message>
         <source>Hindi, phonetic</source>
         <translation>ヒンディー語、表音</translation>
+    </message>
+    <message>
+        <source>Hindi, WX</source>
+        <translation>ヒンディー語、WX</translation>
     </message>
     <message>
         <source>Inuktitut</source>
@@ -188,6 +204,10 @@
         <translation>アルバニア</translation>
     </message>
     <message>
+        <source>Algeria</source>
+        <translation>アルジェリア</translation>
+    </message>
+    <message>
         <source>Armenia</source>
         <translation>アルメニア</translation>
     </message>
@@ -292,6 +312,10 @@
         <translation>コンゴ民主共和国</translation>
     </message>
     <message>
+        <source>Egypt</source>
+        <translation>エジプト</translation>
+    </message>
+    <message>
         <source>Estonia</source>
         <translation>エストニア</translation>
     </message>
@@ -362,10 +386,6 @@
     <message>
         <source>Iceland</source>
         <translation>アイスランド</translation>
-    </message>
-    <message>
-        <source>India</source>
-        <translation>インド</translation>
     </message>
     <message>
         <source>India, English</source>
@@ -478,6 +498,10 @@
     <message>
         <source>Netherlands</source>
         <translation>オランダ</translation>
+    </message>
+    <message>
+        <source>New Zealand</source>
+        <translation>ニュージーランド</translation>
     </message>
     <message>
         <source>Nigeria</source>
@@ -656,7 +680,7 @@
         <translation>米国、国際</translation>
     </message>
     <message>
-        <source>United States, international with AltGr</source>
+        <source>United States, international, with AltGr</source>
         <translation>米国、国際、AltGr 付き</translation>
     </message>
     <message>

@@ -24,6 +24,10 @@
         <translation>孟加拉语，印度</translation>
     </message>
     <message>
+        <source>%1, 105 keys</source>
+        <translation>%1，105 键</translation>
+    </message>
+    <message>
         <source>Berber, Latin</source>
         <translation>柏柏尔语，拉丁字母</translation>
     </message>
@@ -52,8 +56,20 @@
         <translation>古吉拉特语</translation>
     </message>
     <message>
+        <source>Hindi, Bolnagri</source>
+        <translation>印地语，Bolnagri</translation>
+    </message>
+    <message>
+        <source>Hindi, InScript</source>
+        <translation>印地语，InScript</translation>
+    </message>
+    <message>
         <source>Hindi, phonetic</source>
         <translation>印地语，语音助记</translation>
+    </message>
+    <message>
+        <source>Hindi, WX</source>
+        <translation>印地语，WX</translation>
     </message>
     <message>
         <source>Inuktitut</source>
@@ -188,6 +204,10 @@
         <translation>阿尔巴尼亚</translation>
     </message>
     <message>
+        <source>Algeria</source>
+        <translation>阿尔及利亚</translation>
+    </message>
+    <message>
         <source>Armenia</source>
         <translation>亚美尼亚</translation>
     </message>
@@ -292,6 +312,10 @@
         <translation>刚果民主共和国</translation>
     </message>
     <message>
+        <source>Egypt</source>
+        <translation>埃及</translation>
+    </message>
+    <message>
         <source>Estonia</source>
         <translation>爱沙尼亚</translation>
     </message>
@@ -362,10 +386,6 @@
     <message>
         <source>Iceland</source>
         <translation>冰岛</translation>
-    </message>
-    <message>
-        <source>India</source>
-        <translation>印度</translation>
     </message>
     <message>
         <source>India, English</source>
@@ -478,6 +498,10 @@
     <message>
         <source>Netherlands</source>
         <translation>荷兰</translation>
+    </message>
+    <message>
+        <source>New Zealand</source>
+        <translation>新西兰</translation>
     </message>
     <message>
         <source>Nigeria</source>
@@ -656,7 +680,7 @@
         <translation>美国，国际</translation>
     </message>
     <message>
-        <source>United States, international with AltGr</source>
+        <source>United States, international, with AltGr</source>
         <translation>美国，国际，带 AltGr</translation>
     </message>
     <message>

@@ -5,6 +5,7 @@
 #include "app/Registry.h"
 #include "app/SignalWatch.h"
 #include "app/description/ComponentNames.h"
+#include "app/description/ServerSettings.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
@@ -110,7 +111,7 @@ KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
 
 // One setting, and where it is read from.
 struct KbdApp::SettingRow {
-    char* KbdApp::*setting;
+    char* KbdApp::* setting;
     const char* registryPath;
     const char* option; // without its dashes
 };
@@ -187,6 +188,16 @@ bool KbdApp::report(ExceptionType exception)
     return false;
 }
 
+// The table is that of the machine where it was built; this X server may know other layouts.
+void KbdApp::reportChosenKeyboard() const
+{
+    const KeyboardSettings chosen = mainWindow->chosenKeyboard();
+    std::cerr << "KbdApp: cannot load layout '" << qUtf8Printable(chosen.layout) << '\'';
+    if (!chosen.variant.isEmpty())
+        std::cerr << ", variant '" << qUtf8Printable(chosen.variant) << '\'';
+    std::cerr << ", model '" << qUtf8Printable(chosen.model) << "'\n";
+}
+
 // Qt's event handlers are on the stack: exit() would destroy static objects that they still use.
 bool KbdApp::notify(QObject* receiver, QEvent* event)
 {
@@ -195,6 +206,7 @@ bool KbdApp::notify(QObject* receiver, QEvent* event)
     } catch (ExceptionType exception) {
         report(exception);
     } catch (KbdGeometry::ExceptionType exception) {
+        reportChosenKeyboard();
         report(translated(exception));
     }
     std::_Exit(EXIT_FAILURE);
@@ -344,6 +356,8 @@ void KbdApp::createMainWindow()
         throw UnknownError;
     }
 
+    if (settings.model.isEmpty() || settings.layout.isEmpty())
+        selectServerKeyboard();
     mainWindow->showLayoutSelector(standalone);
     mainWindow->setWindowTitle(
         toFocus ? tr("Arvane Virtual Keyboard") : tr("Arvane Trial Keyboard"));
@@ -352,6 +366,12 @@ void KbdApp::createMainWindow()
         mainWindow->hideTypingArea();
     }
     mainWindow->placeOnScreen(toFocus);
+}
+
+// Settings that were not given are those of the server, whose keyboard is shown then.
+void KbdApp::selectServerKeyboard()
+{
+    mainWindow->selectKeyboard(withServerSettings(settings, toolkitDisplay()));
 }
 
 // Connected by text where that is given.

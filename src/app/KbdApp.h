@@ -37,7 +37,8 @@ public:
     // Prints the exception's message, if it has one. False when ExceptionType has no such value.
     static bool report(ExceptionType exception);
 
-    // Ends the program, as at start-up, when a keyboard that the user has chosen cannot be loaded.
+    // Ends the program, as at start-up, when a keyboard that the user has chosen cannot be loaded,
+    // after a line that says which one it is.
     bool notify(QObject* receiver, QEvent* event) override;
 
 signals:
@@ -68,6 +69,7 @@ private:
     KbdApp(int* argc, char** argv, bool flag);
 
     void startUp(char** argv);
+    void reportChosenKeyboard() const;
     void installTranslation();
     void loadTranslator(const QString& locale);
     void readRegistry();
@@ -80,6 +82,7 @@ private:
     bool hasKeyboardExtension();
     void selectKeyboardEvents();
     void createMainWindow();
+    void selectServerKeyboard();
     void connectMainWindow();
     void launchSwitcher();
 

@@ -40,7 +40,7 @@ SignalWatch::SignalWatch(QObject* parent)
             emit askedToEnd();
     });
 
-    struct sigaction action { };
+    struct sigaction action{};
     action.sa_handler = wakeUp;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (const int number : endingSignals)

@@ -44,6 +44,13 @@ int alignment(const QString& text)
     return text.size() == 1 ? Qt::AlignHCenter | Qt::AlignBottom : Qt::AlignLeft | Qt::AlignBottom;
 }
 
+// Where not even the smallest text has room, it is painted over the edge of its rectangle.
+int paintingFlags(const QString& text, const QRectF& room)
+{
+    const bool hasRoom = room.width() >= smallestSize && room.height() >= smallestSize;
+    return hasRoom ? alignment(text) : alignment(text) | Qt::TextDontClip;
+}
+
 double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 {
     if (room.width() <= 0 || room.height() <= 0)
@@ -163,13 +170,14 @@ void KeyCapPainter::drawText(const QString& text, const QRectF& room, double fac
     const QTransform before = painter->transform();
     painter->translate(room.topLeft());
     painter->scale(factor, factor);
-    const QRectF enlarged(QPointF(), room.size() / factor);
+    // Qt paints nothing into an empty rectangle: in a cell too small for the margins it is a pixel.
+    const QRectF enlarged(QPointF(), room.size().expandedTo({1, 1}) / factor);
     if (const std::optional<QRectF> sign = signOfOtherFont(text, enlarged))
         painter->drawText(
             QPointF(enlarged.center().x() - sign->center().x(), enlarged.bottom() - sign->bottom()),
             text);
     else
-        painter->drawText(enlarged, alignment(text), text);
+        painter->drawText(enlarged, paintingFlags(text, room), text);
     painter->setTransform(before);
 }
 

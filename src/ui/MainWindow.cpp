@@ -300,6 +300,29 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     view->setFlagFilename(spec->icon);
 }
 
+void MainWindow::selectKeyboard(const KeyboardSettings& shown)
+{
+    if (!specSelector)
+        return;
+    {
+        const QSignalBlocker quiet(specSelector);
+        specSelector->setCurrent(shown.model, shown.layout, shown.variant);
+    }
+    specSelector->updateGeometry(); // another name may need more room
+    if (specSelector->isCustom(specSelector->currentIndex()))
+        return;
+    dropCustomEntry();
+    view->setFlagFilename(specSelector->currentIconFile());
+}
+
+KeyboardSettings MainWindow::chosenKeyboard() const
+{
+    if (!specSelector)
+        return {};
+    return {specSelector->currentModel(), specSelector->currentLayout(),
+        specSelector->currentVariant(), QString()};
+}
+
 void MainWindow::x11KeyPressEventIn(XKeyEvent* event)
 {
     emit x11KeyPressEventOut(event);

@@ -49,6 +49,13 @@ public:
     // shows as pressed.
     void releasePhysicalKeys();
 
+    // Shows in the selector which entry the picture is, and its flag; loads nothing. Changes
+    // nothing where the table has no such keyboard. The options do not count.
+    void selectKeyboard(const KeyboardSettings& shown);
+
+    // The selector's current entry, without options; nothing where there is no table.
+    KeyboardSettings chosenKeyboard() const;
+
     // The picture shown now; replaced with every choice of a keyboard.
     KbdGeometry* picture() const { return view; }
 

@@ -50,7 +50,7 @@ std::vector<unsigned int> keyboardDevices(Display* display)
     if (!reply)
         return result;
     for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem > 0;
-         xcb_input_xi_device_info_next(&device)) {
+        xcb_input_xi_device_info_next(&device)) {
         if (feeds(*device.data, core))
             result.push_back(device.data->deviceid);
     }

@@ -13,8 +13,13 @@ complains() {
 for file in *.desktop; do
   complains desktop-file-validate "$file" && status=1
 done
+# The program has no home page yet, which newer versions warn of.
 for file in *.metainfo.xml; do
-  appstreamcli validate --no-net "$file" || status=1
+  said=$(appstreamcli validate --no-net "$file" 2>&1)
+  grep -q Validation <<<"$said" && ! grep -E '^[EW]:' <<<"$said" | grep -qv url-homepage-missing || {
+    echo "$said"
+    status=1
+  }
 done
 for page in man/*.1; do
   complains mandoc -T lint -W warning "$page" && status=1

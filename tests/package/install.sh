@@ -1,18 +1,17 @@
 #!/usr/bin/env bash
-# install.sh CHECKOUT KBD-SHOW — the packages of build/packages in a clean Debian: they install with
-# what they name as their dependencies and nothing more, start, type into a terminal, and leave
+# install.sh CHECKOUT KBD-SHOW RELEASE — the packages of build/packages in a clean Debian: they install
+# with what they name as their dependencies and nothing more, start, type into a terminal, and leave
 # nothing behind. Needs root or sudo.
 set -euo pipefail
-checkout=$1 show=$2
+checkout=$1 show=$2 release=$3
 if [ "$(id -u)" -ne 0 ]; then
   exec sudo bash "$0" "$@"
 fi
-. "$checkout/tests/package/CleanRoot.sh"
+. "$checkout/cmake/CleanRoot.sh"
 
-cache=$checkout/build/clean-root
+cache=$(clean_root_directory "$release")
 root=$(mktemp -d)
 trap 'rm -rf --one-file-system "$root"' EXIT
-mkdir -p "$cache/archives/partial"
 
 fail() {
   echo "FAIL: $*" >&2
@@ -105,7 +104,7 @@ it_types_into_a_terminal() {
   cp "$root/tmp/typed.png" "$checkout/build/packages/"
 }
 
-fetch_base "$cache/base"
+fetch_base "$release"
 cp -a "$cache/base/." "$root/"
 packages_are_unpacked
 before=$(files)

@@ -125,7 +125,7 @@ class Silence {
 public:
     Silence()
         : previous(
-            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}))
+              qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { }))
     {
     }
     ~Silence() { qInstallMessageHandler(previous); }

@@ -159,12 +159,10 @@ class KeyLog : public QObject {
 public:
     explicit KeyLog(KbdKey& key)
     {
-        connect(&key, &KbdKey::virtualKeyPress, this, [this](QString& symbol, QString& desc) {
-            note("virtualKeyPress", {symbol, desc});
-        });
-        connect(&key, &KbdKey::virtualKeyRelease, this, [this](QString& symbol, QString& desc) {
-            note("virtualKeyRelease", {symbol, desc});
-        });
+        connect(&key, &KbdKey::virtualKeyPress, this,
+            [this](QString& symbol, QString& desc) { note("virtualKeyPress", {symbol, desc}); });
+        connect(&key, &KbdKey::virtualKeyRelease, this,
+            [this](QString& symbol, QString& desc) { note("virtualKeyRelease", {symbol, desc}); });
         connect(&key, &KbdKey::mouseKeyPressOut, this,
             [this](KeyCode code) { note("mouseKeyPressOut", {number(code)}); });
         connect(&key, &KbdKey::mouseKeyReleaseOut, this,
@@ -667,6 +665,7 @@ void KbdKeyTest::noLabelIsSmallerThanFourPixels()
 
 void KbdKeyTest::aKeyTooSmallForItsMarginsStillPaints()
 {
+    const QImage bare = paintedOn(*keyOf(keymap->oneLevel(), {XK_VoidSymbol}, rectangle(15, 15)));
     const auto item = keyOf(keymap->fourLevels(), {XK_a, XK_A, XK_b, XK_B}, rectangle(15, 15));
     for (const bool multiple : {false, true}) {
         item->setMultipleCharacters(multiple);
@@ -674,6 +673,7 @@ void KbdKeyTest::aKeyTooSmallForItsMarginsStillPaints()
         QCOMPARE(texts.size(), multiple ? 4 : 1);
         for (const PaintedText& text : texts)
             QCOMPARE(text.pixelSize, 4);
+        QVERIFY(paintedOn(*item) != bare);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "ui/specs/SpecTable.h"
 
+#include <QColor>
 #include <QFile>
 #include <QHash>
 #include <QImage>
@@ -92,6 +93,7 @@ Rules readRules()
 const QSet<QString> otherOfficialLanguages{
     QStringLiteral("ca(eng)"),
     QStringLiteral("ch(fr)"),
+    QStringLiteral("dz(ar)"),
     QStringLiteral("in(eng)"),
     QStringLiteral("ma(french)"),
 };
@@ -125,6 +127,24 @@ QStringList variantsOf(const SpecRow& row)
 QString englishName(const SpecRow& row)
 {
     return row.name.section(QLatin1String(" ["), 0, 0);
+}
+
+QString nativeName(const SpecRow& row)
+{
+    return row.name.section(QLatin1String(" ["), 1);
+}
+
+// What follows the name of the usual shape in that of the other, and what the usual one is called
+// where its name says its shape, too.
+const QLatin1String otherShape(", 105 keys");
+const QLatin1String usualShape(", 104 keys");
+
+QString nameOfOtherShape(const SpecRow& usual)
+{
+    QString name = englishName(usual);
+    if (name.endsWith(usualShape))
+        name.chop(usualShape.size());
+    return name + otherShape;
 }
 
 bool isOfOneColour(const QImage& image)
@@ -168,13 +188,18 @@ private slots:
     void japanAndKoreaAreCalledByTheNamesThatTheSelectorKnows();
     void languagesComeBeforeTwoLayoutsBeforeCountriesEachSorted();
     void everyModelHasAShape();
+    void whatIsUsualAsAnotherShapeStandsThereWith105KeysToo();
+    void onlyTheOtherShapeOfARowIsCalled105Keys();
 
     void theRulesKnowEveryLayoutAndVariant_data() { addRows(); }
     void theRulesKnowEveryLayoutAndVariant();
     void everyLayoutOfTheRulesHasARow();
+    void hindiIsFoundUnderItsName();
 
     void everyIconIsAPictureOfTheSizeOfAFlag_data() { addRows(); }
     void everyIconIsAPictureOfTheSizeOfAFlag();
+    void aFlagThatHasChangedIsTheOneInUse_data();
+    void aFlagThatHasChangedIsTheOneInUse();
     void bothKeyCapsArePictures();
     void aFlagIsThatOfACountryOfItsLayouts_data() { addRows(); }
     void aFlagIsThatOfACountryOfItsLayouts();
@@ -305,6 +330,39 @@ void KbdSpecsTest::everyModelHasAShape()
     QCOMPARE(used, shapes);
 }
 
+// The model that X servers and Debian start with. Korea's usual keyboard has keys of its own, and
+// its layout for keyboards without them has a row.
+void KbdSpecsTest::whatIsUsualAsAnotherShapeStandsThereWith105KeysToo()
+{
+    for (const SpecRow& usual : std::as_const(rows)) {
+        if (usual.model == QLatin1String("pc105") || usual.model == QLatin1String("kr106"))
+            continue;
+        const auto other = std::find_if(rows.cbegin(), rows.cend(), [&](const SpecRow& each) {
+            return each.model == QLatin1String("pc105") && each.layout == usual.layout
+                && each.variant == usual.variant;
+        });
+        QVERIFY2(other != rows.cend(), qUtf8Printable(usual.name));
+        QCOMPARE(englishName(*other), nameOfOtherShape(usual));
+        QCOMPARE(other->icon, usual.icon);
+        if (usual.layout != QLatin1String("jp"))
+            QCOMPARE(nativeName(*other), nativeName(usual));
+    }
+}
+
+void KbdSpecsTest::onlyTheOtherShapeOfARowIsCalled105Keys()
+{
+    QSet<QString> otherShapes;
+    for (const SpecRow& each : std::as_const(rows))
+        if (each.model != QLatin1String("pc105"))
+            otherShapes.insert(nameOfOtherShape(each));
+    for (const SpecRow& each : std::as_const(rows)) {
+        if (!englishName(each).endsWith(otherShape))
+            continue;
+        QCOMPARE(each.model, QStringLiteral("pc105"));
+        QVERIFY2(otherShapes.contains(englishName(each)), qUtf8Printable(each.name));
+    }
+}
+
 void KbdSpecsTest::theRulesKnowEveryLayoutAndVariant()
 {
     const QStringList layouts = layoutsOf(row());
@@ -328,11 +386,55 @@ void KbdSpecsTest::everyLayoutOfTheRulesHasARow()
     QCOMPARE(missing, QSet<QString>());
 }
 
+// India's layout without a variant is that of Hindi, too.
+void KbdSpecsTest::hindiIsFoundUnderItsName()
+{
+    QSet<QString> wanted{QString()};
+    const auto variants = rules.value(QStringLiteral("in")).variants;
+    for (auto each = variants.cbegin(); each != variants.cend(); ++each)
+        if (each->languages == QStringList{QStringLiteral("hin")})
+            wanted.insert(each.key());
+    QVERIFY(wanted.size() > 1);
+
+    QSet<QString> found;
+    for (const SpecRow& each : std::as_const(rows))
+        if (each.layout == QLatin1String("in") && each.name.startsWith(QLatin1String("Hindi, ")))
+            found.insert(each.variant);
+    QCOMPARE(found, wanted);
+}
+
 void KbdSpecsTest::everyIconIsAPictureOfTheSizeOfAFlag()
 {
     const QImage image(QStringLiteral(KBD_ICON_DIR "/") + row().icon);
     QCOMPARE(image.size(), QSize(320, 240));
     QVERIFY2(!isOfOneColour(image), qUtf8Printable(row().icon));
+}
+
+void KbdSpecsTest::aFlagThatHasChangedIsTheOneInUse_data()
+{
+    const QColor green(0, 0x7a, 0x3d);
+    const QColor red(0xce, 0x11, 0x26);
+    QTest::addColumn<QString>("icon");
+    QTest::addColumn<QPoint>("place");
+    QTest::addColumn<QColor>("colour");
+    QTest::newRow("Syria's upper stripe") << "sy.png" << QPoint(160, 40) << green;
+    QTest::newRow("Syria's star in the middle") << "sy.png" << QPoint(160, 122) << red;
+    QTest::newRow("Iraq without a star at the left")
+        << "iq.png" << QPoint(27, 120) << QColor(Qt::white);
+    QTest::newRow("Iraq without a star in the middle")
+        << "iq.png" << QPoint(160, 120) << QColor(Qt::white);
+    QTest::newRow("Iraq's first letter") << "iq.png" << QPoint(265, 120) << green;
+    QTest::newRow("Kyrgyzstan's ray to the right")
+        << "kg.png" << QPoint(220, 120) << QColor(0xff, 0xef, 0);
+}
+
+void KbdSpecsTest::aFlagThatHasChangedIsTheOneInUse()
+{
+    QFETCH(QString, icon);
+    QFETCH(QPoint, place);
+    const QImage image(QStringLiteral(KBD_ICON_DIR "/") + icon);
+    QVERIFY(!image.isNull());
+    QTEST(image.pixelColor(place), "colour");
 }
 
 void KbdSpecsTest::bothKeyCapsArePictures()

@@ -77,8 +77,7 @@ void RegistryTest::aValueIsReadFromTheFiles_data()
     };
     QTest::newRow("no file") << none << none << QString();
     QTest::newRow("the user's own") << inKeyboard + "XkbModel=pc104\n" << none << "pc104";
-    QTest::newRow("that of all users") << none << inKeyboard + "XkbModel=pc105\n"
-                                       << "pc105";
+    QTest::newRow("that of all users") << none << inKeyboard + "XkbModel=pc105\n" << "pc105";
     QTest::newRow("both: the user's own counts") << inKeyboard + "XkbModel=pc104\n"
                                                  << inKeyboard + "XkbModel=pc105\n"
                                                  << "pc104";
@@ -115,9 +114,8 @@ void RegistryTest::aValueIsReadFromTheFiles_data()
     QTest::newRow("an empty file") << QByteArray("") << none << QString();
     QTest::newRow("no text at all")
         << QByteArray("\x7f\x45\x4c\x46\x00\xff\xfe[[=\\x", 12) << none << QString();
-    QTest::newRow("malformed, before that of all users")
-        << QByteArray("\xff[[=") << inKeyboard + "XkbModel=pc105\n"
-        << "pc105";
+    QTest::newRow("malformed, before that of all users") << QByteArray(
+        "\xff[[=") << inKeyboard + "XkbModel=pc105\n" << "pc105";
 }
 
 void RegistryTest::aValueIsReadFromTheFiles()

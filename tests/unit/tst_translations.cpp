@@ -1,5 +1,6 @@
 #include "ui/specs/SpecTable.h"
 
+#include <QCollator>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -10,6 +11,7 @@
 #include <QTranslator>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -102,13 +104,30 @@ Texts textsOfTheProgram()
     return result == 0 ? textsOf(messagesOf(found)) : Texts();
 }
 
+// What the build puts behind the name of a keyboard in all languages.
+const QString otherShape = QStringLiteral(", 105 keys");
+
+QString baseOf(const QString& name)
+{
+    return name.section(QLatin1Char('['), 0, 0).trimmed();
+}
+
 // What the selector asks for: each name of the table up to its native form in brackets.
+QStringList namesOfTheTable()
+{
+    QStringList names;
+    const auto rows = SpecTable::rowsOf(QStringLiteral(KBD_SOURCE_DIR "/src/kbdSpecs.tab"));
+    for (const SpecRow& row : rows.value_or(QList<SpecRow>()))
+        names.append(baseOf(row.name));
+    return names;
+}
+
 Texts textsOfTheTable()
 {
     Texts texts;
-    const auto rows = SpecTable::rowsOf(QStringLiteral(KBD_SOURCE_DIR "/src/kbdSpecs.tab"));
-    for (const SpecRow& row : rows.value_or(QList<SpecRow>()))
-        texts.insert({selectorContext, row.name.section(QLatin1Char('['), 0, 0).trimmed()});
+    for (const QString& name : namesOfTheTable())
+        texts.insert({selectorContext,
+            name.endsWith(otherShape) ? QStringLiteral("%1") + otherShape : name});
     return texts;
 }
 
@@ -184,6 +203,10 @@ private slots:
     void noTwoKeyboardsHaveOneName();
     void theBuiltFileAnswersForEveryText_data() { addLocales(); }
     void theBuiltFileAnswersForEveryText();
+    void theBuiltFileKnowsTheOtherShapeOfAKeyboard_data() { addLocales(); }
+    void theBuiltFileKnowsTheOtherShapeOfAKeyboard();
+    void theTwoShapesOfAKeyboardStandTogether_data() { addLocales(); }
+    void theTwoShapesOfAKeyboardStandTogether();
 
 private:
     static void addLocales();
@@ -290,6 +313,56 @@ void TranslationsTest::theBuiltFileAnswersForEveryText()
         QCOMPARE(translator.translate(message.text.first.toUtf8().constData(),
                      message.source().toUtf8().constData()),
             message.translation);
+}
+
+void TranslationsTest::theBuiltFileKnowsTheOtherShapeOfAKeyboard()
+{
+    QFETCH(QString, locale);
+    QTranslator translator;
+    QVERIFY(translator.load(fileName(locale), builtDirectoryOf(locale)));
+    const auto translated = [&](const QString& text) {
+        return translator.translate("CKbdSpecSelector", text.toUtf8().constData());
+    };
+    int shapes = 0;
+    for (const QString& name : namesOfTheTable()) {
+        if (!name.endsWith(otherShape))
+            continue;
+        const QString usual = translated(name.chopped(otherShape.size()));
+        QVERIFY2(!usual.isEmpty(), qUtf8Printable(name));
+        QCOMPARE(translated(name), translated(QStringLiteral("%1") + otherShape).arg(usual));
+        ++shapes;
+    }
+    QVERIFY(shapes > 45);
+}
+
+// In the order of the selector: by what it shows.
+void TranslationsTest::theTwoShapesOfAKeyboardStandTogether()
+{
+    QFETCH(QString, locale);
+    QTranslator translator;
+    QVERIFY(translator.load(fileName(locale), builtDirectoryOf(locale)));
+    const auto rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE));
+    QVERIFY(rows);
+    QList<std::pair<QString, QString>> shown; // what the selector shows, and the name behind it
+    for (const SpecRow& row : *rows) {
+        const QString base = baseOf(row.name);
+        shown.append({translator.translate("CKbdSpecSelector", base.toUtf8().constData())
+                + row.name.mid(base.size()),
+            base});
+    }
+    const QCollator collator{QLocale(locale)};
+    std::stable_sort(shown.begin(), shown.end(),
+        [&](const auto& a, const auto& b) { return collator.compare(a.first, b.first) < 0; });
+
+    for (qsizetype i = 1; i < shown.size(); ++i) {
+        QString usual = shown.at(i).second;
+        if (!usual.endsWith(otherShape))
+            continue;
+        usual.chop(otherShape.size());
+        const QString before = shown.at(i - 1).second;
+        QVERIFY2(before == usual || before == usual + QStringLiteral(", 104 keys"),
+            qUtf8Printable(shown.at(i).first));
+    }
 }
 
 QTEST_GUILESS_MAIN(TranslationsTest)

@@ -369,7 +369,7 @@ void MainWindowTest::customIsHandedToSetxkbmapAsItStands()
     const KbdGeometry* before = window->picture();
     window->newKbdSelected(&custom);
     QVERIFY(fake.written("arguments")
-                .contains("-model <NoChange> -layout <NoChange> -variant <NoChange> -print"));
+            .contains("-model <NoChange> -layout <NoChange> -variant <NoChange> -print"));
     QCOMPARE(window->picture(), before);
 }
 

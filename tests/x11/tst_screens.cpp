@@ -99,10 +99,10 @@ void ScreensTest::theWindowFitsAndThePictureIsCentred()
                             .adjusted(-frameWidth, -titleHeight, frameWidth, frameWidth);
     QVERIFY2(screen.adjusted(-frameWidth, -titleHeight, frameWidth, frameWidth).contains(frame),
         qPrintable(QStringLiteral("%1x%2+%3+%4")
-                       .arg(frame.width())
-                       .arg(frame.height())
-                       .arg(frame.x())
-                       .arg(frame.y())));
+                .arg(frame.width())
+                .arg(frame.height())
+                .arg(frame.x())
+                .arg(frame.y())));
     const QRect inside = rectangleOf(display.get(), window);
     const double left = locator.area().left() - inside.left();
     const double right = inside.left() + inside.width() - locator.area().right();

@@ -174,6 +174,21 @@ QStringList commonArguments(const QString& window)
         qEnvironmentVariable("DISPLAY")};
 }
 
+// While it lives, this process is in another directory.
+class WorkingDirectory {
+public:
+    explicit WorkingDirectory(const QString& path)
+        : before(QDir::currentPath())
+    {
+        QDir::setCurrent(path);
+    }
+    ~WorkingDirectory() { QDir::setCurrent(before); }
+    Q_DISABLE_COPY_MOVE(WorkingDirectory)
+
+private:
+    QString before;
+};
+
 } // namespace
 
 // The program from its command line to its window, or to the message that says why there is none.
@@ -204,6 +219,7 @@ private slots:
     void aMissingGeometryIsExplained();
     void withoutSetxkbmapThereAreNoRules();
     void aLayoutThatCannotBeHadEndsTheProgram();
+    void aLayoutThatTheServerDoesNotKnowEndsTheProgramByName();
     void theTableIsReadOnce();
 
     void setxkbmapIsAskedForTheSettings_data();
@@ -237,6 +253,7 @@ private:
     QString install(const QString& place);
     bool translate(const QString& locale, const QString& title);
     QPoint placeOfSelector(Window window);
+    void endsWithTheSecondOf(ProgramRun& run, const QByteArray& table);
     void click(const QPoint& point);
     bool chooseLastLayout(
         const ProgramRun& run, const QPoint& selector, const std::function<bool()>& isChosen);
@@ -575,22 +592,36 @@ bool StartupTest::chooseLastLayout(
 // The second time it is asked, setxkbmap names a geometry that there is not.
 void StartupTest::aLayoutThatCannotBeHadEndsTheProgram()
 {
-    const QTemporaryDir directory;
-    QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), twoKeyboards));
-    QVERIFY(QDir::setCurrent(directory.path()));
     const FakeSetxkbmap tool("if [ -e \"$here/asked\" ]; then\n" + printing(keymapWith("no(ne)"))
         + "else\n: > \"$here/asked\"\nexec \"$real\" \"$@\"\nfi\n");
     const auto run = program();
     run->setVariable("PATH", tool.searchPath());
-    run->setWorkingDirectory(directory.path());
-    run->start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
-    const Window window = run->waitForWindow(connection.get());
-    QVERIFY2(window != x11::none, run->errors().constData());
-
-    QVERIFY(chooseLastLayout(*run, placeOfSelector(window), [&] { return !run->isRunning(); }));
-
-    failsWith(*run, descriptionFailure);
+    endsWithTheSecondOf(*run, twoKeyboards);
+    failsWith(*run, "KbdApp: cannot load layout 'de', model 'pc105'\n" + descriptionFailure);
     QCOMPARE(pressedKeys(display()), QList<int>());
+}
+
+// As after the table was built for other keyboard data.
+void StartupTest::aLayoutThatTheServerDoesNotKnowEndsTheProgramByName()
+{
+    const auto run = program();
+    endsWithTheSecondOf(*run, "Alpha\t\tpc105\tus\t\nBeta\t\tpc104\tnowhere\tsouth\n");
+    failsWith(*run,
+        "KbdApp: cannot load layout 'nowhere', variant 'south', model 'pc104'\n"
+            + descriptionFailure);
+}
+
+// Starts the program with the first keyboard of the table and chooses the second.
+void StartupTest::endsWithTheSecondOf(ProgramRun& run, const QByteArray& table)
+{
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), table));
+    const WorkingDirectory here(directory.path());
+    run.setWorkingDirectory(directory.path());
+    run.start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
+    const Window window = run.waitForWindow(connection.get());
+    QVERIFY2(window != x11::none, run.errors().constData());
+    QVERIFY(chooseLastLayout(run, placeOfSelector(window), [&] { return !run.isRunning(); }));
 }
 
 // At the start, and not again for a layout that is chosen.
@@ -602,7 +633,7 @@ void StartupTest::theTableIsReadOnce()
     const QTemporaryDir ofTheProgram;
     for (const QTemporaryDir* directory : {&here, &ofTheProgram})
         QVERIFY(writeFile(directory->filePath("kbdSpecs.tab"), twoKeyboards));
-    QVERIFY(QDir::setCurrent(here.path()));
+    const WorkingDirectory ofThisProcess(here.path());
     OpeningCounter table(ofTheProgram.filePath("kbdSpecs.tab"));
     QVERIFY(table.isWatching());
     const FakeSetxkbmap tool("case \"$*\" in *'-layout de'*) : > \"$here/chosen\";; esac\n"
@@ -850,7 +881,11 @@ void StartupTest::withoutATranslationNothingIsSaid_data()
 void StartupTest::withoutATranslationNothingIsSaid()
 {
     QFETCH(QString, locale);
+    // Where the machine has no such locale, Qt says so: the plain one stands for it.
+    const QTemporaryDir locales;
+    QVERIFY(QFile::link("/usr/lib/locale/C.utf8", locales.filePath(locale)));
     ProgramRun run(install("bare"), display());
+    run.setVariable("LOCPATH", locales.path());
     run.setVariable("LC_ALL", locale);
     run.start();
     runsAndEnds(run);

@@ -30,6 +30,7 @@ private slots:
     void initTestCase();
     void init();
 
+    void withoutSettingsTheServersKeyboardIsTheOneSelected();
     void theWindowBringsItsIcon();
     void aClickedKeyIsTypedAndLitWhileItIsDown();
     void aClickedShiftMakesACapital();
@@ -132,6 +133,14 @@ void TryOutTest::init()
 {
     sampleLine()->setText(QString());
     QTRY_COMPARE(QApplication::focusWidget(), window());
+}
+
+void TryOutTest::withoutSettingsTheServersKeyboardIsTheOneSelected()
+{
+    const auto* selector = window()->findChild<CKbdSpecSelector*>();
+    QCOMPARE(selector->currentText(), QStringLiteral("Germany [Deutschland]"));
+    QCOMPARE(selector->currentIconFile(), QStringLiteral("de.png"));
+    QVERIFY(!selector->isCustom(selector->count() - 1));
 }
 
 // Width, height and that many pixels at least (EWMH, _NET_WM_ICON).
@@ -246,7 +255,7 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 void TryOutTest::modifiersStayHeldAfterAnotherKeyboardWasChosen()
 {
     auto* selector = window()->findChild<CKbdSpecSelector*>();
-    selector->setCurrent(QStringLiteral("pc105"), QStringLiteral("de"), QString());
+    selector->setCurrent(QStringLiteral("pc105"), QStringLiteral("at"), QString());
     QTRY_VERIFY(window()->picture()->isVisible());
     QTRY_COMPARE(QApplication::focusWidget(), window());
     click("RALT");
