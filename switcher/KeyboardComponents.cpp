@@ -55,12 +55,9 @@ bool KeyboardComponents::areLoaded(Display* display) const
     const XkbDescription server(XkbAllocKeyboard());
     if (!server || XkbGetNames(display, XkbComponentNamesMask, server.get()) != 0)
         return false;
-    if (!geometry.empty())
-        XkbGetGeometry(display, server.get());
     const KeyboardComponents present = of(display, *server);
     return satisfies(present.keycodes, keycodes) && satisfies(present.types, types)
-        && satisfies(present.compat, compat) && satisfies(present.symbols, symbols)
-        && satisfies(present.geometry, geometry);
+        && satisfies(present.compat, compat) && satisfies(present.symbols, symbols);
 }
 
 void KeyboardComponents::load(Display* display, unsigned int device) const

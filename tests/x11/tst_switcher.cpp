@@ -35,10 +35,11 @@ constexpr int getKbdByName = 23;
 // Longer than a newer switcher waits for an older one.
 constexpr int longerThanPatienceMs = 15000;
 
+// As the program names it: with a geometry that no other program loads.
 QStringList keyboard(const QString& layout, const QString& keycodes = "evdev+aliases(qwerty)")
 {
     return {"--keycodes", keycodes, "--types", "complete", "--compat", "complete", "--symbols",
-        "pc+" + layout + "+inet(evdev)", "--geometry", "pc(pc105)"};
+        "pc+" + layout + "+inet(evdev)", "--geometry", "pc-arvane(pc105)"};
 }
 
 const QStringList german = keyboard("de", "evdev+aliases(qwertz)");
