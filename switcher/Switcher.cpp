@@ -53,7 +53,7 @@ Switcher::Switcher(const Arguments& arguments)
     , display(openDisplay(arguments.display))
     , isStatic(arguments.isStatic)
     , focus(display.get(), arguments.window)
-    , windowTurn(display.get(), windowTurnName(arguments.window))
+    , windowTurn(display.get(), windowTurnName(arguments.window), StartTime::ofThisProcess())
     , keyboardTurn(display.get(), "_ORVIX_KBD_SWITCHER_KEYBOARD")
     , loan(display.get(), arguments.components)
 {

@@ -3,14 +3,15 @@
 #include "harness/PrivateServer.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
+#include "tests/x11/SwitcherProcess.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QTemporaryFile>
 #include <QTest>
 
 #include <csignal>
 #include <memory>
-#include <unistd.h>
 
 namespace {
 
@@ -32,67 +33,11 @@ constexpr int serversKeyboard = 7;
 // XKB protocol: the minor opcode of the request that loads a keyboard.
 constexpr int getKbdByName = 23;
 
-// Longer than a newer switcher waits for an older one.
-constexpr int longerThanPatienceMs = 15000;
-
-// As the program names it: with a geometry that no other program loads.
-QStringList keyboard(const QString& layout, const QString& keycodes = "evdev+aliases(qwerty)")
+bool isStopped(qint64 process)
 {
-    return {"--keycodes", keycodes, "--types", "complete", "--compat", "complete", "--symbols",
-        "pc+" + layout + "+inet(evdev)", "--geometry", "pc-arvane(pc105)"};
+    QFile status(QStringLiteral("/proc/%1/stat").arg(process));
+    return status.open(QIODevice::ReadOnly) && status.readAll().contains(") T ");
 }
-
-const QStringList german = keyboard("de", "evdev+aliases(qwertz)");
-const QStringList french = keyboard("fr", "evdev+aliases(azerty)");
-const QStringList american = keyboard("us");
-
-const QString germanSymbols = "pc+de+inet(evdev)";
-const QString frenchSymbols = "pc+fr+inet(evdev)";
-const QString americanSymbols = "pc+us+inet(evdev)";
-
-class SwitcherProcess {
-public:
-    explicit SwitcherProcess(const QStringList& arguments)
-    {
-        // The display is to come from the arguments alone.
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove("DISPLAY");
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory("/");
-        process.start(KBD_SWITCHER, arguments);
-        process.waitForStarted();
-    }
-
-    ~SwitcherProcess() { stop(); }
-    SwitcherProcess(const SwitcherProcess&) = delete;
-    SwitcherProcess& operator=(const SwitcherProcess&) = delete;
-
-    void signal(int number) const { ::kill(static_cast<pid_t>(process.processId()), number); }
-
-    // -1 when it does not end within the deadline or crashed.
-    int waitForEnd()
-    {
-        if (process.state() != QProcess::NotRunning)
-            process.waitForFinished(longerThanPatienceMs);
-        const bool hasEnded =
-            process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit;
-        return hasEnded ? process.exitCode() : -1;
-    }
-
-    int stop()
-    {
-        if (process.state() != QProcess::NotRunning)
-            signal(SIGTERM);
-        return waitForEnd();
-    }
-
-    QByteArray errors() { return process.readAllStandardError(); }
-
-private:
-    QProcess process;
-};
-
-using Switcher = std::unique_ptr<SwitcherProcess>;
 
 } // namespace
 
@@ -133,6 +78,8 @@ private slots:
     void aComponentThatIsNotGivenStaysAsItIs();
     void aNewerSwitcherOfTheWindowReplacesTheOlder();
     void aNewerSwitcherDoesNotWaitForeverForTheOlder();
+    void theLayoutThatWasChosenLastWinsHoweverFast();
+    void anOlderSwitcherThatComesLateGivesWay();
     void windowsHaveTheirKeyboardsInTurn();
     void aStaticKeyboardComesBackAfterAnotherWindowsTurn();
     void componentsThatCannotBeLoadedChangeNothing_data();
@@ -254,8 +201,7 @@ QByteArray SwitcherTest::deviceKeymap(int device) const
 
 QStringList SwitcherTest::who(Window window, qint64 parent) const
 {
-    return {"--parent", QString::number(parent), "--window", QString::number(window), "--display",
-        QString::fromLatin1(displayName)};
+    return switcherOwner(window, displayName, parent);
 }
 
 Switcher SwitcherTest::start(Window window, const QStringList& more) const
@@ -710,6 +656,35 @@ void SwitcherTest::aNewerSwitcherDoesNotWaitForeverForTheOlder()
     older->signal(SIGCONT);
     QCOMPARE(older->waitForEnd(), 0);
     QCOMPARE(symbols(), frenchSymbols);
+}
+
+void SwitcherTest::theLayoutThatWasChosenLastWinsHoweverFast()
+{
+    focus(parentWindow);
+    for (int round = 0; round < 50; ++round) {
+        const Switcher older = start(parentWindow, german);
+        const Switcher newer = start(parentWindow, french);
+        QCOMPARE(older->waitForEnd(), 0);
+        QTRY_COMPARE(symbols(), frenchSymbols);
+        QCOMPARE(newer->stop(), 0);
+    }
+    QCOMPARE(keymapText(displayName), keymapBefore);
+}
+
+// The processor is free to run the newer one first.
+void SwitcherTest::anOlderSwitcherThatComesLateGivesWay()
+{
+    focus(parentWindow);
+    const QStringList stopFirst{"-c", "kill -STOP $$; exec \"$@\"", "sh", KBD_SWITCHER};
+    SwitcherProcess older("/bin/sh", stopFirst + who(parentWindow) + german);
+    QTRY_VERIFY(isStopped(older.processId()));
+    const Switcher newer = start(parentWindow, french);
+    QTRY_COMPARE(symbols(), frenchSymbols);
+    loadsSeen();
+    older.signal(SIGCONT);
+    QCOMPARE(older.waitForEnd(), 0);
+    QCOMPARE(symbols(), frenchSymbols);
+    QCOMPARE(loadsSeen(), 0);
 }
 
 void SwitcherTest::windowsHaveTheirKeyboardsInTurn()
