@@ -1,5 +1,6 @@
 #include "switcher/KeyboardComponents.h"
 
+#include "switcher/ComponentAtoms.h"
 #include "switcher/XkbDescription.h"
 
 #include <algorithm>
@@ -15,11 +16,6 @@ std::string atomName(Display* display, Atom atom)
         return {};
     const x11::Owned<char> name(XGetAtomName(display, atom));
     return name ? name.get() : "";
-}
-
-Atom geometryName(const XkbDescRec& description)
-{
-    return description.geom ? description.geom->name : description.names->geometry;
 }
 
 // A keymap that was compiled from another one has '_' in its names for '+' and '|'.
@@ -44,10 +40,10 @@ char* orNull(std::string& name)
 
 KeyboardComponents KeyboardComponents::of(Display* display, const XkbDescRec& description)
 {
-    const XkbNamesRec& names = *description.names;
-    return {atomName(display, names.keycodes), atomName(display, names.types),
-        atomName(display, names.compat), atomName(display, names.symbols),
-        atomName(display, geometryName(description))};
+    const ComponentAtoms atoms = ComponentAtoms::of(description);
+    return {atomName(display, atoms.keycodes), atomName(display, atoms.types),
+        atomName(display, atoms.compat), atomName(display, atoms.symbols),
+        atomName(display, atoms.geometry)};
 }
 
 bool KeyboardComponents::areLoaded(Display* display) const

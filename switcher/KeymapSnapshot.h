@@ -1,5 +1,6 @@
 #pragma once
 
+#include "switcher/Bytes.h"
 #include "switcher/XkbDescription.h"
 
 #include <optional>
@@ -11,6 +12,11 @@ public:
     // Nothing when the keyboard is not there or one of its parts cannot be read.
     static std::optional<KeymapSnapshot> take(Display* display, unsigned int device);
 
+    // A keymap that put() has written, for this keyboard. It lacks the drawing of the geometry.
+    // Throws std::out_of_range or std::invalid_argument for bytes that are none.
+    static KeymapSnapshot takeFrom(ByteReader& bytes, unsigned int device);
+    void put(ByteWriter& bytes) const;
+
     unsigned int device() const { return keymap->device_spec; }
 
     // Gives the keyboard this keymap again, and those that feed it, if it is the core keyboard.
@@ -20,6 +26,7 @@ public:
 private:
     explicit KeymapSnapshot(XkbDescription wholeKeymap);
 
+    bool lacksItsDrawing() const;
     bool canBeSetOver(const XkbDescRec& present) const;
     void set(Display* display) const;
 

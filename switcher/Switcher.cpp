@@ -61,6 +61,7 @@ Switcher::Switcher(const Arguments& arguments)
 
 void Switcher::run()
 {
+    loan.endLeftLoan(keyboardTurn);
     windowTurn.want();
     while (!mustEnd()) {
         handleEvents();

@@ -656,6 +656,8 @@ void SwitcherTest::aNewerSwitcherDoesNotWaitForeverForTheOlder()
     older->signal(SIGCONT);
     QCOMPARE(older->waitForEnd(), 0);
     QCOMPARE(symbols(), frenchSymbols);
+    QCOMPARE(newer->stop(), 0);
+    QCOMPARE(keymapText(displayName), keymapBefore);
 }
 
 void SwitcherTest::theLayoutThatWasChosenLastWinsHoweverFast()
