@@ -1,6 +1,6 @@
 #include "switcher/Switcher.h"
 
-#include "switcher/HeldKeys.h"
+#include "x11/HeldKeys.h"
 
 #include <algorithm>
 #include <array>
@@ -61,6 +61,7 @@ Switcher::Switcher(const Arguments& arguments)
 
 void Switcher::run()
 {
+    x11::releaseKeysOfTheGone(display.get());
     loan.endLeftLoan(keyboardTurn);
     windowTurn.want();
     while (!mustEnd()) {
@@ -70,7 +71,7 @@ void Switcher::run()
     }
     loan.end();
     if (parent.isGone() || focus.isWindowGone())
-        releaseHeldKeys(display.get(), parent.process());
+        x11::releaseKeysOf(display.get(), parent.process());
 }
 
 void Switcher::handleEvents()

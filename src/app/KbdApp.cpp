@@ -10,6 +10,7 @@
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/KbdConstants.h"
+#include "x11/HeldKeys.h"
 #include "x11/qt/PhysicalKeys.h"
 #include "x11/qt/ToFocusWindow.h"
 #include "x11/qt/ToolkitDisplay.h"
@@ -142,6 +143,7 @@ void KbdApp::startUp(char** argv)
         throw XkbInitError;
     if (toFocus)
         exitIfRunning(QString::fromLatin1(instanceName));
+    x11::releaseKeysOfTheGone(toolkitDisplay());
     componentNames = getComponentNames();
     selectKeyboardEvents();
     createMainWindow();

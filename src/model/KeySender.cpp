@@ -1,21 +1,12 @@
 #include "model/KeySender.h"
 
-#include <unistd.h>
-
-namespace {
-
-QByteArray heldKeysName()
-{
-    return "_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(getpid());
-}
-
-} // namespace
-
 #include <utility>
+#include <vector>
 
 KeySender::KeySender(Display* xDisplay, Window root)
     : display(xDisplay)
     , rootWindow(root)
+    , toldKeys(xDisplay)
 {
 }
 
@@ -51,24 +42,15 @@ QList<KeyCode> KeySender::releaseThroughXTest(KeyCode keycode)
     return modifierKeys;
 }
 
-// A killed program cannot release its keys: who outlives it finds them here.
+// A killed program cannot release its keys: who outlives it does.
 void KeySender::tellHeldKeys()
 {
-    if (heldKeysProperty == x11::none)
-        heldKeysProperty = XInternAtom(display, heldKeysName().constData(), x11::xFalse);
-    QByteArray keycodes;
+    std::vector<KeyCode> keycodes;
     for (auto each = held.cbegin(); each != held.cend(); ++each) {
-        keycodes += static_cast<char>(each.key());
-        for (const KeyCode modifier : each.value())
-            keycodes += static_cast<char>(modifier);
+        keycodes.push_back(each.key());
+        keycodes.insert(keycodes.end(), each.value().cbegin(), each.value().cend());
     }
-    const Window root = DefaultRootWindow(display);
-    if (keycodes.isEmpty())
-        XDeleteProperty(display, root, heldKeysProperty);
-    else
-        XChangeProperty(display, root, heldKeysProperty, XA_INTEGER, 8, PropModeReplace,
-            reinterpret_cast<const unsigned char*>(keycodes.constData()),
-            static_cast<int>(keycodes.size()));
+    toldKeys.tell(keycodes);
 }
 
 void KeySender::releaseAll()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "keys/KbdTypes.h"
+#include "x11/HeldKeys.h"
 #include "x11/X11.h"
 
 #include <QHash>
@@ -15,9 +16,8 @@ struct SyntheticKey {
 
 // Delivers keys to the window that has the input focus: through XTest, where the server itself
 // presses them, or as key events sent to that window. Remembers every key that it holds down in
-// the server, and leaves none behind. While there are any, their key codes, a byte each, stand in
-// the property _ORVIX_KBD_HELD_KEYS_ and the number of this process of the root window: the
-// keyboard switcher releases them if the process is killed.
+// the server, and leaves none behind; it tells of them, so that they are released even if this
+// process is killed.
 class KeySender {
 public:
     // The display is borrowed. The root window stands in where no window has the focus.
@@ -47,6 +47,6 @@ private:
 
     Display* display;
     Window rootWindow;
-    Atom heldKeysProperty = x11::none;
+    x11::HeldKeys toldKeys;
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it
 };

@@ -30,6 +30,7 @@ private slots:
     void editedKeysStayWhileTheKeyboardIsShown();
     void theSecondGroupIsStillThereWhenTheKeyboardCloses();
     void anUntouchedTryOutWindowTellsNobodyOfANewKeyboard();
+    void theKeyboardIsTheUsersAgainAfterBothWereKilled();
 
 private:
     QByteArray display() const { return qgetenv("DISPLAY"); }
@@ -37,6 +38,7 @@ private:
     // Whether a switcher of the program has the right to load its keyboard, and has used it.
     bool isSwitching() const { return isOwned("_ORVIX_KBD_SWITCHER_KEYBOARD"); }
     bool hasSwitcher() const;
+    pid_t switcherProcess() const;
     Window start(const QStringList& arguments);
     void focus(Window window) const;
     void end();
@@ -59,6 +61,24 @@ bool CompanionTest::isOwned(const char* selection) const
 bool CompanionTest::hasSwitcher() const
 {
     return isOwned(("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(programWindow))).data());
+}
+
+// It is told with the window by which the switcher has its turn; -1 when there is none.
+pid_t CompanionTest::switcherProcess() const
+{
+    const QByteArray name = "_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(programWindow));
+    const Window turn = XGetSelectionOwner(
+        connection.get(), XInternAtom(connection.get(), name.constData(), x11::xFalse));
+    Atom type = x11::none;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(connection.get(), turn,
+        XInternAtom(connection.get(), "_ORVIX_KBD_SWITCHER_START", x11::xFalse), 0, 3, x11::xFalse,
+        XA_INTEGER, &type, &format, &count, &rest, &data);
+    const x11::Owned<unsigned char> owned(data);
+    return count == 3 ? static_cast<pid_t>(reinterpret_cast<const long*>(owned.get())[2]) : -1;
 }
 
 // The window once it is in sight and has its switcher; none when that fails.
@@ -183,6 +203,29 @@ void CompanionTest::anUntouchedTryOutWindowTellsNobodyOfANewKeyboard()
         QTRY_VERIFY(!isSwitching());
     }
     QCOMPARE(keymapNewsSeen(), 0);
+}
+
+// The program is started with a layout of its own, and then as the user has it.
+void CompanionTest::theKeyboardIsTheUsersAgainAfterBothWereKilled()
+{
+    QCOMPARE(runTool("xmodmap", {"-e", "keycode 66 = Escape"}, display()).status, 0);
+    const QByteArray before = keymapText(display());
+    QVERIFY(start({"--tofocus", "-layout", "de"}) != x11::none);
+    QTRY_VERIFY(keymapText(display()).contains("pc+de+inet(evdev)"));
+    QTRY_VERIFY(isSwitching());
+    const pid_t switcher = switcherProcess();
+    QVERIFY(switcher > 0);
+    QCOMPARE(::kill(switcher, SIGKILL), 0);
+    QCOMPARE(::kill(static_cast<pid_t>(program->processId()), SIGKILL), 0);
+    QVERIFY(program->waitForEnd());
+    QTRY_VERIFY(!hasSwitcher());
+    QVERIFY(keymapText(display()).contains("pc+de+inet(evdev)"));
+
+    QVERIFY(start({"--tofocus"}) != x11::none);
+    QTRY_VERIFY(isSwitching());
+    QCOMPARE(keymapText(display()), before);
+    end();
+    QCOMPARE(keymapText(display()), before);
 }
 
 KBD_X11_TEST_MAIN(CompanionTest)

@@ -60,6 +60,8 @@ private slots:
     void aKilledParentWithTheFocusLeavesNothingBehind();
     void whatAKilledParentHeldDownIsReleased_data();
     void whatAKilledParentHeldDownIsReleased();
+    void whatAProgramHeldThatHasGoneIsReleasedAtTheStart_data();
+    void whatAProgramHeldThatHasGoneIsReleasedAtTheStart();
     void anyKeyboardComesBackExactly_data();
     void anyKeyboardComesBackExactly();
     void aKeyboardThatWasUploadedComesBackExactly();
@@ -105,6 +107,8 @@ private:
     QStringList who(Window window, qint64 parent = getpid()) const;
     Switcher start(Window window, const QStringList& more) const;
     void type(int keycode, bool isDown);
+    // As a program does that holds the left Shift and A.
+    void tellHeldKeys(const QByteArray& name);
 
     QByteArray displayName;
     XConnection connection;
@@ -212,6 +216,16 @@ Switcher SwitcherTest::start(Window window, const QStringList& more) const
 void SwitcherTest::type(int keycode, bool isDown)
 {
     XTestFakeKeyEvent(connection.get(), static_cast<unsigned int>(keycode), isDown, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
+}
+
+void SwitcherTest::tellHeldKeys(const QByteArray& name)
+{
+    const QByteArray held("\x32\x26");
+    XChangeProperty(connection.get(), XDefaultRootWindow(connection.get()),
+        XInternAtom(connection.get(), name.constData(), x11::xFalse), XA_INTEGER, 8,
+        PropModeReplace, reinterpret_cast<const unsigned char*>(held.constData()),
+        static_cast<int>(held.size()));
     XSync(connection.get(), x11::xFalse);
 }
 
@@ -371,15 +385,11 @@ void SwitcherTest::whatAKilledParentHeldDownIsReleased()
     QVERIFY(parent.waitForStarted());
     SwitcherProcess switcher(
         who(parentWindow, parent.processId()) + keys + QStringList{"--static"});
+    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(parentWindow))));
     if (keys == german)
         QTRY_COMPARE(symbols(), germanSymbols);
     // The parent tells what it holds; another program holds another key.
-    const QByteArray name = "_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(parent.processId());
-    const QByteArray held("\x32\x26");
-    XChangeProperty(connection.get(), XDefaultRootWindow(connection.get()),
-        XInternAtom(connection.get(), name.constData(), x11::xFalse), XA_INTEGER, 8,
-        PropModeReplace, reinterpret_cast<const unsigned char*>(held.constData()),
-        static_cast<int>(held.size()));
+    tellHeldKeys("_ORVIX_KBD_HELD_KEYS_" + QByteArray::number(parent.processId()));
     for (const int keycode : {leftShift, keyA, keyD})
         type(keycode, true);
     QCOMPARE(pressedKeys(displayName), (QList<int>{keyA, keyD, leftShift}));
@@ -388,6 +398,33 @@ void SwitcherTest::whatAKilledParentHeldDownIsReleased()
     QCOMPARE(switcher.waitForEnd(), 0);
     QCOMPARE(pressedKeys(displayName), QList<int>{keyD});
     type(keyD, false);
+}
+
+void SwitcherTest::whatAProgramHeldThatHasGoneIsReleasedAtTheStart_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("it has gone") << false;
+    QTest::newRow("it is there, on any machine") << true;
+}
+
+// A program is there as long as its connection owns the selection of the property's name.
+void SwitcherTest::whatAProgramHeldThatHasGoneIsReleasedAtTheStart()
+{
+    QFETCH(bool, isThere);
+    const QByteArray name = "_ORVIX_KBD_HELD_KEYS_1";
+    const Atom selection = XInternAtom(connection.get(), name.constData(), x11::xFalse);
+    XSetSelectionOwner(connection.get(), selection, isThere ? elsewhere : x11::none, CurrentTime);
+    tellHeldKeys(name);
+    for (const int keycode : {leftShift, keyA, keyD})
+        type(keycode, true);
+    const Switcher switcher = start(parentWindow, german);
+    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(parentWindow))));
+    const QList<int> all{keyA, keyD, leftShift};
+    QCOMPARE(pressedKeys(displayName), isThere ? all : QList<int>{keyD});
+    QCOMPARE(switcher->stop(), 0);
+    for (const int keycode : all)
+        type(keycode, false);
+    XDeleteProperty(connection.get(), XDefaultRootWindow(connection.get()), selection);
 }
 
 void SwitcherTest::anyKeyboardComesBackExactly_data()

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "x11/X11.h"
+
+#include <sys/types.h>
+#include <vector>
+
+namespace x11 {
+
+// Tells the X server's other clients which keys this process holds down through XTest, so that they
+// can be released when the process is killed: the server would repeat them for ever. Their key
+// codes, a byte each, stand in the property _ORVIX_KBD_HELD_KEYS_ and the number of the process of
+// the root window, as long as there are any. As long as this object's connection is open it owns
+// the selection of the same name: a process number alone means nothing to a client on another
+// machine, or after the process has gone.
+class HeldKeys {
+public:
+    // The display is borrowed and outlives this object.
+    explicit HeldKeys(Display* xDisplay);
+
+    // Tells of no key any more.
+    ~HeldKeys();
+    HeldKeys(const HeldKeys&) = delete;
+    HeldKeys& operator=(const HeldKeys&) = delete;
+
+    // In place of those told before. To be called before they are pressed, and after they are
+    // released. Sends no more than it has to and waits for no answer but at the first call.
+    void tell(const std::vector<KeyCode>& keycodes);
+
+private:
+    Display* display;
+    Atom name = none;
+    Window owner = none;
+};
+
+// Releases the keys that a process of this machine has told of and that is known to have gone. No
+// other key is touched.
+void releaseKeysOf(Display* display, pid_t process);
+
+// The same for all processes whose connection has gone, wherever they ran. Two round trips when
+// there are none.
+void releaseKeysOfTheGone(Display* display);
+
+} // namespace x11
