@@ -43,7 +43,7 @@ void LoanRecord::write(const ReplacedKeyboard& keyboard)
     ByteWriter record;
     record.put(header);
     keyboard.put(record);
-    XChangeProperty(display, DefaultRootWindow(display), property, property, 8, PropModeReplace,
+    XChangeProperty(display, XRootWindow(display, 0), property, property, 8, PropModeReplace,
         record.bytes().data(), static_cast<int>(record.bytes().size()));
 }
 
@@ -74,7 +74,7 @@ std::optional<ReplacedKeyboard> LoanRecord::read() const
 
 void LoanRecord::remove()
 {
-    XDeleteProperty(display, DefaultRootWindow(display), property);
+    XDeleteProperty(display, XRootWindow(display, 0), property);
 }
 
 // At most so many units of four bytes; empty when the property is not there or not of its type.
@@ -85,7 +85,7 @@ std::vector<unsigned char> LoanRecord::bytes(long mostWords) const
     unsigned long count = 0;
     unsigned long rest = 0;
     unsigned char* data = nullptr;
-    XGetWindowProperty(display, DefaultRootWindow(display), property, 0, mostWords, x11::xFalse,
+    XGetWindowProperty(display, XRootWindow(display, 0), property, 0, mostWords, x11::xFalse,
         property, &type, &format, &count, &rest, &data);
     const x11::Owned<unsigned char> owned(data);
     if (!owned || type != property || format != 8)

@@ -4,9 +4,9 @@
 
 #include <optional>
 
-// What the present loan has replaced, in a property of the root window: it outlives a switcher that
-// is killed, so that the next one can put it back. It is written and removed together with the
-// loan, under the same grab.
+// What the present loan has replaced, in a property of the first root window: it outlives a
+// switcher that is killed, so that the next one can put it back. It is written and removed together
+// with the loan, under the same grab.
 class LoanRecord {
 public:
     explicit LoanRecord(Display* xDisplay);

@@ -24,7 +24,7 @@ void releaseKeysIn(Display* display, Atom property)
     unsigned long count = 0;
     unsigned long rest = 0;
     unsigned char* data = nullptr;
-    XGetWindowProperty(display, DefaultRootWindow(display), property, 0, longest, xTrue,
+    XGetWindowProperty(display, XRootWindow(display, 0), property, 0, longest, xTrue,
         AnyPropertyType, &type, &format, &count, &rest, &data);
     const Owned<unsigned char> keycodes(data);
     int first = 0;
@@ -40,7 +40,7 @@ void releaseKeysIn(Display* display, Atom property)
 std::vector<Atom> rootProperties(Display* display)
 {
     int count = 0;
-    const Owned<Atom> atoms(XListProperties(display, DefaultRootWindow(display), &count));
+    const Owned<Atom> atoms(XListProperties(display, XRootWindow(display, 0), &count));
     return atoms ? std::vector<Atom>(atoms.get(), atoms.get() + count) : std::vector<Atom>();
 }
 
@@ -79,7 +79,7 @@ HeldKeys::~HeldKeys()
 
 void HeldKeys::tell(const std::vector<KeyCode>& keycodes)
 {
-    const Window root = DefaultRootWindow(display);
+    const Window root = XRootWindow(display, 0);
     if (owner == none) {
         name = XInternAtom(display, nameFor(getpid()).c_str(), xFalse);
         owner = XCreateSimpleWindow(display, root, -1, -1, 1, 1, 0, 0, 0);

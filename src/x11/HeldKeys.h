@@ -10,8 +10,8 @@ namespace x11 {
 // Tells the X server's other clients which keys this process holds down through XTest, so that they
 // can be released when the process is killed: the server would repeat them for ever. Their key
 // codes, a byte each, stand in the property _ORVIX_KBD_HELD_KEYS_ and the number of the process of
-// the root window, as long as there are any. As long as this object's connection is open it owns
-// the selection of the same name: a process number alone means nothing to a client on another
+// the first root window, as long as there are any. As long as this object's connection is open it
+// owns the selection of the same name: a process number alone means nothing to a client on another
 // machine, or after the process has gone.
 class HeldKeys {
 public:
