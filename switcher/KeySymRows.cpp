@@ -23,21 +23,21 @@ KeySymRows KeySymRows::takeFrom(ByteReader& bytes)
     KeySymRows rows;
     rows.table.firstKey = bytes.take<std::uint8_t>();
     rows.table.width = bytes.take<std::uint8_t>();
-    const int keys = bytes.take<std::uint16_t>();
+    const auto keys = bytes.take<std::uint16_t>();
     if (rows.table.firstKey + keys > mostKeys)
         throw std::invalid_argument("these are no keysyms of keys");
-    rows.table.keysyms.resize(static_cast<std::size_t>(keys * rows.table.width));
+    rows.table.keysyms.resize(std::size_t{keys} * static_cast<std::size_t>(rows.table.width));
     bytes.take(rows.table.keysyms.data(), rows.table.keysyms.size());
     return rows;
 }
 
 void KeySymRows::put(ByteWriter& bytes) const
 {
-    const int keys = keyCount();
+    const auto keys = static_cast<std::size_t>(keyCount());
     bytes.put(static_cast<std::uint8_t>(table.firstKey));
     bytes.put(static_cast<std::uint8_t>(table.width));
     bytes.put(static_cast<std::uint16_t>(keys));
-    bytes.put(table.keysyms.data(), static_cast<std::size_t>(keys * table.width));
+    bytes.put(table.keysyms.data(), keys * static_cast<std::size_t>(table.width));
 }
 
 std::vector<int> KeySymRows::keysChangedSince(const KeySymRows& earlier) const

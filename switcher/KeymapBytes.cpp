@@ -64,7 +64,8 @@ void checkMade(int status)
 
 std::size_t keyCount(const XkbDescRec& keymap)
 {
-    return static_cast<std::size_t>(keymap.max_key_code - keymap.min_key_code + 1);
+    const int keys = keymap.max_key_code - keymap.min_key_code + 1;
+    return static_cast<std::size_t>(keys);
 }
 
 void putType(ByteWriter& bytes, const XkbKeyTypeRec& type)

@@ -8,11 +8,11 @@
 namespace x11 {
 
 // Tells the X server's other clients which keys this process holds down through XTest, so that they
-// can be released when the process is killed: the server would repeat them for ever. Their key
-// codes, a byte each, stand in the property _ORVIX_KBD_HELD_KEYS_ and the number of the process of
-// the first root window, as long as there are any. As long as this object's connection is open it
-// owns the selection of the same name: a process number alone means nothing to a client on another
-// machine, or after the process has gone.
+// can be released when the process is killed: the server would repeat them for ever. As long as
+// there are any, their key codes, a byte each, stand on the first root window, in the property that
+// is called _ORVIX_KBD_HELD_KEYS_ and the number of the process. As long as the connection is open
+// it owns the selection of the same name: a process number alone means nothing to a client on
+// another machine, or after the process has gone.
 class HeldKeys {
 public:
     // The display is borrowed and outlives this object.
@@ -24,7 +24,7 @@ public:
     HeldKeys& operator=(const HeldKeys&) = delete;
 
     // In place of those told before. To be called before they are pressed, and after they are
-    // released. Sends no more than it has to and waits for no answer but at the first call.
+    // released. Waits for an answer of the server at the first call only.
     void tell(const std::vector<KeyCode>& keycodes);
 
 private:
