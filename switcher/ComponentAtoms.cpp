@@ -11,6 +11,14 @@ ComponentAtoms ComponentAtoms::of(Display* display, unsigned int device)
     description->device_spec = static_cast<unsigned short>(device);
     if (XkbGetNames(display, XkbComponentNamesMask, description.get()) != 0)
         return {};
-    const XkbNamesRec& names = *description->names;
-    return {names.keycodes, names.types, names.compat, names.symbols};
+    XkbGetGeometry(display, description.get());
+    return of(*description);
+}
+
+// The server gives the name of a geometry with the geometry only.
+ComponentAtoms ComponentAtoms::of(const XkbDescRec& description)
+{
+    const XkbNamesRec& names = *description.names;
+    const Atom geometry = description.geom ? description.geom->name : names.geometry;
+    return {names.keycodes, names.types, names.compat, names.symbols, geometry};
 }

@@ -5,26 +5,48 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <stdexcept>
 
-KeySymRows KeySymRows::of(Display* display)
+namespace {
+
+constexpr int mostKeys = 256;
+
+} // namespace
+
+KeySymRows KeySymRows::of(Display* display, unsigned int device)
 {
     KeySymRows rows;
-    int lastKey = 0;
-    XDisplayKeycodes(display, &rows.firstKey, &lastKey);
-    const int count = lastKey - rows.firstKey + 1;
-    const x11::Owned<KeySym> mapping(
-        XGetKeyboardMapping(display, static_cast<KeyCode>(rows.firstKey), count, &rows.width));
-    if (mapping)
-        rows.keysyms.assign(mapping.get(), mapping.get() + std::ptrdiff_t{count} * rows.width);
+    rows.table = x11::deviceKeysyms(display, device);
     return rows;
+}
+
+KeySymRows KeySymRows::takeFrom(ByteReader& bytes)
+{
+    KeySymRows rows;
+    rows.table.firstKey = bytes.take<std::uint8_t>();
+    rows.table.width = bytes.take<std::uint8_t>();
+    const auto keys = bytes.take<std::uint16_t>();
+    if (rows.table.firstKey + keys > mostKeys)
+        throw std::invalid_argument("these are no keysyms of keys");
+    rows.table.keysyms.resize(std::size_t{keys} * static_cast<std::size_t>(rows.table.width));
+    bytes.take(rows.table.keysyms.data(), rows.table.keysyms.size());
+    return rows;
+}
+
+void KeySymRows::put(ByteWriter& bytes) const
+{
+    const auto keys = static_cast<std::size_t>(keyCount());
+    bytes.put(static_cast<std::uint8_t>(table.firstKey));
+    bytes.put(static_cast<std::uint8_t>(table.width));
+    bytes.put(static_cast<std::uint16_t>(keys));
+    bytes.put(table.keysyms.data(), keys * static_cast<std::size_t>(table.width));
 }
 
 std::vector<int> KeySymRows::keysChangedSince(const KeySymRows& earlier) const
 {
     std::vector<int> result;
-    const int columns = std::max(width, earlier.width);
-    const int keys = width > 0 ? static_cast<int>(keysyms.size()) / width : 0;
-    for (int key = firstKey; key < firstKey + keys; ++key) {
+    const int columns = std::max(table.width, earlier.table.width);
+    for (int key = table.firstKey; key < table.firstKey + keyCount(); ++key) {
         for (int column = 0; column < columns; ++column) {
             if (keysym(key, column) == earlier.keysym(key, column))
                 continue;
@@ -35,20 +57,25 @@ std::vector<int> KeySymRows::keysChangedSince(const KeySymRows& earlier) const
     return result;
 }
 
-void KeySymRows::write(Display* display, const std::vector<int>& keys) const
+void KeySymRows::write(
+    Display* display, unsigned int device, const std::vector<int>& keycodes) const
 {
-    for (const int key : keys) {
-        std::vector<KeySym> row;
-        row.reserve(static_cast<std::size_t>(width));
-        for (int column = 0; column < width; ++column)
-            row.push_back(keysym(key, column));
-        XChangeKeyboardMapping(display, key, width, row.data(), 1);
+    for (const int keycode : keycodes) {
+        x11::KeysymTable row{keycode, table.width, {}};
+        for (int column = 0; column < table.width; ++column)
+            row.keysyms.push_back(keysym(keycode, column));
+        x11::setDeviceKeysyms(display, device, row);
     }
 }
 
-KeySym KeySymRows::keysym(int key, int column) const
+int KeySymRows::keyCount() const
 {
-    const std::ptrdiff_t index = std::ptrdiff_t{key - firstKey} * width + column;
-    const bool exists = column < width && index >= 0 && index < std::ssize(keysyms);
-    return exists ? keysyms[static_cast<std::size_t>(index)] : x11::none;
+    return table.width > 0 ? static_cast<int>(table.keysyms.size()) / table.width : 0;
+}
+
+std::uint32_t KeySymRows::keysym(int keycode, int column) const
+{
+    const std::ptrdiff_t index = std::ptrdiff_t{keycode - table.firstKey} * table.width + column;
+    const bool exists = column < table.width && index >= 0 && index < std::ssize(table.keysyms);
+    return exists ? table.keysyms[static_cast<std::size_t>(index)] : 0;
 }

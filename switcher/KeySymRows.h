@@ -1,25 +1,31 @@
 #pragma once
 
-#include "x11/Types.h"
+#include "switcher/Bytes.h"
+#include "x11/DeviceKeysyms.h"
 
 #include <vector>
 
-// The keysyms of every key of the core keyboard, as the core protocol shows them.
+// The keysyms of every key of one keyboard, as the core protocol shows those of the core keyboard.
 class KeySymRows {
 public:
-    // Empty when the server gives none.
-    static KeySymRows of(Display* display);
+    // Empty when there is no such keyboard.
+    static KeySymRows of(Display* display, unsigned int device);
 
-    // The key codes of the keys whose keysyms differ from those in `earlier`.
+    // What put() has written. Throws std::out_of_range or std::invalid_argument for anything else.
+    static KeySymRows takeFrom(ByteReader& bytes);
+    void put(ByteWriter& bytes) const;
+
+    bool isEmpty() const { return table.keysyms.empty(); }
+
+    // The key codes of the keys that have other keysyms here than in `earlier`.
     std::vector<int> keysChangedSince(const KeySymRows& earlier) const;
 
-    // Gives these keys of the core keyboard, by their key codes, the keysyms that they have here.
-    void write(Display* display, const std::vector<int>& keys) const;
+    // Gives these keys of a keyboard, and of no other, the keysyms that they have here.
+    void write(Display* display, unsigned int device, const std::vector<int>& keycodes) const;
 
 private:
-    KeySym keysym(int key, int column) const;
+    int keyCount() const;
+    std::uint32_t keysym(int keycode, int column) const;
 
-    int firstKey = 0;
-    int width = 0;
-    std::vector<KeySym> keysyms;
+    x11::KeysymTable table;
 };

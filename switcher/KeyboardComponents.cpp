@@ -1,5 +1,6 @@
 #include "switcher/KeyboardComponents.h"
 
+#include "switcher/ComponentAtoms.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
 #include "x11/XkbDescription.h"
@@ -10,11 +11,6 @@
 namespace {
 
 constexpr std::size_t longestName = 255;
-
-Atom geometryName(const XkbDescRec& description)
-{
-    return description.geom ? description.geom->name : description.names->geometry;
-}
 
 // A keymap that was compiled from another one has '_' in its names for '+' and '|'.
 std::string withoutOperators(std::string name)
@@ -37,10 +33,10 @@ char* orNull(std::string& name)
 
 KeyboardComponents KeyboardComponents::of(Display* display, const XkbDescRec& description)
 {
-    const XkbNamesRec& names = *description.names;
-    return {x11::atomName(display, names.keycodes), x11::atomName(display, names.types),
-        x11::atomName(display, names.compat), x11::atomName(display, names.symbols),
-        x11::atomName(display, geometryName(description))};
+    const ComponentAtoms atoms = ComponentAtoms::of(description);
+    return {x11::atomName(display, atoms.keycodes), x11::atomName(display, atoms.types),
+        x11::atomName(display, atoms.compat), x11::atomName(display, atoms.symbols),
+        x11::atomName(display, atoms.geometry)};
 }
 
 bool KeyboardComponents::areLoaded(Display* display) const
@@ -48,12 +44,9 @@ bool KeyboardComponents::areLoaded(Display* display) const
     const XkbDescription server(XkbAllocKeyboard());
     if (!server || XkbGetNames(display, XkbComponentNamesMask, server.get()) != 0)
         return false;
-    if (!geometry.empty())
-        XkbGetGeometry(display, server.get());
     const KeyboardComponents present = of(display, *server);
     return satisfies(present.keycodes, keycodes) && satisfies(present.types, types)
-        && satisfies(present.compat, compat) && satisfies(present.symbols, symbols)
-        && satisfies(present.geometry, geometry);
+        && satisfies(present.compat, compat) && satisfies(present.symbols, symbols);
 }
 
 void KeyboardComponents::load(Display* display, unsigned int device) const

@@ -16,7 +16,8 @@ struct KeyboardComponents {
     // The names in a description that has the server's names, and its geometry if there is one.
     static KeyboardComponents of(Display* display, const XkbDescRec& description);
 
-    // Whether the core keyboard has all the components that are named here.
+    // Whether the core keyboard types with all the components that are named here. The geometry
+    // does not count: it is a drawing, and each program may name its own.
     bool areLoaded(Display* display) const;
 
     // Has the server compile the components and give them to a keyboard, and to those that feed

@@ -1,6 +1,5 @@
 #include "switcher/KeyboardLoan.h"
 
-#include "switcher/KeyRepeats.h"
 #include "x11/KeyboardDevices.h"
 #include "x11/Queries.h"
 #include "x11/ServerGrab.h"
@@ -19,6 +18,7 @@ constexpr int getKbdByName = 23;
 KeyboardLoan::KeyboardLoan(Display* xDisplay, KeyboardComponents wanted)
     : display(xDisplay)
     , components(std::move(wanted))
+    , record(display)
 {
     const auto xkb = x11::queryXkb(display);
     if (!xkb)
@@ -33,19 +33,23 @@ KeyboardLoan::~KeyboardLoan()
     end();
 }
 
+void KeyboardLoan::endLeftLoan(const Turn& turn)
+{
+    const std::vector<unsigned int> devices = keyboardDevices(display);
+    const ServerGrab grab(display);
+    if (turn.isFree())
+        putBackLeft(devices);
+}
+
 void KeyboardLoan::begin()
 {
     if (on)
-        return;
+        return forgetIfReplaced();
     const std::vector<unsigned int> devices = keyboardDevices(display);
     const ServerGrab grab(display);
-    if (!components.areLoaded(display)) {
-        std::vector<KeymapSnapshot> saved = save(devices);
-        savedLocks = LockState::of(display);
-        if (!load())
-            throw std::runtime_error("the X server cannot load this keyboard");
-        savedKeymaps = std::move(saved);
-    }
+    putBackLeft(devices);
+    if (!components.areLoaded(display))
+        replace(ReplacedKeyboard::of(display, devices));
     on = true;
 }
 
@@ -54,13 +58,17 @@ void KeyboardLoan::end()
     if (!on)
         return;
     on = false;
-    const std::vector<KeymapSnapshot> saved = std::exchange(savedKeymaps, {});
-    if (saved.empty())
+    const auto ended = std::exchange(replaced, std::nullopt);
+    if (!ended)
         return;
+    const std::vector<unsigned int> devices = keyboardDevices(display);
     const ServerGrab grab(display);
     handlePending();
+    if (!record.isOurs())
+        return;
     if (!wasLoaded)
-        putBack(saved);
+        ended->putBack(display, devices);
+    record.remove();
 }
 
 void KeyboardLoan::handle(const XEvent& event)
@@ -72,16 +80,40 @@ void KeyboardLoan::handle(const XEvent& event)
         wasLoaded |= news.new_kbd.req_minor == getKbdByName;
 }
 
-std::vector<KeymapSnapshot> KeyboardLoan::save(const std::vector<unsigned int>& devices) const
+void KeyboardLoan::putBackLeft(const std::vector<unsigned int>& devices)
 {
-    std::vector<KeymapSnapshot> saved;
-    for (const unsigned int device : devices) {
-        auto snapshot = KeymapSnapshot::take(display, device);
-        if (!snapshot)
-            throw std::runtime_error("the present keyboard cannot be saved");
-        saved.push_back(std::move(*snapshot));
+    if (const auto left = record.read())
+        left->putBack(display, devices);
+    record.remove();
+}
+
+// The record comes first: from the moment on that the loan is there, a kill may come.
+void KeyboardLoan::replace(ReplacedKeyboard&& keyboard)
+{
+    keyboard.expect(expectedNames());
+    record.write(keyboard);
+    if (!load()) {
+        record.remove();
+        throw std::runtime_error("the X server cannot load this keyboard");
     }
-    return saved;
+    keyboard.learn(display);
+    record.write(keyboard);
+    replaced = std::move(keyboard);
+}
+
+ComponentAtoms KeyboardLoan::expectedNames() const
+{
+    ComponentAtoms names = ComponentAtoms::of(display, coreDevice);
+    const auto expect = [this](Atom& atom, const std::string& name) {
+        if (!name.empty())
+            atom = XInternAtom(display, name.c_str(), x11::xFalse);
+    };
+    expect(names.keycodes, components.keycodes);
+    expect(names.types, components.types);
+    expect(names.compat, components.compat);
+    expect(names.symbols, components.symbols);
+    expect(names.geometry, components.geometry);
+    return names;
 }
 
 // Under a grab, so the one new keyboard that the events tell of is ours.
@@ -91,40 +123,19 @@ bool KeyboardLoan::load()
     wasLoaded = false;
     components.load(display, x11::coreKeyboard);
     handlePending();
-    if (!std::exchange(wasLoaded, false))
-        return false;
-    loadedComponents = ComponentAtoms::of(display, coreDevice);
-    loadedKeys = KeySymRows::of(display);
-    return true;
+    return std::exchange(wasLoaded, false);
 }
 
-void KeyboardLoan::putBack(const std::vector<KeymapSnapshot>& saved) const
+// Once another tool has loaded a keyboard there is nothing to put back, for nobody: the other's
+// keyboard may have the same names as ours.
+void KeyboardLoan::forgetIfReplaced()
 {
-    const LockState locks = savedLocks.carriedOn(LockState::of(display));
-    const KeySymRows keys = KeySymRows::of(display);
-    const std::vector<int> edited = keys.keysChangedSince(loadedKeys);
-    putBackKeymaps(saved);
-    keys.write(display, edited);
-    locks.apply(display);
-}
-
-// The core keyboard comes first, as it hands what it gets to the others. The repeats come after all
-// keymaps, as the keyboard that was used last hands what it gets to the core keyboard.
-void KeyboardLoan::putBackKeymaps(const std::vector<KeymapSnapshot>& saved) const
-{
-    std::vector<const KeymapSnapshot*> ours;
-    std::vector<KeyRepeats> repeats;
-    for (const KeymapSnapshot& snapshot : saved) {
-        // A device with another keyboard than ours was given it by someone else, who keeps it.
-        if (ComponentAtoms::of(display, snapshot.device()) != loadedComponents)
-            continue;
-        ours.push_back(&snapshot);
-        repeats.push_back(KeyRepeats::of(display, snapshot.device()));
-    }
-    for (const KeymapSnapshot* snapshot : ours)
-        snapshot->putBack(display);
-    for (const KeyRepeats& each : repeats)
-        each.apply(display);
+    if (!replaced || !wasLoaded)
+        return;
+    const ServerGrab grab(display);
+    if (record.isOurs())
+        record.remove();
+    replaced.reset();
 }
 
 void KeyboardLoan::handlePending()

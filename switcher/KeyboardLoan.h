@@ -1,11 +1,11 @@
 #pragma once
 
-#include "switcher/ComponentAtoms.h"
-#include "switcher/KeySymRows.h"
 #include "switcher/KeyboardComponents.h"
-#include "switcher/KeymapSnapshot.h"
-#include "switcher/LockState.h"
+#include "switcher/LoanRecord.h"
+#include "switcher/ReplacedKeyboard.h"
+#include "switcher/Turn.h"
 
+#include <optional>
 #include <vector>
 
 // Puts a keyboard into the X server for a while. Every loan begins with the keyboard that the
@@ -21,9 +21,14 @@ public:
     KeyboardLoan(const KeyboardLoan&) = delete;
     KeyboardLoan& operator=(const KeyboardLoan&) = delete;
 
-    // Does nothing while a loan is on, or when the server has these components. Throws
-    // std::runtime_error, with the server's keyboard untouched, when it cannot be saved or the
-    // components cannot be loaded.
+    // Puts back what the loan of another switcher has replaced, one that could not do so itself.
+    // Does nothing unless the turn to have a loan is free.
+    void endLeftLoan(const Turn& turn);
+
+    // Ends a loan that was left, as above, and then begins this one. To be called as often as one
+    // likes while the turn to have a loan is ours. Loads nothing when the server has these
+    // components. Throws std::runtime_error, with the server's keyboard untouched, when it cannot
+    // be saved or the components cannot be loaded.
     void begin();
 
     // Does nothing while no loan is on.
@@ -33,23 +38,22 @@ public:
     void handle(const XEvent& event);
 
 private:
-    std::vector<KeymapSnapshot> save(const std::vector<unsigned int>& devices) const;
+    void putBackLeft(const std::vector<unsigned int>& devices);
+    void replace(ReplacedKeyboard&& keyboard);
+    ComponentAtoms expectedNames() const;
     bool load();
-    void putBack(const std::vector<KeymapSnapshot>& saved) const;
-    void putBackKeymaps(const std::vector<KeymapSnapshot>& saved) const;
+    void forgetIfReplaced();
     void handlePending();
 
     Display* display;
     KeyboardComponents components;
+    LoanRecord record;
     int xkbEvent = -1;
     unsigned int coreDevice = 0;
 
     bool on = false;
     // Whether the core keyboard was loaded anew since this was last cleared.
     bool wasLoaded = false;
-    // Empty while nothing of ours is loaded.
-    std::vector<KeymapSnapshot> savedKeymaps;
-    LockState savedLocks;
-    ComponentAtoms loadedComponents;
-    KeySymRows loadedKeys;
+    // Nothing while nothing of ours is loaded.
+    std::optional<ReplacedKeyboard> replaced;
 };

@@ -1,6 +1,7 @@
 #include "switcher/KeymapSnapshot.h"
 
 #include "switcher/KeyboardComponents.h"
+#include "switcher/KeymapBytes.h"
 #include "x11/X11.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ bool readParts(Display* display, XkbDescPtr keymap)
     return XkbGetNames(display, XkbAllNamesMask, keymap) == 0
         && XkbGetCompatMap(display, XkbAllCompatMask, keymap) == 0
         && XkbGetIndicatorMap(display, XkbAllIndicatorsMask, keymap) == 0 && keymap->names
-        && keymap->compat && keymap->indicators;
+        && keymap->names->keys && keymap->compat && keymap->indicators;
 }
 
 XkbDescription read(Display* display, unsigned int device)
@@ -50,9 +51,16 @@ std::optional<KeymapSnapshot> KeymapSnapshot::take(Display* display, unsigned in
     return KeymapSnapshot(std::move(present));
 }
 
-unsigned int KeymapSnapshot::device() const
+KeymapSnapshot KeymapSnapshot::takeFrom(ByteReader& bytes, unsigned int device)
 {
-    return keymap->device_spec;
+    XkbDescription keymap = takeKeymap(bytes);
+    keymap->device_spec = static_cast<unsigned short>(device);
+    return KeymapSnapshot(std::move(keymap));
+}
+
+void KeymapSnapshot::put(ByteWriter& bytes) const
+{
+    putKeymap(bytes, *keymap);
 }
 
 void KeymapSnapshot::putBack(Display* display) const
@@ -60,14 +68,19 @@ void KeymapSnapshot::putBack(Display* display) const
     const XkbDescription present = read(display, device());
     if (!present)
         return;
-    if (!canBeSetOver(*present))
+    if (lacksItsDrawing() || !canBeSetOver(*present))
         KeyboardComponents::of(display, *keymap).load(display, device());
     set(display);
 }
 
+bool KeymapSnapshot::lacksItsDrawing() const
+{
+    return !keymap->geom && keymap->names->geometry != x11::none;
+}
+
 // Xlib can set names but not remove them, and which indicators are real changes only when a
 // keyboard is loaded. Where either differs the components are loaded by name first, which removes
-// all names.
+// all names, and brings back a drawing that was not kept.
 bool KeymapSnapshot::canBeSetOver(const XkbDescRec& present) const
 {
     const XkbNamesRec& now = *present.names;

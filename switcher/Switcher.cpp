@@ -1,6 +1,6 @@
 #include "switcher/Switcher.h"
 
-#include "switcher/HeldKeys.h"
+#include "x11/HeldKeys.h"
 #include "x11/X11.h"
 
 #include <algorithm>
@@ -54,7 +54,7 @@ Switcher::Switcher(const Arguments& arguments)
     , display(openDisplay(arguments.display))
     , isStatic(arguments.isStatic)
     , focus(display.get(), arguments.window)
-    , windowTurn(display.get(), windowTurnName(arguments.window))
+    , windowTurn(display.get(), windowTurnName(arguments.window), StartTime::ofThisProcess())
     , keyboardTurn(display.get(), "_ORVIX_KBD_SWITCHER_KEYBOARD")
     , loan(display.get(), arguments.components)
 {
@@ -62,6 +62,8 @@ Switcher::Switcher(const Arguments& arguments)
 
 void Switcher::run()
 {
+    x11::releaseKeysOfTheGone(display.get());
+    loan.endLeftLoan(keyboardTurn);
     windowTurn.want();
     while (!mustEnd()) {
         handleEvents();
@@ -70,7 +72,7 @@ void Switcher::run()
     }
     loan.end();
     if (parent.isGone() || focus.isWindowGone())
-        releaseHeldKeys(display.get(), parent.process());
+        x11::releaseKeysOf(display.get(), parent.process());
 }
 
 void Switcher::handleEvents()

@@ -17,6 +17,12 @@ Turn::Turn(Display* xDisplay, const std::string& name)
 {
 }
 
+Turn::Turn(Display* xDisplay, const std::string& name, const StartTime& start)
+    : Turn(xDisplay, name)
+{
+    ownStart = start;
+}
+
 Turn::~Turn()
 {
     destroyWindow();
@@ -42,6 +48,11 @@ void Turn::drop()
 bool Turn::isMine() const
 {
     return window != x11::none && !isWaiting() && !taken && !dropped;
+}
+
+bool Turn::isFree() const
+{
+    return XGetSelectionOwner(display, selection) == x11::none;
 }
 
 void Turn::yield()
@@ -95,10 +106,31 @@ void Turn::take()
 {
     // So that of two who ask at once, the second sees the first.
     const ServerGrab grab(display);
+    const Window owner = watchedOwner();
+    if (belongsToNewer(owner)) {
+        taken = true;
+        taker = owner;
+        return;
+    }
+    former = owner;
     window = XCreateSimpleWindow(display, XDefaultRootWindow(display), -1, -1, 1, 1, 0, 0, 0);
-    former = watchedOwner();
+    tellStart();
     deadline = std::chrono::steady_clock::now() + patience;
     XSetSelectionOwner(display, selection, window, CurrentTime);
+}
+
+bool Turn::belongsToNewer(Window owner) const
+{
+    if (!ownStart || owner == x11::none)
+        return false;
+    const auto start = StartTime::toldOn(display, owner);
+    return start && start->isAfter(*ownStart);
+}
+
+void Turn::tellStart() const
+{
+    if (ownStart)
+        ownStart->tellOn(display, window);
 }
 
 void Turn::destroyWindow()

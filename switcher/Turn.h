@@ -1,8 +1,10 @@
 #pragma once
 
+#include "switcher/StartTime.h"
 #include "x11/Types.h"
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 // One holder at a time, among all programs of a display: an X selection that goes to the latest
@@ -11,6 +13,10 @@
 class Turn {
 public:
     Turn(Display* xDisplay, const std::string& name);
+
+    // One that is not for the latest who asks, but for the program that was started last: the
+    // processor may have made it the first to ask. `start` is this program's.
+    Turn(Display* xDisplay, const std::string& name, const StartTime& start);
 
     // Lets go at once.
     ~Turn();
@@ -25,6 +31,9 @@ public:
     void drop();
 
     bool isMine() const;
+
+    // Nobody has it or waits for it.
+    bool isFree() const;
 
     // Another wants the turn: undo what was done under it, then call yield() and carry on.
     bool isTaken() const { return taken; }
@@ -42,11 +51,14 @@ public:
 
 private:
     void take();
+    bool belongsToNewer(Window owner) const;
+    void tellStart() const;
     void destroyWindow();
     Window watchedOwner();
 
     Display* display;
     Atom selection;
+    std::optional<StartTime> ownStart;
     // Ours while we hold the turn or wait for it.
     Window window = x11::none;
     Window former = x11::none;

@@ -1,9 +1,13 @@
-# kbd_test_paths(NAME LAYOUT-DIRECTORY) — an object library of paths (src/paths/Paths.h) for tests,
-# with the keyboard table and the icons in this directory, and without a switcher.
+# kbd_test_paths(NAME LAYOUT-DIRECTORY [SWITCHER]) — an object library of paths (src/paths/Paths.h)
+# for tests, with the keyboard table and the icons in this directory. Without a SWITCHER it names one
+# that is not there: an installed one would work on the tests' servers.
 function(kbd_test_paths name layout_directory)
+  set(switchers ${layout_directory}/no-switcher ${ARGN})
+  list(GET switchers -1 switcher)
   add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/tests/paths/TestPaths.cpp)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src)
-  target_compile_definitions(${name} PRIVATE KBD_LAYOUT_DIRECTORY="${layout_directory}/")
+  target_compile_definitions(${name} PRIVATE
+    KBD_LAYOUT_DIRECTORY="${layout_directory}/" KBD_SWITCHER_PROGRAM="${switcher}")
   set_target_properties(${name} PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
 endfunction()
 

@@ -11,6 +11,7 @@
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/KbdConstants.h"
+#include "x11/HeldKeys.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
 #include "x11/qt/PhysicalKeys.h"
@@ -150,6 +151,7 @@ void KbdApp::startUp(char** argv)
         throw XkbInitError;
     if (toFocus)
         exitIfRunning(QString::fromLatin1(instanceName));
+    x11::releaseKeysOfTheGone(toolkitDisplay());
     componentNames = getComponentNames();
     selectKeyboardEvents();
     createMainWindow();

@@ -46,9 +46,9 @@ Property property(Display* display, Window window, const char* name)
     return property(display, window, atomOf(display, name));
 }
 
-Property takeProperty(Display* display, Window window, const char* name)
+Property takeProperty(Display* display, Window window, Atom name)
 {
-    return read(display, window, atomOf(display, name), xTrue);
+    return read(display, window, name, xTrue);
 }
 
 std::optional<unsigned long> numberProperty(Display* display, Window window, Atom name)

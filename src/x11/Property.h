@@ -21,7 +21,7 @@ Property property(Display* display, Window window, Atom name);
 Property property(Display* display, Window window, const char* name);
 
 // Deletes the property with the same request.
-Property takeProperty(Display* display, Window window, const char* name);
+Property takeProperty(Display* display, Window window, Atom name);
 
 // The first of a property's numbers; nothing where it holds none.
 std::optional<unsigned long> numberProperty(Display* display, Window window, Atom name);

@@ -9,7 +9,7 @@
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
-#include "x11/HeldKeysProperty.h"
+#include "x11/HeldKeys.h"
 #include "x11/Property.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"

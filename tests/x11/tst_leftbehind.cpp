@@ -25,6 +25,7 @@ namespace {
 
 // Keycodes of the keymap "evdev".
 constexpr KeyCode keyA = 38;
+constexpr KeyCode keyD = 40;
 constexpr KeyCode leftShift = 50;
 constexpr KeyCode rightShift = 62;
 
@@ -152,6 +153,9 @@ private slots:
     void aReleasedButtonReleasesTheKeys();
     void anEndedProgramHoldsNoKey_data();
     void anEndedProgramHoldsNoKey();
+    void whatAKilledProgramHeldIsReleasedByTheNext_data();
+    void whatAKilledProgramHeldIsReleasedByTheNext();
+    void aProgramThatStartsLeavesTheKeysOfALivingOneAlone();
     void theCloseButtonFreesAKeyOfAnotherButton();
     void aWindowThatGoesOutOfSightHoldsNoKey_data();
     void aWindowThatGoesOutOfSightHoldsNoKey();
@@ -335,6 +339,48 @@ void LeftBehindTest::anEndedProgramHoldsNoKey()
 
     waitForGoodEnd();
     QCOMPARE(pressed(), QList<int>());
+}
+
+void LeftBehindTest::whatAKilledProgramHeldIsReleasedByTheNext_data()
+{
+    QTest::addColumn<QStringList>("mode");
+    QTest::newRow("to the window with the focus") << QStringList{"--tofocus"};
+    QTest::newRow("stand-alone") << QStringList{"--standalone"};
+    QTest::newRow("try-out") << QStringList();
+}
+
+// No switcher is there that could do it at once. What others hold stays down.
+void LeftBehindTest::whatAKilledProgramHeldIsReleasedByTheNext()
+{
+    QFETCH(QStringList, mode);
+    KeyTargetProcess target(display());
+    QVERIFY(target.waitForReady());
+    QVERIFY(startProgram());
+    holdShiftAndA();
+    physicalKey(keyD, true);
+    ::kill(static_cast<pid_t>(program->processId()), SIGKILL);
+    QVERIFY(program->waitForEnd());
+    QCOMPARE(pressed(), (QList<int>{keyA, keyD, rightShift}));
+
+    ProgramRun next(KBD_PROGRAM, display());
+    next.start(mode);
+    QVERIFY(next.waitForWindow(connection.get()) != x11::none);
+    QCOMPARE(pressed(), QList<int>{keyD});
+}
+
+void LeftBehindTest::aProgramThatStartsLeavesTheKeysOfALivingOneAlone()
+{
+    KeyTargetProcess target(display());
+    QVERIFY(target.waitForReady());
+    QVERIFY(startProgram());
+    holdShiftAndA();
+
+    ProgramRun next(KBD_PROGRAM, display());
+    next.start();
+    QVERIFY(next.waitForWindow(connection.get()) != x11::none);
+    QCOMPARE(pressed(), shiftAndA);
+    button(firstButton, false);
+    QTRY_COMPARE(pressed(), QList<int>());
 }
 
 QPoint LeftBehindTest::placeOfCloseButton() const

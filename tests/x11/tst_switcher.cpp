@@ -1,20 +1,21 @@
+#include "SwitcherProcess.h"
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/PrivateServer.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
-#include "x11/HeldKeysProperty.h"
+#include "x11/HeldKeys.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
 #include "x11/XkbDescription.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QTemporaryFile>
 #include <QTest>
 
 #include <csignal>
 #include <memory>
-#include <unistd.h>
 
 namespace {
 
@@ -36,66 +37,11 @@ constexpr int serversKeyboard = 7;
 // XKB protocol: the minor opcode of the request that loads a keyboard.
 constexpr int getKbdByName = 23;
 
-// Longer than a newer switcher waits for an older one.
-constexpr int longerThanPatienceMs = 15000;
-
-QStringList keyboard(const QString& layout, const QString& keycodes = "evdev+aliases(qwerty)")
+bool isStopped(qint64 process)
 {
-    return {"--keycodes", keycodes, "--types", "complete", "--compat", "complete", "--symbols",
-        "pc+" + layout + "+inet(evdev)", "--geometry", "pc(pc105)"};
+    QFile status(QStringLiteral("/proc/%1/stat").arg(process));
+    return status.open(QIODevice::ReadOnly) && status.readAll().contains(") T ");
 }
-
-const QStringList german = keyboard("de", "evdev+aliases(qwertz)");
-const QStringList french = keyboard("fr", "evdev+aliases(azerty)");
-const QStringList american = keyboard("us");
-
-const QString germanSymbols = "pc+de+inet(evdev)";
-const QString frenchSymbols = "pc+fr+inet(evdev)";
-const QString americanSymbols = "pc+us+inet(evdev)";
-
-class SwitcherProcess {
-public:
-    explicit SwitcherProcess(const QStringList& arguments)
-    {
-        // The display is to come from the arguments alone.
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove("DISPLAY");
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory("/");
-        process.start(KBD_SWITCHER, arguments);
-        process.waitForStarted();
-    }
-
-    ~SwitcherProcess() { stop(); }
-    SwitcherProcess(const SwitcherProcess&) = delete;
-    SwitcherProcess& operator=(const SwitcherProcess&) = delete;
-
-    void signal(int number) const { ::kill(static_cast<pid_t>(process.processId()), number); }
-
-    // -1 when it does not end within the deadline or crashed.
-    int waitForEnd()
-    {
-        if (process.state() != QProcess::NotRunning)
-            process.waitForFinished(longerThanPatienceMs);
-        const bool hasEnded =
-            process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit;
-        return hasEnded ? process.exitCode() : -1;
-    }
-
-    int stop()
-    {
-        if (process.state() != QProcess::NotRunning)
-            signal(SIGTERM);
-        return waitForEnd();
-    }
-
-    QByteArray errors() { return process.readAllStandardError(); }
-
-private:
-    QProcess process;
-};
-
-using Switcher = std::unique_ptr<SwitcherProcess>;
 
 } // namespace
 
@@ -118,6 +64,8 @@ private slots:
     void aKilledParentWithTheFocusLeavesNothingBehind();
     void whatAKilledParentHeldDownIsReleased_data();
     void whatAKilledParentHeldDownIsReleased();
+    void whatAProgramHeldThatHasGoneIsReleasedAtTheStart_data();
+    void whatAProgramHeldThatHasGoneIsReleasedAtTheStart();
     void anyKeyboardComesBackExactly_data();
     void anyKeyboardComesBackExactly();
     void aKeyboardThatWasUploadedComesBackExactly();
@@ -136,6 +84,8 @@ private slots:
     void aComponentThatIsNotGivenStaysAsItIs();
     void aNewerSwitcherOfTheWindowReplacesTheOlder();
     void aNewerSwitcherDoesNotWaitForeverForTheOlder();
+    void theLayoutThatWasChosenLastWinsHoweverFast();
+    void anOlderSwitcherThatComesLateGivesWay();
     void windowsHaveTheirKeyboardsInTurn();
     void aStaticKeyboardComesBackAfterAnotherWindowsTurn();
     void componentsThatCannotBeLoadedChangeNothing_data();
@@ -161,6 +111,8 @@ private:
     QStringList who(Window window, qint64 parent = getpid()) const;
     Switcher start(Window window, const QStringList& more) const;
     void type(int keycode, bool isDown);
+    // As a program does that holds the left Shift and A.
+    void tellHeldKeys(const QByteArray& name);
 
     QByteArray displayName;
     XConnection connection;
@@ -255,8 +207,7 @@ QByteArray SwitcherTest::deviceKeymap(int device) const
 
 QStringList SwitcherTest::who(Window window, qint64 parent) const
 {
-    return {"--parent", QString::number(parent), "--window", QString::number(window), "--display",
-        QString::fromLatin1(displayName)};
+    return switcherOwner(window, displayName, parent);
 }
 
 Switcher SwitcherTest::start(Window window, const QStringList& more) const
@@ -267,6 +218,16 @@ Switcher SwitcherTest::start(Window window, const QStringList& more) const
 void SwitcherTest::type(int keycode, bool isDown)
 {
     XTestFakeKeyEvent(connection.get(), static_cast<unsigned int>(keycode), isDown, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
+}
+
+void SwitcherTest::tellHeldKeys(const QByteArray& name)
+{
+    const QByteArray held("\x32\x26");
+    XChangeProperty(connection.get(), XDefaultRootWindow(connection.get()),
+        XInternAtom(connection.get(), name.constData(), x11::xFalse), XA_INTEGER, 8,
+        PropModeReplace, reinterpret_cast<const unsigned char*>(held.constData()),
+        static_cast<int>(held.size()));
     XSync(connection.get(), x11::xFalse);
 }
 
@@ -426,10 +387,11 @@ void SwitcherTest::whatAKilledParentHeldDownIsReleased()
     QVERIFY(parent.waitForStarted());
     SwitcherProcess switcher(
         who(parentWindow, parent.processId()) + keys + QStringList{"--static"});
+    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(parentWindow))));
     if (keys == german)
         QTRY_COMPARE(symbols(), germanSymbols);
     // The parent tells what it holds; another program holds another key.
-    x11::writeHeldKeys(connection.get(), static_cast<pid_t>(parent.processId()), {leftShift, keyA});
+    tellHeldKeys(x11::heldKeysProperty(static_cast<pid_t>(parent.processId())).c_str());
     for (const int keycode : {leftShift, keyA, keyD})
         type(keycode, true);
     QCOMPARE(pressedKeys(displayName), (QList<int>{keyA, keyD, leftShift}));
@@ -438,6 +400,33 @@ void SwitcherTest::whatAKilledParentHeldDownIsReleased()
     QCOMPARE(switcher.waitForEnd(), 0);
     QCOMPARE(pressedKeys(displayName), QList<int>{keyD});
     type(keyD, false);
+}
+
+void SwitcherTest::whatAProgramHeldThatHasGoneIsReleasedAtTheStart_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("it has gone") << false;
+    QTest::newRow("it is there, on any machine") << true;
+}
+
+// A program is there as long as its connection owns the selection of the property's name.
+void SwitcherTest::whatAProgramHeldThatHasGoneIsReleasedAtTheStart()
+{
+    QFETCH(bool, isThere);
+    const QByteArray name = "_ORVIX_KBD_HELD_KEYS_1";
+    const Atom selection = XInternAtom(connection.get(), name.constData(), x11::xFalse);
+    XSetSelectionOwner(connection.get(), selection, isThere ? elsewhere : x11::none, CurrentTime);
+    tellHeldKeys(name);
+    for (const int keycode : {leftShift, keyA, keyD})
+        type(keycode, true);
+    const Switcher switcher = start(parentWindow, german);
+    QTRY_VERIFY(isOwned("_ORVIX_KBD_SWITCHER_" + QByteArray::number(qulonglong(parentWindow))));
+    const QList<int> all{keyA, keyD, leftShift};
+    QCOMPARE(pressedKeys(displayName), isThere ? all : QList<int>{keyD});
+    QCOMPARE(switcher->stop(), 0);
+    for (const int keycode : all)
+        type(keycode, false);
+    XDeleteProperty(connection.get(), XDefaultRootWindow(connection.get()), selection);
 }
 
 void SwitcherTest::anyKeyboardComesBackExactly_data()
@@ -706,6 +695,37 @@ void SwitcherTest::aNewerSwitcherDoesNotWaitForeverForTheOlder()
     older->signal(SIGCONT);
     QCOMPARE(older->waitForEnd(), 0);
     QCOMPARE(symbols(), frenchSymbols);
+    QCOMPARE(newer->stop(), 0);
+    QCOMPARE(keymapText(displayName), keymapBefore);
+}
+
+void SwitcherTest::theLayoutThatWasChosenLastWinsHoweverFast()
+{
+    focus(parentWindow);
+    for (int round = 0; round < 50; ++round) {
+        const Switcher older = start(parentWindow, german);
+        const Switcher newer = start(parentWindow, french);
+        QCOMPARE(older->waitForEnd(), 0);
+        QTRY_COMPARE(symbols(), frenchSymbols);
+        QCOMPARE(newer->stop(), 0);
+    }
+    QCOMPARE(keymapText(displayName), keymapBefore);
+}
+
+// The processor is free to run the newer one first.
+void SwitcherTest::anOlderSwitcherThatComesLateGivesWay()
+{
+    focus(parentWindow);
+    const QStringList stopFirst{"-c", "kill -STOP $$; exec \"$@\"", "sh", KBD_SWITCHER};
+    SwitcherProcess older("/bin/sh", stopFirst + who(parentWindow) + german);
+    QTRY_VERIFY(isStopped(older.processId()));
+    const Switcher newer = start(parentWindow, french);
+    QTRY_COMPARE(symbols(), frenchSymbols);
+    loadsSeen();
+    older.signal(SIGCONT);
+    QCOMPARE(older.waitForEnd(), 0);
+    QCOMPARE(symbols(), frenchSymbols);
+    QCOMPARE(loadsSeen(), 0);
 }
 
 void SwitcherTest::windowsHaveTheirKeyboardsInTurn()

@@ -1,12 +1,10 @@
 #include "x11/qt/KeySender.h"
 
-#include <QWidget>
-
-#include "x11/HeldKeysProperty.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
 
-#include <unistd.h>
+#include <QWidget>
+
 #include <utility>
 #include <vector>
 
@@ -14,6 +12,7 @@ KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget)
     : display(xDisplay)
     , widget(ourWidget)
     , rootWindow(DefaultRootWindow(xDisplay))
+    , toldKeys(xDisplay)
 {
 }
 
@@ -81,7 +80,6 @@ void KeySender::forgetEchoes()
     releaseEchoes.clear();
 }
 
-// The switcher reads this property when the program was killed, and releases the keys.
 void KeySender::tellHeldKeys()
 {
     std::vector<KeyCode> keycodes;
@@ -89,7 +87,7 @@ void KeySender::tellHeldKeys()
         keycodes.push_back(each.key());
         keycodes.insert(keycodes.end(), each.value().cbegin(), each.value().cend());
     }
-    x11::writeHeldKeys(display, getpid(), keycodes);
+    toldKeys.tell(keycodes);
 }
 
 void KeySender::releaseAll()

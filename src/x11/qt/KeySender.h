@@ -1,5 +1,6 @@
 #pragma once
 
+#include "x11/HeldKeys.h"
 #include "x11/X11.h"
 
 #include <QHash>
@@ -17,7 +18,8 @@ struct SyntheticKey {
 // Delivers keys to the window that has the input focus: through XTest, where the server itself
 // presses them, or as key events sent to that window. Remembers every key that it holds down in
 // the server, and leaves none behind. It writes them into a property as well
-// (x11/HeldKeysProperty.h): the keyboard switcher releases them if this process is killed.
+// (x11/HeldKeys.h): the switcher, or the program that starts next, releases them if this process is
+// killed.
 class KeySender {
 public:
     // Both are borrowed. While the widget's window is active the server sends what XTest presses
@@ -62,6 +64,7 @@ private:
     Display* display;
     const QWidget* widget;
     Window rootWindow; // of the default screen; gets the key events while no window has the focus
+    x11::HeldKeys toldKeys;
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it
     Echoes pressEchoes;
     Echoes releaseEchoes;
