@@ -335,8 +335,11 @@ void KbdApp::selectKeyboardEvents()
         XkbSelectEventDetails(
             display, x11::coreKeyboard, XkbStateNotify, XkbModifierLockMask, XkbModifierLockMask);
 
-    eventBridge = std::make_unique<XcbEventBridge>(
-        display, [this](XEvent* event) { return x11EventFilter(event); });
+    eventBridge = std::make_unique<XcbEventBridge>(display, [this](XEvent* event) {
+        const bool isKey = event->type == x11::keyPress || event->type == x11::keyRelease;
+        const bool isReported = isKey && physicalKeys && physicalKeys->isReporting();
+        return !isReported && x11EventFilter(event);
+    });
     installNativeEventFilter(eventBridge.get());
     if (!toFocus)
         return;

@@ -298,11 +298,10 @@ void KbdGeometry::switchIndicator(ShiftMask_t mask)
 void KbdGeometry::x11LockStateChangedIn()
 {
     const KeyboardState state = server->state();
-    const QList<ShiftMask_t> changed = modifierState.followLocks(state.lockedModifiers);
-    if (!changed.isEmpty())
+    if (!modifierState.followLocks(state.lockedModifiers).isEmpty())
         showModifiers();
-    for (const ShiftMask_t mask : changed)
-        switchIndicator(mask);
+    // All of them: a click switches one lamp, and may have changed more locks than its own.
+    lightIndicators(*keyboardItems, modifierState);
 
     if (state.lockedGroup == group() || !serverHasThisManyGroups())
         return;

@@ -4,15 +4,19 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
+#include "model/CaptionRow.h"
 #include "model/KeyPlacement.h"
 #include "model/LoadedKeyboard.h"
 #include "x11/X11.h"
 
+#include <QFont>
 #include <QFontMetricsF>
 #include <QGraphicsRectItem>
 #include <QGraphicsScene>
 #include <QGraphicsTextItem>
+#include <QtMath>
 
+#include <array>
 #include <utility>
 
 namespace {
@@ -21,10 +25,19 @@ namespace {
 constexpr int backgroundMargin = 20;
 constexpr int captionRoom = 80; // below the background
 constexpr int captionSize = 60;
-constexpr int captionGap = 30;
+constexpr int captionGap = 30; // at the least between two texts
+constexpr int captionFrame = 8; // of a QGraphicsTextItem, on its left and right together
+constexpr int spareRoom = 2; // Qt's cutting rounds otherwise than its measuring
 
 constexpr double backgroundZ = -200;
 constexpr double captionZ = 200;
+
+QFont captionFont()
+{
+    QFont font;
+    font.setPixelSize(captionSize);
+    return font;
+}
 
 bool isNamed(const QString& name, const char* indicator)
 {
@@ -177,31 +190,35 @@ void KeyboardItems::addBackground(const PictureBounds& bounds)
     background->setZValue(backgroundZ);
 }
 
-// Side by side below the background, each in a quarter of the picture's width.
+// Side by side below the background.
 void KeyboardItems::addCaptions(const PictureBounds& bounds, const KeyboardSettings& settings)
 {
-    const int width = bounds.maxX - bounds.minX;
-    const QRect room(bounds.minX, bounds.maxY + backgroundMargin, width / 4, captionRoom);
-    modelText = addCaption(tr("Model:  %1").arg(settings.model), room);
-    layoutText = addCaption(tr("Layout:  %1").arg(settings.layout), room.translated(width / 4, 0));
-    variantText =
-        addCaption(tr("Variant:  %1").arg(settings.variant), room.translated(width / 2, 0));
-    optionsText =
-        addCaption(tr("Options:  %1").arg(settings.options), room.translated((3 * width) / 4, 0));
+    const QStringList texts{tr("Model:  %1").arg(settings.model),
+        tr("Layout:  %1").arg(settings.layout), tr("Variant:  %1").arg(settings.variant),
+        tr("Options:  %1").arg(settings.options)};
+    const QFontMetricsF metrics(captionFont());
+    QList<int> widths;
+    for (const QString& text : texts)
+        widths << qCeil(metrics.horizontalAdvance(text)) + captionFrame;
+
+    const CaptionRow row{bounds.minX, bounds.maxX - bounds.minX, bounds.maxX + backgroundMargin,
+        captionGap - captionFrame};
+    const QList<CaptionPlace> places = placesInRow(row, widths);
+    const std::array captions{&modelText, &layoutText, &variantText, &optionsText};
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        const auto index = static_cast<qsizetype>(i);
+        const QString shown = metrics.elidedText(
+            texts.at(index), Qt::ElideRight, places.at(index).room - captionFrame + spareRoom);
+        *captions[i] = addCaption(shown, {places.at(index).x, bounds.maxY + backgroundMargin});
+    }
 }
 
-// What is too long for its room is cut, so that it does not run into the next caption.
-QGraphicsTextItem* KeyboardItems::addCaption(const QString& text, const QRect& room)
+QGraphicsTextItem* KeyboardItems::addCaption(const QString& text, const QPoint& place)
 {
-    QFont font;
-    font.setPixelSize(captionSize);
-    const QString fitting =
-        QFontMetricsF(font).elidedText(text, Qt::ElideRight, room.width() - captionGap);
-
     auto* caption = new QGraphicsTextItem;
-    caption->setHtml(fitting.toHtmlEscaped());
-    caption->setFont(font);
-    caption->setPos(room.topLeft());
+    caption->setHtml(text.toHtmlEscaped());
+    caption->setFont(captionFont());
+    caption->setPos(place);
     caption->setZValue(captionZ);
     keyboardScene->addItem(caption);
     return caption;

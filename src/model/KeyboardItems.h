@@ -63,7 +63,7 @@ private:
     void pairModifierKeys();
     void addBackground(const PictureBounds& bounds);
     void addCaptions(const PictureBounds& bounds, const KeyboardSettings& settings);
-    QGraphicsTextItem* addCaption(const QString& text, const QRect& room);
+    QGraphicsTextItem* addCaption(const QString& text, const QPoint& place);
 
     const LoadedKeyboard& keyboard;
     QGraphicsScene* keyboardScene;

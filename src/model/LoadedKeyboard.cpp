@@ -23,12 +23,18 @@ QList<Atom> atomsOf(const XkbDescRec& xkb)
     return atoms;
 }
 
-QStringList groupDescriptionsOf(const XkbDescRec& xkb, XDisplayClass& display)
+// A group that the keymap does not describe goes by its layout, or else by its number.
+QStringList groupDescriptionsOf(
+    const XkbDescRec& xkb, XDisplayClass& display, const QStringList& layouts, int groupCount)
 {
     QStringList names;
-    for (const Atom name : xkb.names->groups) {
+    for (int group = 0; group < XkbNumKbdGroups; ++group) {
+        const Atom name = xkb.names->groups[group];
+        const QString layout = layouts.value(group);
         if (name != x11::none)
             names << display.atomName(name);
+        else if (group < groupCount)
+            names << (layout.isEmpty() ? QString::number(group + 1) : layout);
     }
     return names;
 }
@@ -92,10 +98,12 @@ std::optional<LoadedKeyboard> loadKeyboard(
     atoms.learnAtomNames(atomsOf(xkb));
 
     const QString symbolsName = atoms.atomName(xkb.names->symbols);
-    keyboard.groupNames = groupDescriptionsOf(xkb, atoms);
     keyboard.groupLayouts = groupLayoutsOf(symbolsName);
     keyboard.groupCount = groupCountOf(xkb);
-    keyboard.labelNames = labelNamesOf(settings, groupNamesOf(symbolsName, keyboard.groupCount));
+    const GroupNames namesOfKeymap = groupNamesOf(symbolsName, keyboard.groupCount);
+    keyboard.groupNames =
+        groupDescriptionsOf(xkb, atoms, namesOfKeymap.layouts, keyboard.groupCount);
+    keyboard.labelNames = labelNamesOf(settings, namesOfKeymap);
     keyboard.modifierMasks = modifierMasksOf(xkb, atoms);
     return keyboard;
 }

@@ -17,7 +17,8 @@ struct LoadedKeyboard {
     std::unique_ptr<XDisplayClass> display; // knows the names of all atoms that the picture needs
     XkbDescription xkb; // never null
 
-    QStringList groupNames; // the keymap's descriptions of its groups, untranslated
+    // The keymap's descriptions of its groups, untranslated, at least one for each of them.
+    QStringList groupNames;
     QStringList groupLayouts; // the layout names in the keymap's symbols name
     int groupCount = 0; // of the key that has most
 

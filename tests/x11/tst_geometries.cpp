@@ -117,11 +117,12 @@ ComponentNamesGuard componentsWith(
 }
 
 // The settings given are captions only.
-std::unique_ptr<KbdGeometry> pictureOf(const QString& geometry, const QString& symbols = {})
+std::unique_ptr<KbdGeometry> pictureOf(
+    const QString& geometry, const QString& symbols = {}, const QString& options = {})
 {
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard = componentsWith(names, geometry, symbols);
-    return std::make_unique<KbdGeometry>("pc105", "us", "intl", "", &names, false, nullptr);
+    return std::make_unique<KbdGeometry>("pc105", "us", "intl", options, &names, false, nullptr);
 }
 
 XkbDescription descriptionOf(const QString& geometry)
@@ -269,6 +270,9 @@ private slots:
     void aPressedKeyChangesItsColours();
     void theViewShowsTheWholePicture();
     void captionsStandBelowThePicture();
+    void aLongCaptionIsShownWholeWhereThereIsRoom();
+    void everyGroupHasANameAlsoWhereTheKeymapHasNone_data();
+    void everyGroupHasANameAlsoWhereTheKeymapHasNone();
     void aKeyTellsItsDetails();
 };
 
@@ -547,18 +551,56 @@ void GeometriesTest::theViewShowsTheWholePicture()
     }
 }
 
+// From left to right.
+QList<QGraphicsTextItem*> captionsOf(const KbdGeometry& picture)
+{
+    QList<QGraphicsTextItem*> captions;
+    for (QGraphicsItem* item : picture.scene()->items()) {
+        if (auto* caption = qgraphicsitem_cast<QGraphicsTextItem*>(item))
+            captions << caption;
+    }
+    std::sort(captions.begin(), captions.end(), [](auto* a, auto* b) { return a->x() < b->x(); });
+    return captions;
+}
+
+void GeometriesTest::aLongCaptionIsShownWholeWhereThereIsRoom()
+{
+    const QString options("grp:alt_shift_toggle,compose:ralt,caps:escape_shifted_capslock");
+    const auto picture = pictureOf("pc-arvane(pc105)", {}, options);
+    const QList<QGraphicsTextItem*> captions = captionsOf(*picture);
+    QCOMPARE(captions.last()->toPlainText().simplified(), "Options: " + options);
+    qreal free = picture->sceneRect().left();
+    for (const QGraphicsTextItem* caption : captions) {
+        QVERIFY(caption->x() >= free);
+        free = caption->x() + caption->boundingRect().width();
+    }
+    QVERIFY(free <= picture->sceneRect().right());
+}
+
+void GeometriesTest::everyGroupHasANameAlsoWhereTheKeymapHasNone_data()
+{
+    QTest::addColumn<QString>("symbols");
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("the second has none")
+        << "pc+sun_vndr/jp(sun_type6)+inet(evdev)" << QStringList{"English (US)", "2"};
+    QTest::newRow("the first has none")
+        << "pc+us:2+inet(evdev)" << QStringList{"1", "English (US)"};
+    QTest::newRow("none is missing")
+        << "pc+us+de:2+inet(evdev)" << QStringList{"English (US)", "German"};
+}
+
+void GeometriesTest::everyGroupHasANameAlsoWhereTheKeymapHasNone()
+{
+    QFETCH(QString, symbols);
+    QTEST(pictureOf("pc-arvane(pc105)", symbols)->groupNames(), "names");
+}
+
 void GeometriesTest::captionsStandBelowThePicture()
 {
     const auto picture = pictureOf("pc-arvane(pc105)");
     const QRectF ground = picture->sceneRect().adjusted(
         backgroundMargin, backgroundMargin, -backgroundMargin, -backgroundMargin - captionRoom);
-    QList<QGraphicsTextItem*> captions;
-    for (QGraphicsItem* item : picture->scene()->items()) {
-        if (auto* caption = qgraphicsitem_cast<QGraphicsTextItem*>(item))
-            captions << caption;
-    }
-    std::sort(captions.begin(), captions.end(), [](auto* a, auto* b) { return a->x() < b->x(); });
-
+    const QList<QGraphicsTextItem*> captions = captionsOf(*picture);
     const int left = static_cast<int>(ground.left());
     const int width = static_cast<int>(ground.width());
     const QList<int> places{left, left + width / 4, left + width / 2, left + (3 * width) / 4};

@@ -302,6 +302,7 @@ private slots:
     void aClickedLockIsLockedInTheServerUntilTheNextClick();
     void theLocksOfTheStartAreShownAndLeftInTheServer();
     void aLockOfTheStartIsClickedOff();
+    void theLampOfALockThatAClickDropsGoesOut();
     void scrollLockIsFollowedWhereTheKeymapHasIt();
     void aGeometryWithoutLampsFollowsTheLocks();
     void aModifierThatIsNoLockStaysOutOfTheServer();
@@ -697,6 +698,18 @@ void KeyboardTest::theLocksOfTheStartAreShownAndLeftInTheServer()
     press(*view, leftShift);
     release(*view, leftShift);
     QCOMPARE(other->state().locked_mods, both(lock, num));
+}
+
+void KeyboardTest::theLampOfALockThatAClickDropsGoesOut()
+{
+    other->lockModifiers(all, num);
+    startApplication({"--tofocus"});
+    QCOMPARE(lampsOf(picture()), numLamp);
+    press(picture(), capsLock);
+    release(picture(), capsLock);
+    QTRY_COMPARE(other->state().locked_mods, lock);
+    QTRY_COMPARE(lampsOf(picture()), capsLamp);
+    QCOMPARE(picture().modifiers(), lock);
 }
 
 void KeyboardTest::aLockOfTheStartIsClickedOff()

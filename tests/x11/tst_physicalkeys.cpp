@@ -158,6 +158,7 @@ private slots:
 
     void aKeyLightsWhileItIsDown();
     void aKeyLightsWhereNoWindowHasTheFocus();
+    void aKeyIsToldOnceWhereTheFocusFollowsThePointerOntoThePicture();
     void shiftChangesTheLabelsWhileItIsDown();
     void capsLockLightsItsLampOnceForEachStroke();
     void keysOfOtherProgramsDoNotLight();
@@ -284,6 +285,25 @@ void PhysicalKeysTest::aKeyLightsWhereNoWindowHasTheFocus()
     QVERIFY(keyboard->release(code("AC01")));
     QTRY_COMPARE(litKeys(), QStringList());
     QCOMPARE(pressesAtTarget("AC01"), 0);
+}
+
+void PhysicalKeysTest::aKeyIsToldOnceWhereTheFocusFollowsThePointerOntoThePicture()
+{
+    const XConnection inside = openDisplay(inner);
+    const QPoint place = picture().mapToGlobal(picture().rect().center());
+    XWarpPointer(
+        inside.get(), x11::none, DefaultRootWindow(inside.get()), 0, 0, 0, 0, place.x(), place.y());
+    XSetInputFocus(inside.get(), PointerRoot, RevertToPointerRoot, CurrentTime);
+    XSync(inside.get(), x11::xFalse);
+
+    const Strokes strokes(key("AC01"));
+    const Strokes barrier(key("AC02"));
+    QVERIFY(keyboard->strike(code("AC01")));
+    QVERIFY(keyboard->strike(code("AC02")));
+    QTRY_COMPARE(barrier.releases, 1);
+    QCOMPARE(strokes.presses, 1);
+    QCOMPARE(strokes.releases, 1);
+    QCOMPARE(litKeys(), QStringList());
 }
 
 void PhysicalKeysTest::shiftChangesTheLabelsWhileItIsDown()

@@ -54,10 +54,15 @@ bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
     return false;
 }
 
+// While one of our dialogs has the focus, Qt delivers the ordinary key events.
+bool PhysicalKeys::isReporting() const
+{
+    return opcode != 0 && !QApplication::focusWidget();
+}
+
 void PhysicalKeys::tellOfKey(int type, const xcb_input_raw_key_press_event_t& key)
 {
-    // While one of our dialogs has the focus, Qt delivers the ordinary key event as well.
-    if ((key.flags & repeatFlag) || QApplication::focusWidget() || isXTestDevice(key.sourceid))
+    if ((key.flags & repeatFlag) || !isReporting() || isXTestDevice(key.sourceid))
         return;
     XEvent event = keyEvent(type, key.detail, key.time);
     receiver(&event);

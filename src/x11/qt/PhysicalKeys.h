@@ -25,6 +25,11 @@ public:
     // extension nothing is ever reported.
     PhysicalKeys(Display* xDisplay, Receiver keyReceiver);
 
+    // Whether the receiver hears of every physical key: not while a window of this program has the
+    // focus, and gets ordinary key events. Those come without it as well, where the server's focus
+    // follows the pointer, and are not to be told a second time.
+    bool isReporting() const;
+
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
@@ -35,6 +40,6 @@ private:
     Display* display;
     Receiver receiver;
     int opcode = 0; // the input extension's; 0 where there is none
-    QHash<int, bool>
-        xTestDevices; // by device id: whether it is XTest's; the devices asked about so far
+    // By device id: whether it is XTest's. Only those that have been asked about so far.
+    QHash<int, bool> xTestDevices;
 };
