@@ -30,6 +30,17 @@ bool holding = true;
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 const char* displayOption = nullptr; // of the command line
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
+const char* platformOption = nullptr; // of the command line
+
+// Whether Qt was to speak X11, as far as it has been told.
+bool isForX11()
+{
+    const QString platform = platformOption ? QString::fromLocal8Bit(platformOption)
+                                            : qEnvironmentVariable("QT_QPA_PLATFORM");
+    return platform.startsWith("xcb"_L1);
+}
+
 // The X server that Qt tries to connect to.
 const char* displayAskedFor()
 {
@@ -39,9 +50,8 @@ const char* displayAskedFor()
 
 [[noreturn]] void endProcess(const QString& message)
 {
-    const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
     const bool starting = QGuiApplication::platformName().isEmpty();
-    if (starting && platform.startsWith("xcb"_L1) && !x11::serverAnswers(displayAskedFor())) {
+    if (starting && isForX11() && !x11::serverAnswers(displayAskedFor())) {
         std::fprintf(
             stderr, "orvix-kbd-display: cannot connect to the X server '%s'\n", displayAskedFor());
     } else {
@@ -63,13 +73,22 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
         std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData());
 }
 
+// Qt takes its options with one dash and with two.
+bool isOption(const char* argument, const char* option)
+{
+    return std::strcmp(argument, option) == 0
+        || (argument[0] == '-' && std::strcmp(argument + 1, option) == 0);
+}
+
 } // namespace
 
 void endOnFatalMessages(int argc, char** argv)
 {
     for (int i = 1; i + 1 < argc; ++i) {
-        if (std::strcmp(argv[i], "-display") == 0 || std::strcmp(argv[i], "--display") == 0)
+        if (isOption(argv[i], "-display"))
             displayOption = argv[i + 1];
+        else if (isOption(argv[i], "-platform"))
+            platformOption = argv[i + 1];
     }
     qInstallMessageHandler(handleMessage);
 }

@@ -2,6 +2,7 @@
 
 #include "app/FatalMessages.h"
 #include "app/KbdSwitcher.h"
+#include "app/RefusalAdvice.h"
 #include "app/Registry.h"
 #include "app/SignalWatch.h"
 #include "app/description/ComponentNames.h"
@@ -42,18 +43,12 @@ constexpr char translationPrefix[] = "orvix-keyboard-layout_";
 struct FailureRow {
     KbdApp::ExceptionType exception = KbdApp::UnknownError;
     const char* message = nullptr; // null: none
-    const char* advice = nullptr; // what the user can do, on a line of its own
 };
-
-constexpr char geometryAdvice[] =
-    "The geometry file pc-arvane must be in the X server's directory "
-    "/usr/share/X11/xkb/geometry. For the server's reason, run: setxkbmap -print | "
-    "sed 's/\"pc(/\"pc-arvane(/' | xkbcomp -w 0 -I/usr/share/X11/xkb -xkb - - >/dev/null";
 
 constexpr std::array<FailureRow, 6> failures{{
     {KbdApp::UnknownError, "Unknown exception, aborting."},
     {KbdApp::XkbInitError, "Exception: Cannot initialize xkb exception"},
-    {KbdApp::DescriptionError, "Error parsing given keyboard description", geometryAdvice},
+    {KbdApp::DescriptionError, "Error parsing given keyboard description"},
     {KbdApp::BadParameter, nullptr},
     {KbdApp::MissingValue, nullptr},
     {KbdApp::RulesError, "Exception:  Could not use 'setxkbmap -print' to compile rules."},
@@ -126,6 +121,8 @@ constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settingRows{{
 
 int KbdApp::argumentCount = 0;
 
+KeyboardSettings KbdApp::askedFor;
+
 KbdApp::KbdApp(int* argc, char** argv, bool flag)
     : BrindleApplication(*argc, argv, flag, true, true)
 {
@@ -147,6 +144,7 @@ void KbdApp::startUp(char** argv)
     parseArguments(argumentCount, argv);
     settings = {QString::fromUtf8(xkbModel), QString::fromUtf8(xkbLayout),
         QString::fromUtf8(xkbVariant), QString::fromUtf8(xkbOptions)};
+    askedFor = settings;
     if (!toolkitDisplay())
         throw XkbInitError;
     if (toFocus)
@@ -183,8 +181,8 @@ bool KbdApp::report(ExceptionType exception)
             continue;
         if (row.message)
             std::cerr << row.message << '\n';
-        if (row.advice)
-            std::cerr << row.advice << '\n';
+        if (exception == DescriptionError)
+            std::cerr << qUtf8Printable(adviceAfterRefusal(askedFor, hasGeometryFile())) << '\n';
         return true;
     }
     return false;
@@ -193,11 +191,11 @@ bool KbdApp::report(ExceptionType exception)
 // The table is that of the machine where it was built; this X server may know other layouts.
 void KbdApp::reportChosenKeyboard() const
 {
-    const KeyboardSettings chosen = mainWindow->chosenKeyboard();
-    std::cerr << "KbdApp: cannot load layout '" << qUtf8Printable(chosen.layout) << '\'';
-    if (!chosen.variant.isEmpty())
-        std::cerr << ", variant '" << qUtf8Printable(chosen.variant) << '\'';
-    std::cerr << ", model '" << qUtf8Printable(chosen.model) << "'\n";
+    askedFor = mainWindow->chosenKeyboard();
+    std::cerr << "KbdApp: cannot load layout '" << qUtf8Printable(askedFor.layout) << '\'';
+    if (!askedFor.variant.isEmpty())
+        std::cerr << ", variant '" << qUtf8Printable(askedFor.variant) << '\'';
+    std::cerr << ", model '" << qUtf8Printable(askedFor.model) << "'\n";
 }
 
 // Qt's event handlers are on the stack: exit() would destroy static objects that they still use.

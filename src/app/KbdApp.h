@@ -96,6 +96,9 @@ private:
     char* xkbOptions = nullptr;
     KeyboardSettings settings; // the same once the command line is read, for all other classes
 
+    // The keyboard that was asked for last: what report() says of it outlives the application.
+    static KeyboardSettings askedFor;
+
     bool standalone = false;
     bool toFocus = false;
     XkbComponentNamesRec* componentNames = nullptr; // owned, and its strings with it

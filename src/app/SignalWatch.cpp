@@ -16,6 +16,14 @@ constexpr std::array<int, 3> endingSignals{SIGTERM, SIGINT, SIGHUP};
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 std::array<int, 2> wakeUpPipe{-1, -1};
 
+// As nohup has it: the program is to go on then.
+bool isIgnored(int number)
+{
+    struct sigaction current{};
+    sigaction(number, nullptr, &current);
+    return current.sa_handler == SIG_IGN;
+}
+
 void wakeUp(int)
 {
     const int error = errno;
@@ -43,6 +51,8 @@ SignalWatch::SignalWatch(QObject* parent)
     struct sigaction action{};
     action.sa_handler = wakeUp;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
-    for (const int number : endingSignals)
-        sigaction(number, &action, nullptr);
+    for (const int number : endingSignals) {
+        if (!isIgnored(number))
+            sigaction(number, &action, nullptr);
+    }
 }

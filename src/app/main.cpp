@@ -22,6 +22,9 @@ int main(int argc, char** argv)
     try {
         new KbdApp(argc, argv); // lives until the process ends
     } catch (KbdApp::ExceptionType exception) {
+        // Of a server without the keyboard extension Qt says the same in its own words.
+        if (exception != KbdApp::XkbInitError)
+            releaseHeldMessages();
         if (KbdApp::report(exception))
             std::exit(EXIT_FAILURE);
     }

@@ -1,5 +1,6 @@
 #include "app/KbdApp.h"
 #include "app/KbdSwitcher.h"
+#include "app/RefusalAdvice.h"
 #include "app/description/ComponentNames.h"
 #include "harness/ExtensionHider.h"
 #include "harness/FailurePictures.h"
@@ -34,7 +35,9 @@ const QByteArray xkbFailure("Exception: Cannot initialize xkb exception\n");
 const QByteArray descriptionFailure("Error parsing given keyboard description\n");
 const QByteArray rulesFailure("Exception:  Could not use 'setxkbmap -print' to compile rules.\n");
 
-// How the line begins that helps with a geometry that cannot be had.
+// What the line has that helps where the server refuses a keyboard, and how it begins where the
+// geometry may be the reason.
+const QByteArray commandAdvice("For the X server's reason, run: ");
 const QByteArray geometryAdvice("The geometry file pc-arvane must be in ");
 
 const QByteArray usageText("Usage:  " KBD_PROGRAM " [options]\n"
@@ -77,7 +80,8 @@ QByteArray printing(const QByteArray& text)
 // What the program says without the line that may follow a message to help the user.
 QByteArray withoutAdvice(const QByteArray& errors)
 {
-    const qsizetype advice = errors.indexOf(geometryAdvice);
+    const qsizetype command = errors.indexOf(commandAdvice);
+    const qsizetype advice = command < 0 ? -1 : errors.lastIndexOf('\n', command) + 1;
     return advice < 0 || errors.indexOf('\n', advice) != errors.size() - 1 ? errors
                                                                            : errors.left(advice);
 }
@@ -209,6 +213,7 @@ private slots:
     void withoutAnXServerOneLineSaysSo();
     void aPlatformWithoutX11HasNoKeyboardExtension_data();
     void aPlatformWithoutX11HasNoKeyboardExtension();
+    void anUnknownPlatformIsOneLine_data();
     void anUnknownPlatformIsOneLine();
     void aServerWithoutTheKeyboardExtensionIsRefused_data();
     void aServerWithoutTheKeyboardExtensionIsRefused();
@@ -216,7 +221,11 @@ private slots:
 
     void whatSetxkbmapPrintsDecides_data();
     void whatSetxkbmapPrintsDecides();
-    void aMissingGeometryIsExplained();
+    void aRefusedKeyboardIsExplainedByACommandThatShowsTheReason_data();
+    void aRefusedKeyboardIsExplainedByACommandThatShowsTheReason();
+    void theGeometryFileIsSpokenOfOnlyWhereItIsMissing();
+    void aSignalIgnoredAtTheStartStaysIgnored();
+    void whatQtSaidIsPrintedWhereTheStartFailsForAnotherReason();
     void withoutSetxkbmapThereAreNoRules();
     void aLayoutThatCannotBeHadEndsTheProgram();
     void aLayoutThatTheServerDoesNotKnowEndsTheProgramByName();
@@ -428,15 +437,32 @@ void StartupTest::aPlatformWithoutX11HasNoKeyboardExtension()
     }
 }
 
+void StartupTest::anUnknownPlatformIsOneLine_data()
+{
+    QTest::addColumn<QString>("variable");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("server");
+    const QString here = QString::fromLatin1(display());
+    const QStringList option{"-platform", "nonsense"};
+    QTest::newRow("in the environment") << "nonsense" << QStringList() << here;
+    QTest::newRow("on the command line") << QString() << option << here;
+    QTest::newRow("on the command line, and no server") << QString() << option << ":4242";
+}
+
 void StartupTest::anUnknownPlatformIsOneLine()
 {
+    QFETCH(QString, variable);
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, server);
     const auto run = program();
-    run->setVariable("QT_QPA_PLATFORM", "nonsense");
-    run->start();
+    run->setVariable("QT_QPA_PLATFORM", variable);
+    run->setVariable("DISPLAY", server);
+    run->start(arguments);
     QVERIFY(run->waitForEnd());
     const QByteArray message = run->errors();
     QCOMPARE(message.count('\n'), 1);
     QVERIFY2(message.contains("platform"), message.constData());
+    QVERIFY2(!message.contains("X server"), message.constData());
     QCOMPARE(run->exitStatus(), 1);
 }
 
@@ -524,15 +550,77 @@ void StartupTest::whatSetxkbmapPrintsDecides()
         failsWith(*run, message);
 }
 
-void StartupTest::aMissingGeometryIsExplained()
+void StartupTest::aRefusedKeyboardIsExplainedByACommandThatShowsTheReason_data()
 {
-    const FakeSetxkbmap tool(printing(keymapWith("nonsense(none)")));
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("reason");
+    QTest::newRow("layout") << QStringList{"-layout", "nonsense"} << QByteArray("nonsense");
+    QTest::newRow("variant") << QStringList{"--layout=de", "--variant=no such"}
+                             << QByteArray("no such");
+    QTest::newRow("a quote in it")
+        << QStringList{"--layout=us", "--variant=it's"} << QByteArray("it's");
+}
+
+void StartupTest::aRefusedKeyboardIsExplainedByACommandThatShowsTheReason()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, reason);
     const auto run = program();
-    run->setVariable("PATH", tool.searchPath());
-    run->start();
+    run->start(arguments);
     QVERIFY(run->waitForEnd());
     const QByteArray message = run->errors();
-    QVERIFY2(message.startsWith(descriptionFailure + geometryAdvice), message.constData());
+    QCOMPARE(withoutAdvice(message), descriptionFailure);
+    // The file is missing where the tests run unless the packages are installed there.
+    QCOMPARE(
+        message.contains(geometryAdvice), !QFile::exists("/usr/share/X11/xkb/geometry/pc-arvane"));
+
+    const qsizetype command = message.indexOf(commandAdvice) + commandAdvice.size();
+    const ToolResult result = runTool("/bin/sh",
+        {"-c",
+            QString::fromUtf8(
+                message.mid(command).trimmed().replace("/usr/share/X11/xkb", KBD_XKB_DIR))},
+        display());
+    QVERIFY2(result.errors.contains(reason), result.errors.constData());
+}
+
+void StartupTest::theGeometryFileIsSpokenOfOnlyWhereItIsMissing()
+{
+    const KeyboardSettings asked{"pc105", "de", "it's", {}};
+    const QString command("For the X server's reason, run: setxkbmap -model 'pc105' -layout 'de' "
+                          "-variant 'it'\\''s' -print | ");
+    QVERIFY(adviceAfterRefusal(asked, true).startsWith(command));
+    QVERIFY(adviceAfterRefusal(asked, false).startsWith(geometryAdvice));
+    QVERIFY(adviceAfterRefusal(asked, false).contains(command));
+}
+
+void StartupTest::aSignalIgnoredAtTheStartStaysIgnored()
+{
+    ProgramRun run("/bin/sh", display());
+    run.start({"-c", "trap '' HUP; exec " KBD_PROGRAM});
+    QVERIFY2(run.waitForWindow(connection.get()) != x11::none, run.errors().constData());
+    QFile status("/proc/" + QString::number(run.processId()) + "/status");
+    QVERIFY(status.open(QIODevice::ReadOnly));
+    const QByteArray text = status.readAll();
+    const qsizetype ignored = text.indexOf("SigIgn:") + 7;
+    const quint64 mask =
+        text.mid(ignored, text.indexOf('\n', ignored) - ignored).trimmed().toULongLong(nullptr, 16);
+    QVERIFY(mask & (1U << (SIGHUP - 1)));
+
+    ::kill(static_cast<pid_t>(run.processId()), SIGHUP);
+    ::kill(static_cast<pid_t>(run.processId()), SIGTERM);
+    QVERIFY(run.waitForEnd());
+    QCOMPARE(run.exitStatus(), 0);
+}
+
+void StartupTest::whatQtSaidIsPrintedWhereTheStartFailsForAnotherReason()
+{
+    const auto run = program();
+    run->removeVariable("XDG_RUNTIME_DIR");
+    run->start({"--nonsense"});
+    QVERIFY(run->waitForEnd());
+    const QByteArray message = run->errors();
+    QVERIFY2(message.contains("XDG_RUNTIME_DIR"), message.constData());
+    QVERIFY2(message.contains("Bad parameter: --nonsense\n"), message.constData());
 }
 
 void StartupTest::withoutSetxkbmapThereAreNoRules()
