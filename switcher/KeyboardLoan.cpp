@@ -126,7 +126,7 @@ bool KeyboardLoan::load()
     return std::exchange(wasLoaded, false);
 }
 
-// Once another tool has loaded a keyboard there is nothing to put back, for nobody: the other's
+// Once another tool has loaded a keyboard there is nothing to put back: the other's
 // keyboard may have the same names as ours.
 void KeyboardLoan::forgetIfReplaced()
 {

@@ -32,7 +32,7 @@ public:
 
     bool isMine() const;
 
-    // Nobody has it or waits for it.
+    // No switcher has the turn or waits for it.
     bool isFree() const;
 
     // Another wants the turn: undo what was done under it, then call yield() and carry on.

@@ -12,7 +12,7 @@ namespace {
 const QString sourceDirectory = QStringLiteral(KBD_SOURCE_DIR "/");
 const QStringList documents{QStringLiteral("README.md"), QStringLiteral("CONTRIBUTING.md"),
     QStringLiteral("docs/architecture.md"), QStringLiteral("docs/extending.md"),
-    QStringLiteral("docs/debugging.md")};
+    QStringLiteral("docs/debugging.md"), QStringLiteral("docs/given.md")};
 
 QString textOf(const QString& file)
 {
@@ -77,7 +77,8 @@ void ReadmeTest::whatTheDocumentsNameIsThere_data()
         QVERIFY2(!text.isEmpty(), qPrintable(document));
         for (const QString& link : captures("\\]\\(([^)#:]+)\\)", text))
             QTest::addRow("%s: %s", qPrintable(document), qPrintable(link)) << folder + link;
-        const QString sources = "`((?:src|tests|data|docs|cmake|platform)/[^`*<>]+)`";
+        const QString sources =
+            "`((?:src|tests|data|docs|cmake|platform|switcher|harness)/[^`*<>]+)`";
         for (const QString& name : captures(sources, text))
             QTest::addRow("%s: %s", qPrintable(document), qPrintable(name)) << name;
     }
