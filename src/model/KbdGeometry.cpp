@@ -257,6 +257,19 @@ void KbdGeometry::releasePhysicalKeys()
     }
 }
 
+void KbdGeometry::releaseKeysThatAreUp()
+{
+    QList<KbdKey*> lit = keyboardItems->allKeys();
+    lit.removeIf([](const KbdKey* key) { return !key->isPressed(); });
+    if (lit.isEmpty())
+        return;
+    const std::bitset<256> down = server->keysDown();
+    for (KbdKey* key : std::as_const(lit)) {
+        if (!down.test(key->x11Keycode()))
+            key->keyReleaseEventIn();
+    }
+}
+
 void KbdGeometry::modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask)
 {
     modifierState.press(keycode, mask);

@@ -74,6 +74,10 @@ public:
     // pressed.
     void releasePhysicalKeys();
 
+    // The physical keyboard is in sight again: keys shown as pressed that have gone up meanwhile
+    // are released. Asks the server.
+    void releaseKeysThatAreUp();
+
     QSizeF pictureSize() const { return sceneRect().size(); } // in units of the scene
 
 signals:

@@ -3,6 +3,8 @@
 #include "x11/Queries.h"
 #include "x11/X11.h"
 
+#include <array>
+
 CoreKeyboard::CoreKeyboard(Display* xDisplay)
     : display(xDisplay)
 {
@@ -49,4 +51,15 @@ void CoreKeyboard::lockGroup(unsigned char group) const
 {
     XkbLockGroup(display, x11::coreKeyboard, group);
     XFlush(display);
+}
+
+std::bitset<256> CoreKeyboard::keysDown() const
+{
+    constexpr std::size_t bitsOfByte = 8;
+    std::array<char, 32> keys{};
+    XQueryKeymap(display, keys.data());
+    std::bitset<256> down;
+    for (std::size_t keycode = 0; keycode < down.size(); ++keycode)
+        down[keycode] = (keys.at(keycode / bitsOfByte) >> (keycode % bitsOfByte)) & 1;
+    return down;
 }
