@@ -15,6 +15,7 @@ class CoreKeyboard;
 class KbdDoodad;
 class KbdKey;
 class KeyboardItems;
+class KeyPresses;
 class KeySender;
 struct KeyboardSettings;
 struct LoadedKeyboard;
@@ -133,6 +134,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
+    void releaseClickedKeys();
     void load(const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest);
     void showModifiers();
     void switchIndicator(ShiftMask_t mask);
@@ -144,10 +146,10 @@ private:
     QGraphicsScene* keyboardScene;
     std::unique_ptr<KeyboardItems> keyboardItems; // below what it borrows
     std::unique_ptr<KeySender> sender; // goes first and releases what it holds
+    std::unique_ptr<KeyPresses> keyPresses;
     ModifierState modifierState;
     KeyGroup_t groupAtLoad = 0; // locked in the server
     bool useXTest = false;
     bool takesServersLock = false; // a physical key is going down, whose lock the server has set
-    Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
     GroupObserver groupObserver;
 };
