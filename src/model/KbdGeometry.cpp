@@ -369,8 +369,27 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
             x11::keyPress, {x11Keycode, modifierState.eventState(), keyPresses->lastTime()});
     // Without a held modifier the server need not be asked.
     const bool isAnyHeld = modifierState.heldModifiers() != 0;
-    sender->pressThroughXTest(x11Keycode,
-        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>());
+    const QList<KeyCode> modifierKeys =
+        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>();
+    if (worksPointer(x11Keycode))
+        typeWithoutMouseKeys(x11Keycode, modifierKeys);
+    else
+        sender->pressThroughXTest(x11Keycode, modifierKeys);
+}
+
+bool KbdGeometry::worksPointer(KeyCode keycode) const
+{
+    const KbdKey* key = keyboardItems->keyOf(keycode);
+    return key && key->symbols().hasPointerAction() && server->hasMouseKeysOn();
+}
+
+// A button that such a key pressed would press at the pointer, which is on the key. The key is
+// released before mouse keys are on again: when it repeats, it would work the pointer, too.
+void KbdGeometry::typeWithoutMouseKeys(KeyCode keycode, const QList<KeyCode>& modifierKeys)
+{
+    server->setMouseKeys(false);
+    sender->typeThroughXTest(keycode, modifierKeys);
+    server->setMouseKeys(true);
 }
 
 void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)

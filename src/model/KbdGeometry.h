@@ -140,6 +140,8 @@ private:
     void switchIndicator(ShiftMask_t mask);
     void showGroup(KeyGroup_t group);
     bool serverHasThisManyGroups() const;
+    bool worksPointer(KeyCode keycode) const;
+    void typeWithoutMouseKeys(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
     std::unique_ptr<const CoreKeyboard> server;
     std::unique_ptr<const LoadedKeyboard> keyboard;

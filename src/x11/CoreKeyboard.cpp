@@ -63,3 +63,21 @@ std::bitset<256> CoreKeyboard::keysDown() const
         down[keycode] = (keys.at(keycode / bitsOfByte) >> (keycode % bitsOfByte)) & 1;
     return down;
 }
+
+bool CoreKeyboard::hasMouseKeysOn() const
+{
+    XkbDescRec answer{};
+    answer.device_spec = x11::coreKeyboard;
+    const bool isKnown =
+        XkbGetControls(display, XkbControlsEnabledMask, &answer) == 0 && answer.ctrls;
+    const bool isOn = isKnown && (answer.ctrls->enabled_ctrls & XkbMouseKeysMask);
+    XkbFreeControls(&answer, XkbAllControlsMask, x11::xTrue);
+    return isOn;
+}
+
+void CoreKeyboard::setMouseKeys(bool on) const
+{
+    XkbChangeEnabledControls(
+        display, x11::coreKeyboard, XkbMouseKeysMask, on ? XkbMouseKeysMask : 0);
+    XFlush(display);
+}

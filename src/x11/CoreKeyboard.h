@@ -39,6 +39,11 @@ public:
     // The keys that are down, physically or through XTest: one bit for each key code.
     std::bitset<256> keysDown() const;
 
+    // XKB's control MouseKeys, under which keys of the keypad move the pointer and press its
+    // buttons.
+    bool hasMouseKeysOn() const;
+    void setMouseKeys(bool on) const;
+
 private:
     Display* display;
 };

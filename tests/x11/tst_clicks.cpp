@@ -10,6 +10,7 @@
 #include "model/KbdGeometry.h"
 #include "ui/MainWindow.h"
 #include "ui/specs/KbdSpec.h"
+#include "x11/CoreKeyboard.h"
 #include "x11/X11.h"
 
 #include <QTest>
@@ -25,6 +26,9 @@ constexpr int leftButton = 1;
 constexpr int rightButton = 3;
 
 constexpr int suspensionMs = 1000;
+
+constexpr unsigned int allButtons =
+    Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask;
 
 // Keys whose clicks follow one another, and what they type.
 constexpr std::array row{"AB01", "AB02", "AB03", "AB04", "AB05", "AB06", "AB07"};
@@ -65,6 +69,8 @@ private slots:
     void oneTypesWithoutTheInputExtension();
     void noKeyStaysDownWhenTheKeyboardChangesUnderAButton_data();
     void noKeyStaysDownWhenTheKeyboardChangesUnderAButton();
+    void aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn_data();
+    void aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn();
 
 private:
     bool start(const QByteArray& option, const QByteArray& programDisplay);
@@ -77,6 +83,8 @@ private:
     void clickRow(int clicks, int intervalMs);
     QStringList typed() const;
     QList<int> pressed() const { return pressedKeys(display); }
+    void setMouseKeys(bool on) const;
+    unsigned int buttonsDown() const;
 
     QByteArray display;
     XConnection connection;
@@ -116,6 +124,7 @@ void ClicksTest::cleanup()
 {
     for (const int number : {leftButton, rightButton})
         button(number, false);
+    setMouseKeys(false);
     target.reset();
     application.reset();
     hider.reset();
@@ -194,6 +203,22 @@ QStringList ClicksTest::typed() const
             result << line.keysym;
     }
     return result;
+}
+
+void ClicksTest::setMouseKeys(bool on) const
+{
+    CoreKeyboard(connection.get()).setMouseKeys(on);
+    XSync(connection.get(), x11::xFalse);
+}
+
+unsigned int ClicksTest::buttonsDown() const
+{
+    Window window = x11::none;
+    int place = 0;
+    unsigned int state = 0;
+    XQueryPointer(connection.get(), DefaultRootWindow(connection.get()), &window, &window, &place,
+        &place, &place, &place, &state);
+    return state & allButtons;
 }
 
 void ClicksTest::noneIsLostWhileTheWindowManagerIsLate_data()
@@ -280,6 +305,33 @@ void ClicksTest::noKeyStaysDownWhenTheKeyboardChangesUnderAButton()
         button(leftButton, false);
         QTRY_COMPARE(pressed(), QList<int>());
     }
+}
+
+void ClicksTest::aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("keysym");
+    QTest::newRow("click twice") << QByteArray("KPAD") << "KP_Add";
+    QTest::newRow("click") << QByteArray("KP5") << "KP_Begin";
+    QTest::newRow("lock the button") << QByteArray("KP0") << "KP_Insert";
+    QTest::newRow("release the button") << QByteArray("KPDL") << "KP_Delete";
+    QTest::newRow("move") << QByteArray("KP8") << "KP_Up";
+    QTest::newRow("choose a button") << QByteArray("KPDV") << "KP_Divide";
+}
+
+void ClicksTest::aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QString, keysym);
+    QVERIFY(start("--tofocus", display));
+    QVERIFY(startTarget());
+    setMouseKeys(true);
+    click(name.constData());
+    click("AC01");
+    QTRY_COMPARE(typed(), QStringList({keysym, "a"}));
+    QTRY_COMPARE(pressed(), QList<int>());
+    QCOMPARE(buttonsDown(), 0);
+    QVERIFY(CoreKeyboard(connection.get()).hasMouseKeysOn());
 }
 
 int main(int argc, char** argv)
