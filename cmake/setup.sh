@@ -11,7 +11,8 @@ packages_run=(
 )
 packages_headless=(xvfb openbox xterm)
 packages_check=(
-  xvfb xserver-xephyr openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
+  xvfb xserver-xephyr xserver-xorg-core xserver-xorg-dev xserver-xorg-video-dummy
+  openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
   poppler-utils libxkbcommon-dev clang-format-19 clang-tidy git
   desktop-file-utils appstream mandoc groff
 )

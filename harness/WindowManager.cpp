@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <poll.h>
 #include <stdexcept>
 
@@ -97,4 +98,15 @@ WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
         throw std::runtime_error(name.toStdString()
             + " does not manage the display: " + manager->output().toStdString());
     }
+}
+
+// With the session bus that it may run behind.
+void WindowManager::suspend() const
+{
+    kill(-manager->processId(), SIGSTOP);
+}
+
+void WindowManager::resume() const
+{
+    kill(-manager->processId(), SIGCONT);
 }

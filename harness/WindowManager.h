@@ -16,6 +16,10 @@ public:
     // fifteen seconds.
     WindowManager(const QByteArray& name, const QByteArray& display);
 
+    // A manager that is late: from suspend() to resume() it answers nothing.
+    void suspend() const;
+    void resume() const;
+
 private:
     QTemporaryDir home;
     std::unique_ptr<ChildProcess> manager;

@@ -411,6 +411,10 @@ bool KbdApp::x11EventFilter(XEvent* event)
         emit x11KeyPressEventOut(&event->xkey);
     } else if (event->type == x11::keyRelease) {
         emit x11KeyReleaseEventOut(&event->xkey);
+    } else if (event->type == x11::focusIn && mainWindow) {
+        // Qt reports the loss of the focus only after 0.4 s, and one that is over by then not at
+        // all.
+        mainWindow->releaseKeysThatAreUp();
     } else if (event->type == xkbEventBase) {
         const int kind = reinterpret_cast<XkbEvent*>(event)->any.xkb_type;
         if (kind == XkbNewKeyboardNotify && focusWidget())

@@ -90,6 +90,7 @@ void KbdKey::pressByUser()
 {
     if (!hasGroups())
         return;
+    setHeldByUser(true);
     reportStroke(&KbdKey::virtualKeyPress, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyPressOut(x11Keycode());
@@ -97,6 +98,12 @@ void KbdKey::pressByUser()
         reportModifier(&KbdKey::modifierPressed);
     else
         toggleModifier();
+}
+
+void KbdKey::setHeldByUser(bool held)
+{
+    keyState.heldByUser = held;
+    update(boundingRect());
 }
 
 void KbdKey::toggleModifier()
@@ -118,6 +125,7 @@ void KbdKey::releaseByUser()
 {
     if (!hasGroups())
         return;
+    setHeldByUser(false);
     reportStroke(&KbdKey::virtualKeyRelease, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyReleaseOut(x11Keycode());

@@ -37,8 +37,9 @@ public:
     // Whether a modifier of the key's own is held or locked.
     bool isModifierOn() const { return keySymbols.hasModifierOf(keyState.currentModifiers); }
 
-    // Does what a press or a release of the mouse button does, for clicks that come from elsewhere.
-    // The caller releases every key that it presses.
+    // What a press and a release by the user do, be it with a mouse button, a finger or a click of
+    // another kind. The cap looks pressed in between. The caller releases every key that it
+    // presses.
     void pressByUser();
     void releaseByUser();
 
@@ -88,6 +89,7 @@ protected:
 private:
     bool hasGroups() const { return keySymbols.groupCount() != 0; }
     void setPressed(bool down);
+    void setHeldByUser(bool held);
     using Stroke = void (KbdKey::*)(QString& symbol, QString& desc);
     void reportStroke(Stroke stroke, ShiftMask_t modifiers);
     using ModifierReport = void (KbdKey::*)(KeyCode keycode, KeyType_t type, ShiftMask_t mask);

@@ -28,7 +28,7 @@ std::array<QPointF, 4> cornersOf(const QRectF& area)
 // A dead key among several symbols has a ground of its own instead.
 CapLook KeyLabels::capLook() const
 {
-    if (state.pressed)
+    if (state.pressed || state.heldByUser)
         return CapLook::Pressed;
     if (!state.multipleCharacters && symbols.isDeadKey(symbols.activeSlot(state.currentModifiers)))
         return CapLook::Dead;

@@ -9,4 +9,5 @@ struct KeyState {
     bool pressed = false; // the physical key is down
     bool multipleCharacters = false; // the cap carries several symbols, not the active one alone
     ColourScheme colourScheme = ColourScheme::OnScreen;
+    bool heldByUser = false; // a mouse button or a finger is down on the key; changes its look only
 };

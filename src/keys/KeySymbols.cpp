@@ -57,6 +57,13 @@ KeyCode keycodeOf(const XkbDescRec& xkb, const QByteArray& name)
     return 0;
 }
 
+// What a key does instead of typing while mouse keys are on (XKB protocol, "Key Actions").
+bool isPointerAction(unsigned char type)
+{
+    return type == XkbSA_MovePtr || type == XkbSA_PtrBtn || type == XkbSA_LockPtrBtn
+        || type == XkbSA_SetPtrDflt;
+}
+
 } // namespace
 
 KeySymbols::KeySymbols(KeyContext keyContext, const QByteArray& keyName)
@@ -66,7 +73,7 @@ KeySymbols::KeySymbols(KeyContext keyContext, const QByteArray& keyName)
 {
     if (keycode == 0)
         return;
-    readAction();
+    readActions();
     makeSlots();
     for (int layout = 0; layout < context.layoutNames.size(); ++layout) {
         for (const int slot : slotsOf(layout))
@@ -74,16 +81,22 @@ KeySymbols::KeySymbols(KeyContext keyContext, const QByteArray& keyName)
     }
 }
 
-void KeySymbols::readAction()
+void KeySymbols::readActions()
 {
     const XkbServerMapRec* server = context.xkb->server;
     if (!server || !server->key_acts || server->key_acts[keycode] == 0)
         return;
-    const XkbAction& action = server->acts[server->key_acts[keycode]];
-    if (action.type != XkbSA_SetMods && action.type != XkbSA_LockMods)
-        return;
-    modifierType = action.type;
-    modifierMask = action.mods.mask;
+    const int first = server->key_acts[keycode];
+    const XkbAction& action = server->acts[first];
+    if (action.type == XkbSA_SetMods || action.type == XkbSA_LockMods) {
+        modifierType = action.type;
+        modifierMask = action.mods.mask;
+    }
+    // One action for each symbol of each group.
+    const int count = groupCount() * context.xkb->map->key_sym_map[keycode].width;
+    const int end = std::min<int>(first + count, server->num_acts);
+    pointerAction = std::any_of(server->acts + first, server->acts + std::max(first, end),
+        [](const XkbAction& each) { return isPointerAction(each.type); });
 }
 
 void KeySymbols::makeSlots()

@@ -69,6 +69,10 @@ public:
     bool hasModifierOf(ShiftMask_t modifiers) const { return modifiers & modifierMask; }
     bool hasAllModifiersIn(ShiftMask_t modifiers) const;
 
+    // Whether the key moves the pointer, or presses a button, instead of typing while XKB's control
+    // MouseKeys is on.
+    bool hasPointerAction() const { return pointerAction; }
+
     // The modifier that the key's first keysym stands for ("Shift", "CapsLock", "LevelThree", …);
     // empty for an ordinary key.
     QString modifierName() const;
@@ -100,7 +104,7 @@ public:
     QList<LayoutSymbol> layoutSymbols() const;
 
 private:
-    void readAction();
+    void readActions();
     void makeSlots();
     void readSymbol(int layout, int slot);
 
@@ -125,4 +129,5 @@ private:
     QList<const XkbKeyTypeRec*> keyTypes; // one for each group
     KeyType_t modifierType = 0;
     ShiftMask_t modifierMask = 0;
+    bool pointerAction = false;
 };

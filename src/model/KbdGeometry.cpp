@@ -4,6 +4,7 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdAccessible.h"
+#include "model/KeyPresses.h"
 #include "model/KeyboardItems.h"
 #include "model/LoadedKeyboard.h"
 #include "x11/CoreKeyboard.h"
@@ -90,6 +91,7 @@ KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNam
 {
     setUp(*this);
     KbdAccessible::install();
+    keyPresses = std::make_unique<KeyPresses>(this);
     load(settings, names, wantXTest);
     connectItems(*keyboardItems, this);
     enterKeys(*keyboardItems, modifierState);
@@ -97,7 +99,7 @@ KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNam
     lightIndicators(*keyboardItems, modifierState);
     setScene(keyboardScene);
     fitPicture(*this);
-    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { sender->releaseAll(); });
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &KbdGeometry::releaseClickedKeys);
 }
 
 // The sender goes before the items: no key may stay pressed in the server whose release can no
@@ -157,48 +159,56 @@ void KbdGeometry::resizeEvent(QResizeEvent* event)
 void KbdGeometry::showEvent(QShowEvent* event)
 {
     QGraphicsView::showEvent(event);
+    keyPresses->watch();
     if (QWindow* handle = window()->windowHandle())
         handle->installEventFilter(this);
 }
 
-// Another program may take the window off the screen without Qt hiding it.
+// Another program may take the window off the screen without Qt hiding it. The window gets every
+// release of a button, also one that Qt has no widget for.
 bool KbdGeometry::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* handle = qobject_cast<QWindow*>(watched);
     if (handle && event->type() == QEvent::Expose && !handle->isExposed())
-        sender->releaseAll();
+        releaseClickedKeys();
+    else if (handle && event->type() == QEvent::MouseButtonRelease)
+        keyPresses->mouseReleased(*static_cast<QMouseEvent*>(event));
     return QGraphicsView::eventFilter(watched, event);
 }
 
 // A button that is down while the picture goes away is never reported as released.
 void KbdGeometry::hideEvent(QHideEvent* event)
 {
-    sender->releaseAll();
+    releaseClickedKeys();
     QGraphicsView::hideEvent(event);
 }
 
+void KbdGeometry::releaseClickedKeys()
+{
+    // The sender first: it waits until the server has taken note.
+    sender->releaseAll();
+    keyPresses->releaseAll();
+}
+
+// Presses go to the keys without the scene, which knows one mouse and no fingers.
 bool KbdGeometry::viewportEvent(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
-        lastInputTime = static_cast<QMouseEvent*>(event)->timestamp();
-        break;
+        keyPresses->mousePressed(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        keyPresses->mouseReleased(*static_cast<QMouseEvent*>(event));
+        return true;
     default:
-        break;
+        return QGraphicsView::viewportEvent(event);
     }
-    return QGraphicsView::viewportEvent(event);
 }
 
-// No mouse event brings a time here, but of two strokes with one time Qt takes the second for a
-// repeated key.
 void KbdGeometry::click(KbdKey* key)
 {
-    ++lastInputTime;
-    key->pressByUser();
-    ++lastInputTime;
-    key->releaseByUser();
+    keyPresses->click(key);
 }
 
 void KbdGeometry::setPrintMode(quint8 print)
@@ -253,6 +263,19 @@ void KbdGeometry::releasePhysicalKeys()
     sender->forgetEchoes();
     for (KbdKey* key : keyboardItems->allKeys()) {
         if (key->isPressed())
+            key->keyReleaseEventIn();
+    }
+}
+
+void KbdGeometry::releaseKeysThatAreUp()
+{
+    QList<KbdKey*> lit = keyboardItems->allKeys();
+    lit.removeIf([](const KbdKey* key) { return !key->isPressed(); });
+    if (lit.isEmpty())
+        return;
+    const std::bitset<256> down = server->keysDown();
+    for (KbdKey* key : std::as_const(lit)) {
+        if (!down.test(key->x11Keycode()))
             key->keyReleaseEventIn();
     }
 }
@@ -343,17 +366,36 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
 {
     if (!useXTest)
         return sender->sendEvent(
-            x11::keyPress, {x11Keycode, modifierState.eventState(), lastInputTime});
+            x11::keyPress, {x11Keycode, modifierState.eventState(), keyPresses->lastTime()});
     // Without a held modifier the server need not be asked.
     const bool isAnyHeld = modifierState.heldModifiers() != 0;
-    sender->pressThroughXTest(x11Keycode,
-        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>());
+    const QList<KeyCode> modifierKeys =
+        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>();
+    if (worksPointer(x11Keycode))
+        typeWithoutMouseKeys(x11Keycode, modifierKeys);
+    else
+        sender->pressThroughXTest(x11Keycode, modifierKeys);
+}
+
+bool KbdGeometry::worksPointer(KeyCode keycode) const
+{
+    const KbdKey* key = keyboardItems->keyOf(keycode);
+    return key && key->symbols().hasPointerAction() && server->hasMouseKeysOn();
+}
+
+// A button that such a key pressed would press at the pointer, which is on the key. The key is
+// released before mouse keys are on again: when it repeats, it would work the pointer, too.
+void KbdGeometry::typeWithoutMouseKeys(KeyCode keycode, const QList<KeyCode>& modifierKeys)
+{
+    server->setMouseKeys(false);
+    sender->typeThroughXTest(keycode, modifierKeys);
+    server->setMouseKeys(true);
 }
 
 void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)
 {
     if (!useXTest)
         return sender->sendEvent(
-            x11::keyRelease, {x11Keycode, modifierState.eventState(), lastInputTime});
+            x11::keyRelease, {x11Keycode, modifierState.eventState(), keyPresses->lastTime()});
     sender->releaseThroughXTest(x11Keycode);
 }

@@ -15,6 +15,7 @@ class CoreKeyboard;
 class KbdDoodad;
 class KbdKey;
 class KeyboardItems;
+class KeyPresses;
 class KeySender;
 struct KeyboardSettings;
 struct LoadedKeyboard;
@@ -74,6 +75,10 @@ public:
     // pressed.
     void releasePhysicalKeys();
 
+    // The physical keyboard is in sight again: keys shown as pressed that have gone up meanwhile
+    // are released. Asks the server.
+    void releaseKeysThatAreUp();
+
     QSizeF pictureSize() const { return sceneRect().size(); } // in units of the scene
 
 signals:
@@ -129,21 +134,24 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
+    void releaseClickedKeys();
     void load(const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest);
     void showModifiers();
     void switchIndicator(ShiftMask_t mask);
     void showGroup(KeyGroup_t group);
     bool serverHasThisManyGroups() const;
+    bool worksPointer(KeyCode keycode) const;
+    void typeWithoutMouseKeys(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
     std::unique_ptr<const CoreKeyboard> server;
     std::unique_ptr<const LoadedKeyboard> keyboard;
     QGraphicsScene* keyboardScene;
     std::unique_ptr<KeyboardItems> keyboardItems; // below what it borrows
     std::unique_ptr<KeySender> sender; // goes first and releases what it holds
+    std::unique_ptr<KeyPresses> keyPresses;
     ModifierState modifierState;
     KeyGroup_t groupAtLoad = 0; // locked in the server
     bool useXTest = false;
     bool takesServersLock = false; // a physical key is going down, whose lock the server has set
-    Time lastInputTime = 0; // server time of the last mouse event, in milliseconds
     GroupObserver groupObserver;
 };

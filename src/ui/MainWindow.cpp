@@ -258,6 +258,11 @@ void MainWindow::releasePhysicalKeys()
     view->releasePhysicalKeys();
 }
 
+void MainWindow::releaseKeysThatAreUp()
+{
+    view->releaseKeysThatAreUp();
+}
+
 void MainWindow::modeChanged(int which)
 {
     view->setMultishiftDisplay(which > 0);

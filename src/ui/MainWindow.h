@@ -49,6 +49,10 @@ public:
     // shows as pressed.
     void releasePhysicalKeys();
 
+    // This program has the focus again: the picture lets go of the keys that have gone up
+    // meanwhile.
+    void releaseKeysThatAreUp();
+
     // Shows in the selector which entry the picture is, and its flag; loads nothing. Changes
     // nothing where the table has no such keyboard. The options do not count.
     void selectKeyboard(const KeyboardSettings& shown);

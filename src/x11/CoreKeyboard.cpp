@@ -3,6 +3,8 @@
 #include "x11/Queries.h"
 #include "x11/X11.h"
 
+#include <array>
+
 CoreKeyboard::CoreKeyboard(Display* xDisplay)
     : display(xDisplay)
 {
@@ -48,5 +50,34 @@ void CoreKeyboard::lockModifiers(unsigned char affected, unsigned char locked) c
 void CoreKeyboard::lockGroup(unsigned char group) const
 {
     XkbLockGroup(display, x11::coreKeyboard, group);
+    XFlush(display);
+}
+
+std::bitset<256> CoreKeyboard::keysDown() const
+{
+    constexpr std::size_t bitsOfByte = 8;
+    std::array<char, 32> keys{};
+    XQueryKeymap(display, keys.data());
+    std::bitset<256> down;
+    for (std::size_t keycode = 0; keycode < down.size(); ++keycode)
+        down[keycode] = (keys.at(keycode / bitsOfByte) >> (keycode % bitsOfByte)) & 1;
+    return down;
+}
+
+bool CoreKeyboard::hasMouseKeysOn() const
+{
+    XkbDescRec answer{};
+    answer.device_spec = x11::coreKeyboard;
+    const bool isKnown =
+        XkbGetControls(display, XkbControlsEnabledMask, &answer) == 0 && answer.ctrls;
+    const bool isOn = isKnown && (answer.ctrls->enabled_ctrls & XkbMouseKeysMask);
+    XkbFreeControls(&answer, XkbAllControlsMask, x11::xTrue);
+    return isOn;
+}
+
+void CoreKeyboard::setMouseKeys(bool on) const
+{
+    XkbChangeEnabledControls(
+        display, x11::coreKeyboard, XkbMouseKeysMask, on ? XkbMouseKeysMask : 0);
     XFlush(display);
 }

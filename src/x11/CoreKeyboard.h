@@ -2,6 +2,8 @@
 
 #include "x11/Types.h"
 
+#include <bitset>
+
 // What the server knows of a keyboard at one moment. The masks are core modifier masks.
 struct KeyboardState {
     unsigned char heldModifiers; // by keys that are down
@@ -33,6 +35,14 @@ public:
     void lockModifiers(unsigned char affected, unsigned char locked) const;
 
     void lockGroup(unsigned char group) const;
+
+    // The keys that are down, physically or through XTest: one bit for each key code.
+    std::bitset<256> keysDown() const;
+
+    // XKB's control MouseKeys, under which keys of the keypad move the pointer and press its
+    // buttons.
+    bool hasMouseKeysOn() const;
+    void setMouseKeys(bool on) const;
 
 private:
     Display* display;

@@ -29,6 +29,7 @@ namespace x11 {
 // Core protocol event codes (X.h).
 inline constexpr int keyPress = 2;
 inline constexpr int keyRelease = 3;
+inline constexpr int focusIn = 9;
 
 // X booleans, and the resource id, atom, keysym and time that mean "none" (X.h).
 inline constexpr int xFalse = 0;

@@ -122,6 +122,8 @@ void KeyLabelsTest::theCapLooksAsTheKeyStands_data()
     const KeyState still;
     const KeyState pressed{noModifiers, true};
     const KeyState multiple{noModifiers, false, true};
+    KeyState held;
+    held.heldByUser = true;
     QTest::newRow("normal") << KeySym(XK_a) << false << still << CapLook::Normal;
     QTest::newRow("modifier") << KeySym(XK_a) << true << still << CapLook::Modifier;
     QTest::newRow("dead") << KeySym(XK_dead_acute) << false << still << CapLook::Dead;
@@ -131,6 +133,7 @@ void KeyLabelsTest::theCapLooksAsTheKeyStands_data()
         << KeySym(XK_dead_acute) << false << pressed << CapLook::Pressed;
     QTest::newRow("pressed goes before modifier")
         << KeySym(XK_a) << true << pressed << CapLook::Pressed;
+    QTest::newRow("held goes before modifier") << KeySym(XK_a) << true << held << CapLook::Pressed;
     QTest::newRow("dead among others")
         << KeySym(XK_dead_acute) << false << multiple << CapLook::Normal;
 }

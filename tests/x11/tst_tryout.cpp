@@ -41,6 +41,7 @@ private slots:
     void thirdLevelCharactersAreTyped();
     void theClickDoesNotLeaveTheWindowsFocus();
     void aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus();
+    void aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo();
     void modifiersStayHeldAfterAnotherKeyboardWasChosen();
 
 private:
@@ -249,6 +250,20 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
     other.close();
     window()->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window()));
+}
+
+// For shorter than Qt takes to notice.
+void TryOutTest::aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo()
+{
+    physicalKey(XK_b, true);
+    QTRY_VERIFY(keyNamed("AB05")->isPressed());
+    XSetInputFocus(
+        display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
+    physicalKey(XK_b, false);
+    XSetInputFocus(display.get(), window()->winId(), RevertToPointerRoot, CurrentTime);
+    stroke(XK_n);
+    QTRY_COMPARE(typed().right(1), QStringLiteral("n"));
+    QVERIFY(!keyNamed("AB05")->isPressed());
 }
 
 // The new picture types through XTest, and its own window gets the modifiers around each key.

@@ -40,6 +40,12 @@ void KeySender::releaseThroughXTest(KeyCode keycode)
     expect(releaseEchoes, letGo(keycode));
 }
 
+void KeySender::typeThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys)
+{
+    pressThroughXTest(keycode, modifierKeys);
+    releaseThroughXTest(keycode);
+}
+
 // Returns the modifier keys that it has released with the key.
 QList<KeyCode> KeySender::letGo(KeyCode keycode)
 {

@@ -39,6 +39,9 @@ public:
     // that is not held: the user may be holding it on the real keyboard.
     void releaseThroughXTest(KeyCode keycode);
 
+    // Presses and releases the key at once, with the modifier keys around it.
+    void typeThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
+
     // Whether the event is the echo of a modifier key that this sender pressed or released around a
     // key, so not the user's. Each echo is expected once: the answer uses it up.
     bool isEcho(const XKeyEvent& event);

@@ -33,6 +33,20 @@ XEvent keyEvent(Display* display, const xcb_key_press_event_t& source, int type)
     return event;
 }
 
+XEvent focusEvent(Display* display, const xcb_focus_in_event_t& source)
+{
+    XEvent event{};
+    XFocusChangeEvent& focus = event.xfocus;
+    focus.type = x11::focusIn;
+    focus.serial = source.sequence;
+    focus.send_event = (source.response_type & sentBySendEvent) != 0;
+    focus.display = display;
+    focus.window = source.event;
+    focus.mode = source.mode;
+    focus.detail = source.detail;
+    return event;
+}
+
 } // namespace
 
 XcbEventBridge::XcbEventBridge(Display* xDisplay, Receiver eventReceiver)
@@ -47,6 +61,10 @@ bool XcbEventBridge::nativeEventFilter(const QByteArray&, void* message, qintptr
     const int type = generic->response_type & ~sentBySendEvent;
     if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
         XEvent event = keyEvent(display, *static_cast<xcb_key_press_event_t*>(message), type);
+        return receiver(&event);
+    }
+    if (type == XCB_FOCUS_IN) {
+        XEvent event = focusEvent(display, *static_cast<xcb_focus_in_event_t*>(message));
         return receiver(&event);
     }
     if (type < firstExtensionEvent)

@@ -7,8 +7,8 @@
 #include <functional>
 
 // Translates the X events that the program looks at into Xlib's records and hands them on before Qt
-// handles them: key events, and the events of extensions with their type and second byte, which is
-// the kind of an XKB event.
+// handles them: key events, a window's getting the focus, and the events of extensions with their
+// type and second byte, which is the kind of an XKB event.
 class XcbEventBridge : public QAbstractNativeEventFilter {
 public:
     // Gets each event and says whether it ends here: true keeps it from Qt. The record,

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "x11/qt/PointerPresses.h"
+
+#include <map>
+
+class KbdKey;
+class QGraphicsView;
+class QMouseEvent;
+
+// Turns presses of mouse buttons and fingers on the picture into presses of its keys, and keeps
+// which of them holds which key down. Every key that is pressed is released: when the button or
+// finger goes up, when a finger slides off the key, or at the latest by releaseAll().
+class KeyPresses final : private PointerPresses::Receiver {
+public:
+    // The view shows the keys; it is borrowed and outlives this object.
+    explicit KeyPresses(QGraphicsView* picture);
+
+    // To be called whenever the view is shown.
+    void watch() { presses.watch(); }
+
+    // Mouse events of Qt, double clicks among the presses. Those of a press that has come straight
+    // from the device already change nothing. The release of any other button lets go of every key
+    // that the mouse holds.
+    void mousePressed(const QMouseEvent& event);
+    void mouseReleased(const QMouseEvent& event);
+
+    // Presses and releases a key as a click does.
+    void click(KbdKey* key);
+
+    // No key stays down: the picture goes out of sight, or its keys go.
+    void releaseAll();
+
+    // The server's time of the last press or release, in milliseconds.
+    Time lastTime() const { return time; }
+
+private:
+    void pressed(const PointerPress& press) override;
+    void moved(const PointerPress& press) override;
+    void released(const PressId& id, Time releaseTime) override;
+
+    KbdKey* keyAt(const QPoint& position) const;
+    void letGo(const PressId& id);
+    void letGoOf(const KbdKey* key);
+
+    QGraphicsView* view;
+    PointerPresses presses;
+    std::map<PressId, KbdKey*> held;
+    Qt::MouseButtons qtButtons; // down by Qt's account, and not straight from the device
+    Time time = 0;
+};
