@@ -1,5 +1,6 @@
 #include "LineTyper.h"
 
+#include "harness/PictureKeys.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "keys/KeyColours.h"
@@ -92,30 +93,16 @@ LineTyper::Stroke LineTyper::strokeFor(QChar character) const
     for (int level = 0; level < levels; ++level) {
         if (level >= thirdLevel && !thirdLevelKey())
             break;
-        for (const KbdKey* key : picture.keyItems()) {
-            if (characterAt(*key, level) == character)
-                return {key, level};
-        }
+        const auto hasIt = [&](const KbdKey& key) { return characterAt(key, level) == character; };
+        if (const KbdKey* key = keyThat(picture, hasIt))
+            return {key, level};
     }
     return {};
 }
 
-const KbdKey* LineTyper::keyNamed(const char* name) const
-{
-    for (const KbdKey* key : picture.keyItems()) {
-        if (key->name() == QLatin1StringView(name))
-            return key;
-    }
-    return nullptr;
-}
-
 const KbdKey* LineTyper::thirdLevelKey() const
 {
-    for (const KbdKey* key : picture.keyItems()) {
-        if (key->symbols().modifierName() == QLatin1StringView("LevelThree"))
-            return key;
-    }
-    return nullptr;
+    return modifierKey(picture, QStringLiteral("LevelThree"));
 }
 
 // The letters of a keyboard that has no Latin ones, with a capital at the beginning.
@@ -123,7 +110,7 @@ QString LineTyper::lettersOfThirdRow() const
 {
     QString letters;
     for (const char* name : {"AC01", "AC02", "AC03", "AC04", "AC05", "AC06"}) {
-        if (const KbdKey* key = keyNamed(name))
+        if (const KbdKey* key = keyNamed(picture, QString::fromLatin1(name)))
             letters += characterAt(*key, letters.isEmpty() ? 1 : 0);
     }
     return letters + QLatin1Char(' ');
@@ -149,12 +136,13 @@ void LineTyper::typeLine(const QString& line)
 
 void LineTyper::typeReturn()
 {
-    click(keyNamed("RTRN"));
+    click(keyNamed(picture, QStringLiteral("RTRN")));
 }
 
 void LineTyper::typeStroke(const Stroke& stroke)
 {
-    const KbdKey* shift = needsShift(stroke.level) ? keyNamed("LFSH") : nullptr;
+    const KbdKey* shift =
+        needsShift(stroke.level) ? keyNamed(picture, QStringLiteral("LFSH")) : nullptr;
     const KbdKey* third = stroke.level >= thirdLevel ? thirdLevelKey() : nullptr;
     for (const KbdKey* key : {shift, third, stroke.key, third, shift})
         click(key);
