@@ -14,6 +14,8 @@
 #include <array>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Levels of a key with four symbols: the third needs AltGr, the fourth Shift as well.
@@ -83,7 +85,7 @@ QString LineTyper::characterAt(const KbdKey& key, int level) const
         || (keysym >= firstDeadKeysym && keysym <= lastDeadKeysym))
         return {};
     if (keysym == XK_space)
-        return QStringLiteral(" ");
+        return u" "_s;
     const QString label = table.label(static_cast<quint32>(keysym), QString(), QString());
     return label.size() == 1 && (keysym < 0xff00 || keysym > 0xffff) ? label : QString();
 }
@@ -102,7 +104,7 @@ LineTyper::Stroke LineTyper::strokeFor(QChar character) const
 
 const KbdKey* LineTyper::thirdLevelKey() const
 {
-    return modifierKey(picture, QStringLiteral("LevelThree"));
+    return modifierKey(picture, u"LevelThree"_s);
 }
 
 // The letters of a keyboard that has no Latin ones, with a capital at the beginning.
@@ -113,13 +115,12 @@ QString LineTyper::lettersOfThirdRow() const
         if (const KbdKey* key = keyNamed(picture, QString::fromLatin1(name)))
             letters += characterAt(*key, letters.isEmpty() ? 1 : 0);
     }
-    return letters + QLatin1Char(' ');
+    return letters + u' ';
 }
 
 QString LineTyper::suggestLine() const
 {
-    QString line =
-        strokeFor(QLatin1Char('H')).key ? QString::fromLatin1(words) : lettersOfThirdRow();
+    QString line = strokeFor(u'H').key ? QString::fromLatin1(words) : lettersOfThirdRow();
     for (const char candidate : thirdLevelCandidates) {
         const Stroke stroke = strokeFor(QLatin1Char(candidate));
         if (candidate != '\0' && stroke.key && stroke.level == thirdLevel)
@@ -136,13 +137,12 @@ void LineTyper::typeLine(const QString& line)
 
 void LineTyper::typeReturn()
 {
-    click(keyNamed(picture, QStringLiteral("RTRN")));
+    click(keyNamed(picture, u"RTRN"_s));
 }
 
 void LineTyper::typeStroke(const Stroke& stroke)
 {
-    const KbdKey* shift =
-        needsShift(stroke.level) ? keyNamed(picture, QStringLiteral("LFSH")) : nullptr;
+    const KbdKey* shift = needsShift(stroke.level) ? keyNamed(picture, u"LFSH"_s) : nullptr;
     const KbdKey* third = stroke.level >= thirdLevel ? thirdLevelKey() : nullptr;
     for (const KbdKey* key : {shift, third, stroke.key, third, shift})
         click(key);
