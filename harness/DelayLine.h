@@ -19,7 +19,7 @@ public:
     using Filter = std::function<QByteArray(const QByteArray& bytes)>;
 
     // The sockets are borrowed.
-    DelayLine(int inputSocket, int outputSocket, Clock::duration holdBack, Filter filter);
+    DelayLine(int inputSocket, int outputSocket, Clock::duration holdBack, Filter inputFilter);
     ~DelayLine();
     DelayLine(const DelayLine&) = delete;
     DelayLine& operator=(const DelayLine&) = delete;

@@ -9,7 +9,7 @@ class XMessages {
 public:
     enum class Sender { Client, Server };
 
-    explicit XMessages(Sender sender);
+    explicit XMessages(Sender sendingSide);
 
     // What has come, in pieces of any size.
     void add(const QByteArray& bytes);

@@ -30,7 +30,7 @@ class XProxy {
 public:
     // `display` is the server's, such as ":12". Throws std::runtime_error when there is no free
     // display for the clients.
-    explicit XProxy(const QByteArray& display, XProxyManners manners = {});
+    explicit XProxy(const QByteArray& display, XProxyManners ownManners = {});
 
     // Ends the connections that are left.
     ~XProxy();
