@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double kilobytesInMegabyte = 1024;
@@ -61,7 +63,7 @@ QRect Program::area() const
 
 double Program::memory() const
 {
-    QFile rollup(QStringLiteral("/proc/%1/smaps_rollup").arg(process->processId()));
+    QFile rollup(u"/proc/%1/smaps_rollup"_s.arg(process->processId()));
     if (!rollup.open(QIODevice::ReadOnly))
         throw std::runtime_error("the memory in use cannot be read");
     const QByteArrayList lines = rollup.readAll().split('\n');

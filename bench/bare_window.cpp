@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
@@ -19,7 +21,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "Usage: %s WIDTH HEIGHT [--tofocus]\n", argv[0]);
         return EXIT_FAILURE;
     }
-    BareWindow window(size, arguments.contains(QStringLiteral("--tofocus")));
+    BareWindow window(size, arguments.contains(u"--tofocus"_s));
     window.show();
     return QApplication::exec();
 }

@@ -22,6 +22,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array<const char*, 2> layouts{"fr", "de"};
@@ -30,8 +32,7 @@ constexpr char model[] = "pc105";
 kbdSpec_t specOf(const char* layout)
 {
     const QString name = QString::fromLatin1(layout);
-    return {name, name, name + QStringLiteral(".png"), {QString::fromLatin1(model)}, {name},
-        {QString()}};
+    return {name, name, name + u".png"_s, {QString::fromLatin1(model)}, {name}, {QString()}};
 }
 
 // Sees every widget paint.

@@ -19,6 +19,8 @@
 #include <stdexcept>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int usualRuns = 15;
@@ -119,7 +121,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "Usage: %s PROGRAM DIRECTORY [RUNS]\n", argv[0]);
         return EXIT_FAILURE;
     }
-    if (!QFile::exists(QString::fromLocal8Bit(argv[2]) + QStringLiteral("/kbdSpecs.tab"))) {
+    if (!QFile::exists(QString::fromLocal8Bit(argv[2]) + u"/kbdSpecs.tab"_s)) {
         std::fprintf(stderr, "kbd-bench: no spec table in %s\n", argv[2]);
         return EXIT_FAILURE;
     }

@@ -12,6 +12,8 @@
 #include <string_view>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::string_view failureMark = "FAIL!  :"; // how QtTest's plain text begins a failure
@@ -40,8 +42,8 @@ QString fileNameOfTest()
         QString::fromUtf8(QTest::currentTestFunction())};
     if (QTest::currentDataTag())
         parts << QString::fromUtf8(QTest::currentDataTag());
-    static const QRegularExpression odd(QStringLiteral("[^A-Za-z0-9_.]+"));
-    return parts.join(QLatin1Char('.')).replace(odd, QStringLiteral("-")) + QLatin1String(".png");
+    static const QRegularExpression odd(u"[^A-Za-z0-9_.]+"_s);
+    return parts.join(u'.').replace(odd, u"-"_s) + ".png"_L1;
 }
 
 // Whether one of the lines is that of a failure.
@@ -102,6 +104,6 @@ void FailurePictures::leavePicture() const
 
 int runWithFailurePictures(QObject& test, const QByteArray& display, int argc, char** argv)
 {
-    const FailurePictures pictures(display, QStringLiteral(KBD_FAILURE_DIR), stdout);
+    const FailurePictures pictures(display, QString::fromUtf8(KBD_FAILURE_DIR), stdout);
     return QTest::qExec(&test, argc, argv);
 }

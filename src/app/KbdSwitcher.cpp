@@ -51,7 +51,7 @@ int KbdSwitcher::launch()
         return -1;
     qint64 started = -1;
     QProcess::startDetached(
-        QString::fromLatin1(paths::switcherProgram), arguments(), QStringLiteral("/"), &started);
+        QString::fromLatin1(paths::switcherProgram), arguments(), u"/"_s, &started);
     processId = static_cast<int>(started);
     return processId;
 }

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QSize truncated(double width, double height)
@@ -17,7 +19,7 @@ QSize truncated(double width, double height)
 // A geometry can name a symbol by its code point: "U+2318" is the character 0x2318.
 QString symbolText(const QString& text)
 {
-    if (!text.startsWith(QLatin1StringView("U+")))
+    if (!text.startsWith("U+"_L1))
         return text;
     return QChar(static_cast<char16_t>(text.mid(2).toUInt(nullptr, 16)));
 }
@@ -73,7 +75,7 @@ void KbdDoodad::readText()
 void KbdDoodad::readLogo()
 {
     const QString logoName = QString::fromUtf8(doodad.logo.logo_name);
-    if (logoName.endsWith(QLatin1Char('/')))
+    if (logoName.endsWith(u'/'))
         flagDirectory = logoName;
     else
         loadPixmap(logoName);

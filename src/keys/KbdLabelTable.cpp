@@ -5,6 +5,8 @@
 #include <iterator>
 #include <string_view>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The bits by which rows and layouts name a language.
@@ -106,6 +108,7 @@ constexpr TextRow textRows[] = {
 
 constexpr NationalRow nationalRows[] = {
 #include "keys/labels/national.inc"
+
 };
 
 constexpr bool glyphRowsAscend()
@@ -138,7 +141,7 @@ QString labelWithoutRow(quint32 keysym)
         return character(keysym);
     if (keysym >= 0x1000100 && keysym <= 0x110ffff)
         return character(keysym);
-    return QStringLiteral("Key%1").arg(keysym);
+    return u"Key%1"_s.arg(keysym);
 }
 
 } // namespace

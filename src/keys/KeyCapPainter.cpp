@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double smallestSize = 4; // pixels
@@ -103,7 +105,7 @@ void KeyCapPainter::drawLabel(const CapLabel& label)
     if (label.onDeadGround)
         drawDeadGround(label.cell);
     const QString& text = label.text;
-    if (text == QLatin1StringView("Void") || text == QLatin1StringView("None"))
+    if (text == "Void"_L1 || text == "None"_L1)
         return;
 
     QRectF room = textRectangle(label.cell);

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestVariant = 1000; // characters, cut off from the opening parenthesis on
@@ -11,18 +13,18 @@ constexpr int longestVariant = 1000; // characters, cut off from the opening par
 QStringList groupLayoutsOf(const QString& symbolsName)
 {
     QString name = symbolsName;
-    if (name.startsWith(QLatin1StringView("pc+")))
+    if (name.startsWith("pc+"_L1))
         name.remove(0, 3);
-    if (name.endsWith(QLatin1StringView(":2")))
+    if (name.endsWith(":2"_L1))
         name.chop(2);
 
-    QStringList parts = name.split(QLatin1Char('+'));
+    QStringList parts = name.split(u'+');
     for (qsizetype i = parts.size() - 1; i >= 0; --i) {
-        if (parts.at(i).startsWith(QLatin1StringView("inet"))) {
+        if (parts.at(i).startsWith("inet"_L1)) {
             parts.removeAt(i);
             continue;
         }
-        const qsizetype variant = parts.at(i).indexOf(QLatin1Char('('));
+        const qsizetype variant = parts.at(i).indexOf(u'(');
         if (variant >= 0)
             parts[i].remove(variant, longestVariant);
     }
@@ -31,16 +33,15 @@ QStringList groupLayoutsOf(const QString& symbolsName)
 
 GroupNames groupNamesOf(const QString& symbolsName, int groupCount)
 {
-    static const QRegularExpression part(
-        QStringLiteral("^([^(:]+)(?:\\(([^)]*)\\))?(?::([1-4]))?$"));
+    static const QRegularExpression part(u"^([^(:]+)(?:\\(([^)]*)\\))?(?::([1-4]))?$"_s);
 
     GroupNames names{QStringList(groupCount), QStringList(groupCount)};
-    const QStringList parts = symbolsName.split(QLatin1Char('+'));
+    const QStringList parts = symbolsName.split(u'+');
     for (const QString& text : parts) {
         // XKB's rules write "pc", the layouts, "inet", and then the parts that options add.
-        if (text == QLatin1StringView("pc"))
+        if (text == "pc"_L1)
             continue;
-        if (text.startsWith(QLatin1StringView("inet")))
+        if (text.startsWith("inet"_L1))
             break;
         const QRegularExpressionMatch match = part.match(text);
         const int group = match.captured(3).isEmpty() ? 0 : match.captured(3).toInt() - 1;

@@ -19,6 +19,8 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // All in tenths of a millimetre.
@@ -131,7 +133,7 @@ void KeyboardItems::addDoodad(const XkbDoodadRec& record)
 // The doodad's name says whether it is the flag or the lamp of a lock.
 void KeyboardItems::findPurpose(KbdDoodad* doodad, const QString& name)
 {
-    if (name.startsWith(QLatin1StringView("X-Flag"), Qt::CaseInsensitive))
+    if (name.startsWith("X-Flag"_L1, Qt::CaseInsensitive))
         flags << doodad;
     else if (isNamed(name, "Num Lock"))
         numLockIndicator = doodad;

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<Atom> atomsOf(const XkbDescRec& xkb)
@@ -50,9 +52,9 @@ int groupCountOf(XkbDescRec& xkb)
 QMap<QString, ShiftMask_t> modifierMasksOf(const XkbDescRec& xkb, XDisplayClass& display)
 {
     QMap<QString, ShiftMask_t> masks{
-        {QStringLiteral("Shift"), x11::shiftMask},
-        {QStringLiteral("CapsLock"), x11::lockMask},
-        {QStringLiteral("Control"), x11::controlMask},
+        {u"Shift"_s, x11::shiftMask},
+        {u"CapsLock"_s, x11::lockMask},
+        {u"Control"_s, x11::controlMask},
     };
     for (int i = 0; i < XkbNumVirtualMods; ++i) {
         const Atom name = xkb.names->vmods[i];
@@ -70,8 +72,8 @@ GroupNames labelNamesOf(const KeyboardSettings& settings, GroupNames namesOfKeym
     if (settings.layout.isEmpty())
         return namesOfKeymap;
 
-    const QStringList layouts = settings.layout.split(QLatin1Char(','));
-    const QStringList variants = settings.variant.split(QLatin1Char(','));
+    const QStringList layouts = settings.layout.split(u',');
+    const QStringList variants = settings.variant.split(u',');
     const qsizetype groups = std::max(layouts.size(), namesOfKeymap.layouts.size());
     namesOfKeymap.layouts.resize(groups);
     namesOfKeymap.variants.resize(groups);

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The second group in the state of a key event, whose bits 13 and 14 are the group.
@@ -13,11 +15,11 @@ QString nameOf(Lock lock)
 {
     switch (lock) {
     case Lock::Caps:
-        return QStringLiteral("CapsLock");
+        return u"CapsLock"_s;
     case Lock::Num:
-        return QStringLiteral("NumLock");
+        return u"NumLock"_s;
     case Lock::Scroll:
-        return QStringLiteral("ScrollLock");
+        return u"ScrollLock"_s;
     }
     return {};
 }

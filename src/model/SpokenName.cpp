@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct SpokenRow {
@@ -68,7 +70,7 @@ bool standsAlone(QChar character)
 // What the label table answers for a keysym that it does not know.
 QString numbered(KeySym keysym)
 {
-    return QStringLiteral("Key%1").arg(keysym);
+    return u"Key%1"_s.arg(keysym);
 }
 
 bool canBeSaid(const QString& label)
@@ -80,10 +82,8 @@ bool canBeSaid(const QString& label)
 // A screen reader reads "dead a" and "Audio Raise Volume" better than X11's spelling of them.
 QString inWords(QString name)
 {
-    static const QRegularExpression wordEnd(QStringLiteral("([a-z])([A-Z])"));
-    return name.replace(QLatin1Char('_'), QLatin1Char(' '))
-        .replace(wordEnd, QStringLiteral("\\1 \\2"))
-        .simplified();
+    static const QRegularExpression wordEnd(u"([a-z])([A-Z])"_s);
+    return name.replace(u'_', u' ').replace(wordEnd, u"\\1 \\2"_s).simplified();
 }
 
 // X protocol, appendix "Keysym Encoding". XKeysymToString leaks memory for these.
@@ -95,9 +95,9 @@ bool isUnicode(KeySym keysym)
 QString x11Name(KeySym keysym)
 {
     if (isUnicode(keysym))
-        return QStringLiteral("U%1").arg(keysym & 0xffffff, 4, 16, QLatin1Char('0')).toUpper();
+        return u"U%1"_s.arg(keysym & 0xffffff, 4, 16, '0'_L1).toUpper();
     QString name = QString::fromLatin1(XKeysymToString(keysym));
-    if (name.startsWith(QLatin1StringView("XF86")))
+    if (name.startsWith("XF86"_L1))
         name.remove(0, 4);
     return inWords(name);
 }

@@ -1,6 +1,7 @@
 #include "app/KbdApp.h"
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
+#include "harness/PictureKeys.h"
 #include "harness/PrivateServer.h"
 #include "harness/TopLevelWindow.h"
 #include "harness/XErrors.h"
@@ -224,10 +225,7 @@ QAccessibleInterface& AccessibilityTest::accessiblePicture() const
 
 KbdKey* AccessibilityTest::key(const QString& name) const
 {
-    const QList<KbdKey*> keys = picture().keyItems();
-    const auto found = std::find_if(
-        keys.begin(), keys.end(), [&](const KbdKey* each) { return each->name() == name; });
-    return found == keys.end() ? nullptr : *found;
+    return keyNamed(picture(), name);
 }
 
 QAccessibleInterface& AccessibilityTest::accessibleKey(const QString& name) const

@@ -1,4 +1,5 @@
 #include "app/description/ComponentNames.h"
+#include "harness/PictureKeys.h"
 #include "harness/StandardErrorCapture.h"
 #include "harness/XTestMain.h"
 #include "harness/XTools.h"
@@ -167,14 +168,6 @@ private:
 QRectF areaOf(const QGraphicsItem& item)
 {
     return item.mapRectToScene(item.boundingRect());
-}
-
-KbdKey* keyOf(const KbdGeometry& picture, KeyCode keycode)
-{
-    const QList<KbdKey*> keys = picture.keyItems();
-    const auto found = std::find_if(keys.begin(), keys.end(),
-        [keycode](const KbdKey* key) { return key->x11Keycode() == keycode; });
-    return found == keys.end() ? nullptr : *found;
 }
 
 QList<KbdDoodad*> lampsOf(const KbdGeometry& picture)
@@ -461,7 +454,7 @@ void GeometriesTest::aTallReturnIsHitWithinItsOutlineOnly()
 {
     const auto picture = pictureOf("pc-arvane(pc105)");
     picture->resize(1400, 500);
-    const KbdKey* key = keyOf(*picture, returnKey);
+    const KbdKey* key = keyWithCode(*picture, returnKey);
     QVERIFY(key);
     const auto itemAt = [&](double x, double y) {
         return picture->scene()->items(key->mapToScene(QPointF(x, y))).value(0);
@@ -471,7 +464,7 @@ void GeometriesTest::aTallReturnIsHitWithinItsOutlineOnly()
     QCOMPARE(itemAt(266, 10), key);
     QCOMPARE(itemAt(57, 361), key);
     QCOMPARE(itemAt(266, 361), key);
-    QCOMPARE(itemAt(30, 280), keyOf(*picture, backslash));
+    QCOMPARE(itemAt(30, 280), keyWithCode(*picture, backslash));
     QVERIFY(itemAt(42, 280) != key);
     QVERIFY(itemAt(30, 185) != key);
     QVERIFY(key->boundingRect().contains(30, 280));
@@ -486,7 +479,7 @@ void GeometriesTest::aClickBesideATallReturnTypesTheKeyThere()
     QStringList typed;
     connect(picture.get(), &KbdGeometry::virtualKeyPress, this,
         [&typed](const QString&, const QString& desc) { typed << desc; });
-    const KbdKey* key = keyOf(*picture, returnKey);
+    const KbdKey* key = keyWithCode(*picture, returnKey);
     for (const QPointF place : {QPointF(25, 280), QPointF(150, 280), QPointF(25, 90)})
         QTest::mouseClick(
             picture->viewport(), Qt::LeftButton, {}, picture->mapFromScene(key->mapToScene(place)));
@@ -523,7 +516,7 @@ void GeometriesTest::lampsAreLitAndPutOut()
 void GeometriesTest::aPressedKeyChangesItsColours()
 {
     const auto picture = pictureOf("pc-arvane(pc105)");
-    const QPointF corner = keyOf(*picture, keyA)->scenePos();
+    const QPointF corner = keyWithCode(*picture, keyA)->scenePos();
     const QPointF body = corner + QPointF(8, 90);
     const QPointF top = corner + QPointF(155, 20);
     XKeyEvent event{};
@@ -617,13 +610,13 @@ void GeometriesTest::captionsStandBelowThePicture()
 void GeometriesTest::aKeyTellsItsDetails()
 {
     const auto picture = pictureOf("pc-arvane(pc105)");
-    QCOMPARE(keyOf(*picture, leftShift)->toolTip(),
+    QCOMPARE(keyWithCode(*picture, leftShift)->toolTip(),
         QString("Details about this key:\n"
                 "X11 Identity:  Name='LFSH', Code=0x32\n"
                 "Key symbol table:\n"
                 "   symbol[0,Any]=0xffe1=Shift_L=\u21E7\n"
                 "Modifier 1=0x 1"));
-    QCOMPARE(keyOf(*picture, keyA)->toolTip(),
+    QCOMPARE(keyWithCode(*picture, keyA)->toolTip(),
         QString("Details about this key:\n"
                 "X11 Identity:  Name='AC01', Code=0x26\n"
                 "Key symbol table:\n"

@@ -1,6 +1,7 @@
 #include "app/KbdApp.h"
 #include "app/description/ComponentNames.h"
 #include "harness/FailurePictures.h"
+#include "harness/PictureKeys.h"
 #include "harness/PrivateServer.h"
 #include "harness/TopLevelWindow.h"
 #include "harness/XErrors.h"
@@ -21,7 +22,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -199,14 +199,6 @@ void replace(char*& name, const QString& text)
     name = strdup(text.toUtf8().constData());
 }
 
-KbdKey* keyOf(const KbdGeometry& picture, KeyCode keycode)
-{
-    const QList<KbdKey*> keys = picture.keyItems();
-    const auto found = std::find_if(keys.begin(), keys.end(),
-        [keycode](const KbdKey* key) { return key->x11Keycode() == keycode; });
-    return found == keys.end() ? nullptr : *found;
-}
-
 // The key codes of the keys that are shown as pressed.
 QList<int> litKeysOf(const KbdGeometry& picture)
 {
@@ -236,7 +228,7 @@ const QList<bool> scrollLamp{false, false, true};
 
 QPoint placeOf(const KbdGeometry& picture, KeyCode keycode)
 {
-    const KbdKey* key = keyOf(picture, keycode);
+    const KbdKey* key = keyWithCode(picture, keycode);
     return picture.mapFromScene(key->mapToScene(key->boundingRect().center()));
 }
 
@@ -465,10 +457,10 @@ void KeyboardTest::aPhysicalModifierIsShownOnTheKeys()
     startApplication({});
     focusTheWindow();
     other->key(leftShift, true);
-    QTRY_COMPARE(keyOf(picture(), keyA)->activeLabel(), QString("A"));
+    QTRY_COMPARE(keyWithCode(picture(), keyA)->activeLabel(), QString("A"));
     QCOMPARE(picture().modifiers(), shift);
     other->key(leftShift, false);
-    QTRY_COMPARE(keyOf(picture(), keyA)->activeLabel(), QString("a"));
+    QTRY_COMPARE(keyWithCode(picture(), keyA)->activeLabel(), QString("a"));
     QCOMPARE(picture().modifiers(), noModifiers);
 }
 
@@ -492,7 +484,7 @@ void KeyboardTest::aKeyThatIsNotOnThePictureChangesNothing()
 {
     startApplication({});
     focusTheWindow();
-    QVERIFY(!keyOf(picture(), notOnThePicture));
+    QVERIFY(!keyWithCode(picture(), notOnThePicture));
     other->key(notOnThePicture, true);
     other->key(keyA, true);
     QTRY_COMPARE(litKeysOf(picture()), QList<int>{keyA});
@@ -670,7 +662,7 @@ void KeyboardTest::aClickedLockIsLockedInTheServerUntilTheNextClick()
     press(picture(), capsLock);
     QTRY_COMPARE(other->state().locked_mods, lock);
     QCOMPARE(lampsOf(picture()), capsLamp);
-    QCOMPARE(keyOf(picture(), keyA)->activeLabel(), QString("A"));
+    QCOMPARE(keyWithCode(picture(), keyA)->activeLabel(), QString("A"));
     release(picture(), capsLock);
     waitForReportedState();
     QCOMPARE(other->state().locked_mods, both(lock, num));
@@ -679,7 +671,7 @@ void KeyboardTest::aClickedLockIsLockedInTheServerUntilTheNextClick()
     press(picture(), capsLock);
     QTRY_COMPARE(other->state().locked_mods, num);
     QVERIFY(!lampsOf(picture()).at(1));
-    QCOMPARE(keyOf(picture(), keyA)->activeLabel(), QString("a"));
+    QCOMPARE(keyWithCode(picture(), keyA)->activeLabel(), QString("a"));
     release(picture(), capsLock);
     waitForReportedState();
     QCOMPARE(other->state().locked_mods, noModifiers);
@@ -694,7 +686,7 @@ void KeyboardTest::theLocksOfTheStartAreShownAndLeftInTheServer()
     const auto view = newPicture();
     QCOMPARE(view->modifiers(), both(lock, num));
     QCOMPARE(lampsOf(*view), QList<bool>({true, true, false}));
-    QCOMPARE(keyOf(*view, keyA)->activeLabel(), QString("A"));
+    QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("A"));
     press(*view, leftShift);
     release(*view, leftShift);
     QCOMPARE(other->state().locked_mods, both(lock, num));
@@ -747,11 +739,11 @@ void KeyboardTest::aGeometryWithoutLampsFollowsTheLocks()
     other->lockModifiers(lock, lock);
     view->x11LockStateChangedIn();
     QCOMPARE(view->modifiers(), lock);
-    QCOMPARE(keyOf(*view, keyA)->activeLabel(), QString("A"));
+    QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("A"));
     other->lockModifiers(lock, 0);
     view->x11LockStateChangedIn();
     QCOMPARE(view->modifiers(), noModifiers);
-    QCOMPARE(keyOf(*view, keyA)->activeLabel(), QString("a"));
+    QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("a"));
 }
 
 void KeyboardTest::aModifierThatIsNoLockStaysOutOfTheServer()
@@ -761,7 +753,7 @@ void KeyboardTest::aModifierThatIsNoLockStaysOutOfTheServer()
     press(*view, leftShift);
     release(*view, leftShift);
     QCOMPARE(view->modifiers(), shift);
-    QCOMPARE(keyOf(*view, keyA)->activeLabel(), QString("A"));
+    QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("A"));
     QCOMPARE(other->state().mods, noModifiers);
     press(*view, leftShift);
     release(*view, leftShift);
@@ -803,13 +795,13 @@ void KeyboardTest::theGroupIsShownAndLockedInTheServer()
     QVERIFY(setKeyboard(display, {"-layout", "us,de"}));
     startOnlyToolkit();
     const auto view = newPicture();
-    QCOMPARE(keyOf(*view, keyY)->activeLabel(), QString("y"));
+    QCOMPARE(keyWithCode(*view, keyY)->activeLabel(), QString("y"));
     view->setGroupNum(1);
     QCOMPARE(view->group(), KeyGroup_t(1));
-    QCOMPARE(keyOf(*view, keyY)->activeLabel(), QString("z"));
+    QCOMPARE(keyWithCode(*view, keyY)->activeLabel(), QString("z"));
     QTRY_COMPARE(int(other->state().locked_group), 1);
     view->setGroupNum(0);
-    QCOMPARE(keyOf(*view, keyY)->activeLabel(), QString("y"));
+    QCOMPARE(keyWithCode(*view, keyY)->activeLabel(), QString("y"));
     QTRY_COMPARE(int(other->state().locked_group), 0);
 }
 
@@ -819,9 +811,9 @@ void KeyboardTest::aKeyWithFewerGroupsKeepsItsGroup()
     QVERIFY(setKeyboard(display, {"-model", "jp106", "-layout", "us,jp,de"}));
     startOnlyToolkit();
     const auto view = newPicture("pc-arvane(jp106)");
-    const KbdKey* key = keyOf(*view, underscore);
+    const KbdKey* key = keyWithCode(*view, underscore);
     QCOMPARE(key->symbols().groupCount(), 2);
-    QCOMPARE(keyOf(*view, keyY)->symbols().groupCount(), 3);
+    QCOMPARE(keyWithCode(*view, keyY)->symbols().groupCount(), 3);
     QCOMPARE(key->activeKeysym(), x11::none);
     view->setGroupNum(2);
     QCOMPARE(key->activeKeysym(), x11::none);
@@ -829,7 +821,7 @@ void KeyboardTest::aKeyWithFewerGroupsKeepsItsGroup()
     QCOMPARE(key->activeKeysym(), KeySym(XK_backslash));
     view->setGroupNum(2);
     QCOMPARE(key->activeKeysym(), KeySym(XK_backslash));
-    QCOMPARE(keyOf(*view, keyY)->activeLabel(), QString("z"));
+    QCOMPARE(keyWithCode(*view, keyY)->activeLabel(), QString("z"));
     QTRY_COMPARE(int(other->state().locked_group), 2);
 }
 
@@ -839,9 +831,9 @@ void KeyboardTest::aGroupLockedByAnotherProgramIsShown()
     startApplication({"--tofocus"});
     other->takeFocus();
     other->lockGroup(1);
-    QTRY_COMPARE(keyOf(picture(), keyY)->activeLabel(), QString("z"));
+    QTRY_COMPARE(keyWithCode(picture(), keyY)->activeLabel(), QString("z"));
     other->lockGroup(0);
-    QTRY_COMPARE(keyOf(picture(), keyY)->activeLabel(), QString("y"));
+    QTRY_COMPARE(keyWithCode(picture(), keyY)->activeLabel(), QString("y"));
 }
 
 void KeyboardTest::aNewKeyboardGetsTheGroupShown()
@@ -858,7 +850,7 @@ void KeyboardTest::aNewKeyboardGetsTheGroupShown()
     QTRY_COMPARE(int(other->state().locked_group), 1);
     waitForReportedState();
     QCOMPARE(int(other->state().locked_group), 1);
-    QCOMPARE(keyOf(picture(), keyY)->activeLabel(), QString("z"));
+    QCOMPARE(keyWithCode(picture(), keyY)->activeLabel(), QString("z"));
 }
 
 void KeyboardTest::aKeyboardLoadedMeanwhileKeepsTheGroup()
@@ -874,7 +866,7 @@ void KeyboardTest::aKeyboardLoadedMeanwhileKeepsTheGroup()
     QTRY_VERIFY(!keyboards.isEmpty());
     waitForReportedState();
     QCOMPARE(int(other->state().locked_group), 1);
-    QCOMPARE(keyOf(picture(), keyY)->activeLabel(), QString("z"));
+    QCOMPARE(keyWithCode(picture(), keyY)->activeLabel(), QString("z"));
 }
 
 void KeyboardTest::aNewKeyboardIsIgnoredWithoutTheFocus()

@@ -1,5 +1,6 @@
 #include "app/description/ComponentNames.h"
 #include "harness/KeyTargetProcess.h"
+#include "harness/PictureKeys.h"
 #include "harness/PictureLocator.h"
 #include "harness/ProgramRun.h"
 #include "harness/WindowManager.h"
@@ -52,17 +53,9 @@ std::unique_ptr<MainWindow> makeWindow(bool wantXTest)
     return window;
 }
 
-KbdKey* keyOf(const MainWindow& window, KeyCode keycode)
-{
-    for (KbdKey* key : window.picture()->keyItems())
-        if (key->x11Keycode() == keycode)
-            return key;
-    return nullptr;
-}
-
 QPointF sceneCentreOf(const MainWindow& window, KeyCode keycode)
 {
-    const KbdKey* key = keyOf(window, keycode);
+    const KbdKey* key = keyWithCode(*window.picture(), keycode);
     return key ? key->mapRectToScene(key->boundingRect()).center() : QPointF();
 }
 

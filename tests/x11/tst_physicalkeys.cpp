@@ -2,6 +2,7 @@
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/NestedServer.h"
+#include "harness/PictureKeys.h"
 #include "harness/TopLevelWindow.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
@@ -225,10 +226,7 @@ void PhysicalKeysTest::cleanup()
 
 KbdKey* PhysicalKeysTest::key(const QString& name) const
 {
-    const QList<KbdKey*> keys = picture().keyItems();
-    const auto found = std::find_if(
-        keys.begin(), keys.end(), [&](const KbdKey* each) { return each->name() == name; });
-    return found == keys.end() ? nullptr : *found;
+    return keyNamed(picture(), name);
 }
 
 QStringList PhysicalKeysTest::litKeys() const

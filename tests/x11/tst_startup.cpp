@@ -2,10 +2,10 @@
 #include "app/KbdSwitcher.h"
 #include "app/RefusalAdvice.h"
 #include "app/description/ComponentNames.h"
-#include "harness/ExtensionHider.h"
 #include "harness/FailurePictures.h"
 #include "harness/ProgramRun.h"
 #include "harness/ProgramWindows.h"
+#include "harness/XProxy.h"
 #include "harness/XTestMain.h"
 #include "harness/XTools.h"
 #include "ui/CKbdSpecSelector.h"
@@ -477,7 +477,7 @@ void StartupTest::aServerWithoutTheKeyboardExtensionIsRefused()
 {
     QFETCH(QByteArray, script);
     const FakeSetxkbmap tool(script);
-    const ExtensionHider server(display(), "XKEYBOARD");
+    const XProxy server(display(), hidingExtension("XKEYBOARD"));
     const auto run = std::make_unique<ProgramRun>(KBD_PROGRAM, server.display());
     run->setVariable("PATH", tool.searchPath());
     run->start();

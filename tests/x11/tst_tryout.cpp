@@ -1,5 +1,6 @@
 #include "app/KbdApp.h"
 #include "harness/FailurePictures.h"
+#include "harness/PictureKeys.h"
 #include "harness/PrivateServer.h"
 #include "harness/TopLevelWindow.h"
 #include "harness/WindowManager.h"
@@ -47,7 +48,7 @@ private slots:
 private:
     static MainWindow* window();
     static TypingArea* sampleLine() { return window()->findChild<TypingArea*>(); }
-    const KbdKey* keyNamed(const char* name) const;
+    static const KbdKey* key(const char* name);
     QPoint placeOf(const char* name) const;
     void movePointerTo(const char* name) const;
     void button(bool down) const;
@@ -64,21 +65,16 @@ MainWindow* TryOutTest::window()
     return topLevelWindow<MainWindow>();
 }
 
-const KbdKey* TryOutTest::keyNamed(const char* name) const
+const KbdKey* TryOutTest::key(const char* name)
 {
-    const QList<KbdKey*> keys = window()->picture()->keyItems();
-    for (const KbdKey* key : keys) {
-        if (key->name() == QLatin1String(name))
-            return key;
-    }
-    return nullptr;
+    return keyNamed(*window()->picture(), name);
 }
 
 QPoint TryOutTest::placeOf(const char* name) const
 {
     const KbdGeometry* view = window()->picture();
-    const KbdKey* key = keyNamed(name);
-    const QPointF centre = key->mapToScene(key->boundingRect().center());
+    const KbdKey* shown = key(name);
+    const QPointF centre = shown->mapToScene(shown->boundingRect().center());
     return view->viewport()->mapToGlobal(view->mapFromScene(centre));
 }
 
@@ -97,15 +93,15 @@ void TryOutTest::button(bool down) const
 // A key that types lights up by the event that it sends; a click is over when it has gone out.
 void TryOutTest::click(const char* name) const
 {
-    const KbdKey* key = keyNamed(name);
+    const KbdKey* shown = key(name);
     const ShiftMask_t before = window()->picture()->modifiers();
     movePointerTo(name);
     button(true);
-    if (key->symbols().keyType() == 0)
-        QTRY_VERIFY(key->isPressed());
+    if (shown->symbols().keyType() == 0)
+        QTRY_VERIFY(shown->isPressed());
     button(false);
-    if (key->symbols().keyType() == 0)
-        QTRY_VERIFY(!key->isPressed());
+    if (shown->symbols().keyType() == 0)
+        QTRY_VERIFY(!shown->isPressed());
     else
         QTRY_VERIFY(window()->picture()->modifiers() != before);
 }
@@ -157,10 +153,10 @@ void TryOutTest::aClickedKeyIsTypedAndLitWhileItIsDown()
 {
     movePointerTo("AD03");
     button(true);
-    QTRY_VERIFY(keyNamed("AD03")->isPressed());
+    QTRY_VERIFY(key("AD03")->isPressed());
     QTRY_COMPARE(typed(), QStringLiteral("e"));
     button(false);
-    QTRY_VERIFY(!keyNamed("AD03")->isPressed());
+    QTRY_VERIFY(!key("AD03")->isPressed());
     QCOMPARE(typed(), QStringLiteral("e"));
 }
 
@@ -235,7 +231,7 @@ void TryOutTest::theClickDoesNotLeaveTheWindowsFocus()
 void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 {
     physicalKey(XK_Shift_L, true);
-    QTRY_VERIFY(keyNamed("LFSH")->isPressed());
+    QTRY_VERIFY(key("LFSH")->isPressed());
     QWidget other;
     other.setGeometry(10, 10, 100, 60);
     other.show();
@@ -244,7 +240,7 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
     XSetInputFocus(
         display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
     XSync(display.get(), x11::xFalse);
-    QTRY_VERIFY(!keyNamed("LFSH")->isPressed());
+    QTRY_VERIFY(!key("LFSH")->isPressed());
     QCOMPARE(int(window()->picture()->modifiers()), 0);
     physicalKey(XK_Shift_L, false);
     other.close();

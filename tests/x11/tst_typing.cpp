@@ -1,6 +1,7 @@
 #include "app/KbdApp.h"
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
+#include "harness/PictureKeys.h"
 #include "harness/PrivateServer.h"
 #include "harness/TopLevelWindow.h"
 #include "harness/WaitUntil.h"
@@ -240,16 +241,6 @@ QList<Shown> ordinaryKeys(const KbdGeometry& picture)
             result << shown;
     }
     return result;
-}
-
-KbdKey* modifierKey(const KbdGeometry& picture, const QString& modifier)
-{
-    const QList<KbdKey*> keys = picture.keyItems();
-    for (KbdKey* key : keys) {
-        if (key->symbols().keyType() != 0 && key->symbols().modifierName() == modifier)
-            return key;
-    }
-    return nullptr;
 }
 
 bool hasModifiers(const KbdGeometry& picture, const StateRow& state)
@@ -551,13 +542,11 @@ void TypingTest::theFifthLevelIsTyped()
 {
     QVERIFY(startApplication("--tofocus", {"-model", "pc105", "-layout", "de", "-variant", "neo"}));
     QVERIFY(startTarget());
-    const QList<KbdKey*> keys = picture().keyItems();
-    const auto fifthLevel = std::find_if(keys.begin(), keys.end(),
-        [](const KbdKey* key) { return key->activeKeysym() == XK_ISO_Level5_Shift; });
-    QVERIFY(fifthLevel != keys.end());
-    QVERIFY(click(**fifthLevel));
-    QVERIFY(waitUntil(
-        [&] { return picture().modifiers() == (*fifthLevel)->symbols().keyModifiers(); }));
+    const KbdKey* fifthLevel = keyWithKeysym(picture(), XK_ISO_Level5_Shift);
+    QVERIFY(fifthLevel);
+    QVERIFY(click(*fifthLevel));
+    QVERIFY(
+        waitUntil([&] { return picture().modifiers() == fifthLevel->symbols().keyModifiers(); }));
 
     const QList<Shown> shown = ordinaryKeys(picture());
     const QList<KeyTargetLine> presses = typed(shown);
@@ -569,7 +558,7 @@ void TypingTest::theFifthLevelIsTyped()
             changed << shown.at(i).key->name();
     }
     QVERIFY(changed.contains("AC01"));
-    QVERIFY(click(**fifthLevel));
+    QVERIFY(click(*fifthLevel));
     QVERIFY(waitUntil([&] { return picture().modifiers() == 0; }));
 }
 

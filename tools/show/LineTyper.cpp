@@ -1,5 +1,6 @@
 #include "LineTyper.h"
 
+#include "harness/PictureKeys.h"
 #include "keys/KbdKey.h"
 #include "keys/KbdLabelTable.h"
 #include "keys/KeyColours.h"
@@ -12,6 +13,8 @@
 
 #include <array>
 #include <stdexcept>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -82,7 +85,7 @@ QString LineTyper::characterAt(const KbdKey& key, int level) const
         || (keysym >= firstDeadKeysym && keysym <= lastDeadKeysym))
         return {};
     if (keysym == XK_space)
-        return QStringLiteral(" ");
+        return u" "_s;
     const QString label = table.label(static_cast<quint32>(keysym), QString(), QString());
     return label.size() == 1 && (keysym < 0xff00 || keysym > 0xffff) ? label : QString();
 }
@@ -92,30 +95,16 @@ LineTyper::Stroke LineTyper::strokeFor(QChar character) const
     for (int level = 0; level < levels; ++level) {
         if (level >= thirdLevel && !thirdLevelKey())
             break;
-        for (const KbdKey* key : picture.keyItems()) {
-            if (characterAt(*key, level) == character)
-                return {key, level};
-        }
+        const auto hasIt = [&](const KbdKey& key) { return characterAt(key, level) == character; };
+        if (const KbdKey* key = keyThat(picture, hasIt))
+            return {key, level};
     }
     return {};
 }
 
-const KbdKey* LineTyper::keyNamed(const char* name) const
-{
-    for (const KbdKey* key : picture.keyItems()) {
-        if (key->name() == QLatin1StringView(name))
-            return key;
-    }
-    return nullptr;
-}
-
 const KbdKey* LineTyper::thirdLevelKey() const
 {
-    for (const KbdKey* key : picture.keyItems()) {
-        if (key->symbols().modifierName() == QLatin1StringView("LevelThree"))
-            return key;
-    }
-    return nullptr;
+    return modifierKey(picture, u"LevelThree"_s);
 }
 
 // The letters of a keyboard that has no Latin ones, with a capital at the beginning.
@@ -123,16 +112,15 @@ QString LineTyper::lettersOfThirdRow() const
 {
     QString letters;
     for (const char* name : {"AC01", "AC02", "AC03", "AC04", "AC05", "AC06"}) {
-        if (const KbdKey* key = keyNamed(name))
+        if (const KbdKey* key = keyNamed(picture, QString::fromLatin1(name)))
             letters += characterAt(*key, letters.isEmpty() ? 1 : 0);
     }
-    return letters + QLatin1Char(' ');
+    return letters + u' ';
 }
 
 QString LineTyper::suggestLine() const
 {
-    QString line =
-        strokeFor(QLatin1Char('H')).key ? QString::fromLatin1(words) : lettersOfThirdRow();
+    QString line = strokeFor(u'H').key ? QString::fromLatin1(words) : lettersOfThirdRow();
     for (const char candidate : thirdLevelCandidates) {
         const Stroke stroke = strokeFor(QLatin1Char(candidate));
         if (candidate != '\0' && stroke.key && stroke.level == thirdLevel)
@@ -149,12 +137,12 @@ void LineTyper::typeLine(const QString& line)
 
 void LineTyper::typeReturn()
 {
-    click(keyNamed("RTRN"));
+    click(keyNamed(picture, u"RTRN"_s));
 }
 
 void LineTyper::typeStroke(const Stroke& stroke)
 {
-    const KbdKey* shift = needsShift(stroke.level) ? keyNamed("LFSH") : nullptr;
+    const KbdKey* shift = needsShift(stroke.level) ? keyNamed(picture, u"LFSH"_s) : nullptr;
     const KbdKey* third = stroke.level >= thirdLevel ? thirdLevelKey() : nullptr;
     for (const KbdKey* key : {shift, third, stroke.key, third, shift})
         click(key);

@@ -39,7 +39,6 @@ private:
     Stroke strokeFor(QChar character) const;
     QString characterAt(const KbdKey& key, int level) const;
     QString lettersOfThirdRow() const;
-    const KbdKey* keyNamed(const char* name) const;
     const KbdKey* thirdLevelKey() const;
     void typeStroke(const Stroke& stroke);
     void click(const KbdKey* key);

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int lineDeadline = 10000; // milliseconds
@@ -16,14 +18,12 @@ constexpr char readLine[] = "IFS= read -r line && printf '%s\\n' \"$line\" >\"$1
 Terminal::Terminal(const QByteArray& display)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(display));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(u"DISPLAY"_s, QString::fromLatin1(display));
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral("xterm"),
-        {QStringLiteral("-u8"), QStringLiteral("-fa"), QStringLiteral("Monospace"),
-            QStringLiteral("-fs"), QStringLiteral("16"), QStringLiteral("-geometry"),
-            QStringLiteral("60x8+250+300"), QStringLiteral("-e"), QStringLiteral("sh"),
-            QStringLiteral("-c"), QString::fromLatin1(readLine), QStringLiteral("sh"), lineFile()});
+    process.start(u"xterm"_s,
+        {u"-u8"_s, u"-fa"_s, u"Monospace"_s, u"-fs"_s, u"16"_s, u"-geometry"_s, u"60x8+250+300"_s,
+            u"-e"_s, u"sh"_s, u"-c"_s, QString::fromLatin1(readLine), u"sh"_s, lineFile()});
     process.waitForStarted();
 }
 
@@ -33,6 +33,11 @@ Terminal::~Terminal()
     if (!process.waitForFinished(2000))
         process.kill();
     process.waitForFinished();
+}
+
+QString Terminal::lineFile() const
+{
+    return directory.filePath(u"line"_s);
 }
 
 QString Terminal::waitForLine()

@@ -19,7 +19,7 @@ public:
     QString waitForLine();
 
 private:
-    QString lineFile() const { return directory.filePath(QStringLiteral("line")); }
+    QString lineFile() const;
 
     QTemporaryDir directory;
     QProcess process;

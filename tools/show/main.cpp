@@ -32,6 +32,8 @@
 #include <optional>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int startDeadline = 20000; // milliseconds
@@ -40,8 +42,8 @@ constexpr QRgb pictureGround = qRgb(169, 169, 169); // the base colour of our ge
 // The private server's keyboard: the one that the program is asked to show, else one that has a
 // third level.
 struct Settings {
-    QString model = QStringLiteral("pc105");
-    QString layout = QStringLiteral("de");
+    QString model = u"pc105"_s;
+    QString layout = u"de"_s;
     QString variant;
 };
 
@@ -51,7 +53,7 @@ Settings settingsIn(const QStringList& arguments)
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const auto take = [&](const char* name, QString& value) {
             const QString option = QLatin1StringView(name);
-            if (arguments.at(i).startsWith(option + QLatin1Char('=')))
+            if (arguments.at(i).startsWith(option + u'='))
                 value = arguments.at(i).mid(option.size() + 1);
             else if (i + 1 < arguments.size()
                 && (arguments.at(i) == option || arguments.at(i) == option.mid(1)))
@@ -66,10 +68,9 @@ Settings settingsIn(const QStringList& arguments)
 
 QStringList setxkbmapArguments(const Settings& settings)
 {
-    QStringList arguments{
-        QStringLiteral("-model"), settings.model, QStringLiteral("-layout"), settings.layout};
+    QStringList arguments{u"-model"_s, settings.model, u"-layout"_s, settings.layout};
     if (!settings.variant.isEmpty())
-        arguments << QStringLiteral("-variant") << settings.variant;
+        arguments << u"-variant"_s << settings.variant;
     return arguments;
 }
 
@@ -103,7 +104,7 @@ struct Show {
     bool crop = false;
     QStringList arguments;
 
-    bool typesIntoTerminal() const { return arguments.contains(QStringLiteral("--tofocus")); }
+    bool typesIntoTerminal() const { return arguments.contains(u"--tofocus"_s); }
 };
 
 void start(QProcess& process, const Show& show)
@@ -191,18 +192,18 @@ int run(const Show& show, const QByteArray& displayName)
 
 Show readArguments(const QStringList& commandLine)
 {
-    const QString value = QStringLiteral("value");
-    const QCommandLineOption program(QStringLiteral("program"), QString(), value);
-    const QCommandLineOption directory(QStringLiteral("directory"), QString(), value);
-    const QCommandLineOption screenshot(QStringLiteral("screenshot"), QString(), value);
-    const QCommandLineOption crop(QStringLiteral("crop"));
-    const QCommandLineOption xkbDirectory(QStringLiteral("xkb-directory"), QString(), value);
+    const QString value = u"value"_s;
+    const QCommandLineOption program(u"program"_s, QString(), value);
+    const QCommandLineOption directory(u"directory"_s, QString(), value);
+    const QCommandLineOption screenshot(u"screenshot"_s, QString(), value);
+    const QCommandLineOption crop(u"crop"_s);
+    const QCommandLineOption xkbDirectory(u"xkb-directory"_s, QString(), value);
     QCommandLineParser parser;
     parser.addOptions({program, directory, screenshot, crop, xkbDirectory});
     parser.process(commandLine);
     QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
-        arguments << QStringLiteral("--tofocus");
+        arguments << u"--tofocus"_s;
     return {parser.value(program), parser.value(directory), parser.value(screenshot),
         parser.value(xkbDirectory), parser.isSet(crop), arguments};
 }
@@ -212,7 +213,7 @@ QStringList serverArguments(const Show& show)
 {
     if (show.xkbDirectory.isEmpty())
         return {};
-    return {QStringLiteral("-xkbdir"), show.xkbDirectory};
+    return {u"-xkbdir"_s, show.xkbDirectory};
 }
 
 // The application object is yet to come: it needs the server, which needs the arguments.

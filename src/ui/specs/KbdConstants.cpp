@@ -10,8 +10,8 @@
 using namespace Qt::StringLiterals;
 
 const QString KbdConstants::layoutDirectory = QString::fromLatin1(paths::layoutDirectory);
-const QString KbdConstants::specTablePath = layoutDirectory + QLatin1String("kbdSpecs.tab");
-const QString KbdConstants::iconDirectory = layoutDirectory + QLatin1String("icons/");
+const QString KbdConstants::specTablePath = layoutDirectory + "kbdSpecs.tab"_L1;
+const QString KbdConstants::iconDirectory = layoutDirectory + "icons/"_L1;
 
 namespace {
 

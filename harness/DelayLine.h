@@ -1,18 +1,25 @@
 #pragma once
 
+#include <QByteArray>
+
 #include <chrono>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <vector>
 
 // One direction of a connection between two stream sockets: what comes in goes out a fixed time
-// later, in the same pieces. File descriptors that travel with the bytes are handed on.
+// later. File descriptors that travel with the bytes are handed on.
 class DelayLine {
 public:
     using Clock = std::chrono::steady_clock;
 
+    // Gets the bytes that have come, in pieces of any size, and returns those that are to go out
+    // now. It may keep bytes back until more have come.
+    using Filter = std::function<QByteArray(const QByteArray& bytes)>;
+
     // The sockets are borrowed.
-    DelayLine(int inputSocket, int outputSocket, Clock::duration holdBack);
+    DelayLine(int inputSocket, int outputSocket, Clock::duration holdBack, Filter inputFilter);
     ~DelayLine();
     DelayLine(const DelayLine&) = delete;
     DelayLine& operator=(const DelayLine&) = delete;
@@ -37,16 +44,19 @@ public:
 private:
     struct Piece {
         Clock::time_point due;
-        std::vector<char> bytes; // empty: the end of the input
-        std::vector<int> descriptors;
+        QByteArray bytes;
+        std::vector<int> descriptors; // owned
+        bool isEnd = false; // of the input
     };
 
-    void send(Piece& piece);
+    void send(const Piece& piece);
     void end();
 
     int in;
     int out;
     Clock::duration delay;
+    Filter filter;
     std::deque<Piece> waiting;
+    std::vector<int> arrived; // descriptors, owned, that go with the next bytes
     bool inputEnded = false;
 };

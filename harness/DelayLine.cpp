@@ -1,4 +1,4 @@
-#include "DelayLine.h"
+#include "harness/DelayLine.h"
 
 #include <algorithm>
 #include <array>
@@ -6,10 +6,11 @@
 #include <cstring>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
-constexpr std::size_t pieceSize = 65536;
+constexpr qsizetype pieceSize = 65536;
 constexpr std::size_t mostDescriptors = 16; // that X libraries send at once
 
 using ControlBuffer = std::array<char, CMSG_SPACE(mostDescriptors * sizeof(int))>;
@@ -40,34 +41,36 @@ void attach(msghdr& message, ControlBuffer& control, const std::vector<int>& des
     std::memcpy(CMSG_DATA(part), descriptors.data(), size);
 }
 
-void closeAll(std::vector<int>& descriptors)
+void closeAll(const std::vector<int>& descriptors)
 {
     std::for_each(descriptors.begin(), descriptors.end(), close);
-    descriptors.clear();
 }
 
 } // namespace
 
-DelayLine::DelayLine(int inputSocket, int outputSocket, Clock::duration holdBack)
+DelayLine::DelayLine(
+    int inputSocket, int outputSocket, Clock::duration holdBack, Filter inputFilter)
     : in(inputSocket)
     , out(outputSocket)
     , delay(holdBack)
+    , filter(std::move(inputFilter))
 {
 }
 
 DelayLine::~DelayLine()
 {
-    for (Piece& piece : waiting)
+    for (const Piece& piece : waiting)
         closeAll(piece.descriptors);
+    closeAll(arrived);
 }
 
 void DelayLine::receive()
 {
-    Piece piece{Clock::now() + delay, std::vector<char>(pieceSize), {}};
+    QByteArray bytes(pieceSize, Qt::Uninitialized);
     alignas(cmsghdr) ControlBuffer control{};
-    iovec bytes{piece.bytes.data(), piece.bytes.size()};
+    iovec part{bytes.data(), static_cast<std::size_t>(bytes.size())};
     msghdr message{};
-    message.msg_iov = &bytes;
+    message.msg_iov = &part;
     message.msg_iovlen = 1;
     message.msg_control = control.data();
     message.msg_controllen = control.size();
@@ -75,17 +78,20 @@ void DelayLine::receive()
     const ssize_t count = recvmsg(in, &message, MSG_CMSG_CLOEXEC);
     if (count < 0 && errno == EINTR)
         return;
-    piece.descriptors = descriptorsIn(message);
-    piece.bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    const std::vector<int> descriptors = descriptorsIn(message);
+    arrived.insert(arrived.end(), descriptors.begin(), descriptors.end());
+    bytes.truncate(std::max<ssize_t>(count, 0));
     inputEnded = count <= 0;
-    waiting.push_back(std::move(piece));
+    const QByteArray passed = inputEnded ? QByteArray() : filter(bytes);
+    if (inputEnded || !passed.isEmpty())
+        waiting.push_back({Clock::now() + delay, passed, std::exchange(arrived, {}), inputEnded});
 }
 
 void DelayLine::deliver()
 {
     const auto now = Clock::now();
     while (!waiting.empty() && waiting.front().due <= now) {
-        Piece piece = std::move(waiting.front());
+        const Piece piece = std::move(waiting.front());
         waiting.pop_front();
         send(piece);
         closeAll(piece.descriptors);
@@ -97,14 +103,15 @@ std::optional<DelayLine::Clock::time_point> DelayLine::nextDelivery() const
     return waiting.empty() ? std::nullopt : std::make_optional(waiting.front().due);
 }
 
-void DelayLine::send(Piece& piece)
+void DelayLine::send(const Piece& piece)
 {
-    if (piece.bytes.empty())
+    if (piece.isEnd)
         return end();
     alignas(cmsghdr) ControlBuffer control{};
-    std::size_t sent = 0;
+    qsizetype sent = 0;
     while (sent < piece.bytes.size()) {
-        iovec bytes{piece.bytes.data() + sent, piece.bytes.size() - sent};
+        const QByteArray left = piece.bytes.sliced(sent);
+        iovec bytes{const_cast<char*>(left.data()), static_cast<std::size_t>(left.size())};
         msghdr message{};
         message.msg_iov = &bytes;
         message.msg_iovlen = 1;
@@ -115,7 +122,7 @@ void DelayLine::send(Piece& piece)
             continue;
         if (count < 0)
             return end();
-        sent += static_cast<std::size_t>(count);
+        sent += count;
     }
 }
 
