@@ -14,7 +14,7 @@ constexpr auto lookAgain = 5ms;
 
 SlowDisplay::SlowDisplay(const QByteArray& display, std::chrono::milliseconds delay)
     : link({KBD_SLOW_LINK, display, QByteArray::number(static_cast<int>(delay.count()))},
-        currentEnvironment())
+          currentEnvironment())
 {
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (!link.output().endsWith('\n') && std::chrono::steady_clock::now() < deadline)
