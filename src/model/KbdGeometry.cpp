@@ -75,6 +75,21 @@ void lightIndicators(const KeyboardItems& items, const ModifierState& state)
     }
 }
 
+// One lamp only, also where the mask belongs to more than one lock.
+void switchIndicator(const KeyboardItems& items, const ModifierState& state, ShiftMask_t mask)
+{
+    for (const Lock lock : state.locksWith(mask)) {
+        if (KbdDoodad* indicator = items.indicatorOf(lock))
+            return indicator->setActive(state.modifiers() & mask);
+    }
+}
+
+// A button that such a key pressed would press at the pointer, which is on the key.
+bool worksPointer(const KbdKey* key, const CoreKeyboard& server)
+{
+    return key && key->symbols().hasPointerAction() && server.hasMouseKeysOn();
+}
+
 } // namespace
 
 KbdGeometry::KbdGeometry( // NOLINT(readability-function-size): the parameters are given
@@ -300,22 +315,13 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
         return;
     if (!takesServersLock)
         server->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
-    switchIndicator(mask);
+    switchIndicator(*keyboardItems, modifierState, mask);
 }
 
 void KbdGeometry::showModifiers()
 {
     for (KbdKey* key : keyboardItems->allKeys())
         key->setCurrentModifiers(modifierState.modifiers());
-}
-
-// Switches one lamp only, also where the mask belongs to more than one lock.
-void KbdGeometry::switchIndicator(ShiftMask_t mask)
-{
-    for (const Lock lock : modifierState.locksWith(mask)) {
-        if (KbdDoodad* indicator = keyboardItems->indicatorOf(lock))
-            return indicator->setActive(modifierState.modifiers() & mask);
-    }
 }
 
 void KbdGeometry::x11LockStateChangedIn()
@@ -371,24 +377,11 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
     const bool isAnyHeld = modifierState.heldModifiers() != 0;
     const QList<KeyCode> modifierKeys =
         isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>();
-    if (worksPointer(x11Keycode))
-        typeWithoutMouseKeys(x11Keycode, modifierKeys);
-    else
-        sender->pressThroughXTest(x11Keycode, modifierKeys);
-}
-
-bool KbdGeometry::worksPointer(KeyCode keycode) const
-{
-    const KbdKey* key = keyboardItems->keyOf(keycode);
-    return key && key->symbols().hasPointerAction() && server->hasMouseKeysOn();
-}
-
-// A button that such a key pressed would press at the pointer, which is on the key. The key is
-// released before mouse keys are on again: when it repeats, it would work the pointer, too.
-void KbdGeometry::typeWithoutMouseKeys(KeyCode keycode, const QList<KeyCode>& modifierKeys)
-{
+    if (!worksPointer(keyboardItems->keyOf(x11Keycode), *server))
+        return sender->pressThroughXTest(x11Keycode, modifierKeys);
+    // Released before mouse keys are on again: a key that repeats would work the pointer, too.
     server->setMouseKeys(false);
-    sender->typeThroughXTest(keycode, modifierKeys);
+    sender->typeThroughXTest(x11Keycode, modifierKeys);
     server->setMouseKeys(true);
 }
 

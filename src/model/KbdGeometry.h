@@ -43,7 +43,6 @@ public:
     KbdGeometry(QString model, QString layout, QString variant, QString options,
         XkbComponentNamesRec* names, bool wantXTest, QWidget* parent);
     ~KbdGeometry() override;
-    Q_DISABLE_COPY(KbdGeometry)
 
     // The keymap's descriptions of its groups, untranslated, and the layouts of its symbols name.
     QStringList groupNames() const;
@@ -55,28 +54,24 @@ public:
 
     void click(KbdKey* key); // what a click of the mouse does: presses and releases it
 
-    // The modifiers that are held or locked, and the group that is shown.
+    // Held or locked; and the group that is shown.
     ShiftMask_t modifiers() const { return modifierState.modifiers(); }
     KeyGroup_t group() const { return modifierState.group(); }
 
-    // 1 takes the colours for paper, 0 those for the screen. Does not repaint.
-    void setPrintMode(quint8 print);
+    void setPrintMode(quint8 print); // colours: 1 for paper, 0 for the screen. Does not repaint
 
     // The observer is called on the main thread when another program, or a key, has locked another
     // group of this keyboard in the server and the picture shows it. No signal: those are given.
     using GroupObserver = std::function<void(KeyGroup_t)>;
     void observeGroup(GroupObserver observer) { groupObserver = std::move(observer); }
 
-    // To begin with: the group that was locked in the server when this keyboard was loaded, or the
-    // one shown where the server has another keyboard.
+    // The group that was locked in the server when this keyboard was loaded, or the one shown where
+    // the server has another keyboard.
     KeyGroup_t firstGroup() const;
 
-    // For the time when this program no longer hears of the physical keyboard: shows no key as
-    // pressed.
+    // Shows no key as pressed, for a time without key events; and, after a short one, only those
+    // that are down still, which it asks the server.
     void releasePhysicalKeys();
-
-    // The physical keyboard is in sight again: keys shown as pressed that have gone up meanwhile
-    // are released. Asks the server.
     void releaseKeysThatAreUp();
 
     QSizeF pictureSize() const { return sceneRect().size(); } // in units of the scene
@@ -85,21 +80,20 @@ signals:
     // A key went down or up, physically or by a click: its label and the name of its keysym.
     void virtualKeyPress(QString& symbol, QString& desc);
     void virtualKeyRelease(QString& symbol, QString& desc);
-
     void newFlagFilename(QString filename); // see setFlagFilename
     void newScale(qreal scale); // after every change of size: pixels of the screen in one unit
 
 public slots:
-    // The caps carry all their characters, or the active one only.
-    void setMultishiftDisplay(bool isMulti);
-
+    void setMultishiftDisplay(bool isMulti); // all characters on the caps, or the active one only
     void setGroupNum(KeyGroup_t groupNum); // shows this group and locks it in the server
 
-    // Type the key, with the modifiers that are held on the picture.
+    // Press and release the key in the focused window, with the held modifiers around it: through
+    // XTest, or by sent events. Under mouse keys a key that would work the pointer goes up at once.
     void synthesizeKeyPress(KeyCode x11Keycode);
     void synthesizeKeyRelease(KeyCode x11Keycode);
 
-    // A physical key went down or up. The event is borrowed and read during the call only.
+    // A key event of the server, of a physical key or of one typed through XTest while our window
+    // has the focus. The event is borrowed and read during the call only.
     void x11KeyPressEventIn(XKeyEvent* event);
     void x11KeyReleaseEventIn(XKeyEvent* event);
 
@@ -114,16 +108,16 @@ public slots:
     void setFlagFilename(QString filename);
 
     // Works the modifiers out anew from the keys pressed on the picture and shows them on every
-    // key. For a lock key (type XkbSA_LockMods) it also locks them in the server, unless the server
-    // has told of them, and switches the lamp of the mask.
+    // key. Where the key's type is XkbSA_LockMods, it also locks them in the server, unless a
+    // physical key is being reported, and switches the lamp of the mask.
     void adjustModifierState(KeyType_t type, ShiftMask_t mask);
 
-    // A modifier key went down or up, physically or by a click. Of a lock key only presses count.
+    // A modifier key went down or up, physically or by a click. Of one with the modifier of Caps,
+    // Num or Scroll Lock only presses count.
     void modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
     void modifierReleased(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
 
-    // Go on as virtualKeyPress and virtualKeyRelease.
-    void gotVirtualKeyPress(QString& symbol, QString& desc);
+    void gotVirtualKeyPress(QString& symbol, QString& desc); // go on as virtualKeyPress, …Release
     void gotVirtualKeyRelease(QString& symbol, QString& desc);
 
 protected:
@@ -137,18 +131,15 @@ private:
     void releaseClickedKeys();
     void load(const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest);
     void showModifiers();
-    void switchIndicator(ShiftMask_t mask);
     void showGroup(KeyGroup_t group);
     bool serverHasThisManyGroups() const;
-    bool worksPointer(KeyCode keycode) const;
-    void typeWithoutMouseKeys(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
     std::unique_ptr<const CoreKeyboard> server;
     std::unique_ptr<const LoadedKeyboard> keyboard;
-    QGraphicsScene* keyboardScene;
+    QGraphicsScene* keyboardScene; // a child of this view; outlives the items
     std::unique_ptr<KeyboardItems> keyboardItems; // below what it borrows
-    std::unique_ptr<KeySender> sender; // goes first and releases what it holds
     std::unique_ptr<KeyPresses> keyPresses;
+    std::unique_ptr<KeySender> sender; // goes before the items and releases what it holds
     ModifierState modifierState;
     KeyGroup_t groupAtLoad = 0; // locked in the server
     bool useXTest = false;

@@ -10,7 +10,8 @@ class QMouseEvent;
 
 // Turns presses of mouse buttons and fingers on the picture into presses of its keys, and keeps
 // which of them holds which key down. Every key that is pressed is released: when the button or
-// finger goes up, when a finger slides off the key, or at the latest by releaseAll().
+// finger goes up, when a finger slides off the key, or at the latest by releaseAll(). The
+// destructor releases none: the view's KeySender does.
 class KeyPresses final : private PointerPresses::Receiver {
 public:
     // The view shows the keys; it is borrowed and outlives this object.
@@ -19,9 +20,9 @@ public:
     // To be called whenever the view is shown.
     void watch() { presses.watch(); }
 
-    // Mouse events of Qt, double clicks among the presses. Those of a press that has come straight
-    // from the device already change nothing. The release of any other button lets go of every key
-    // that the mouse holds.
+    // Mouse events of Qt, double clicks among the presses. A press that has already come straight
+    // from its device is ignored, and so is its release. The release of any button that was pressed
+    // through Qt lets go of every key that a mouse holds, whatever button pressed it; fingers stay.
     void mousePressed(const QMouseEvent& event);
     void mouseReleased(const QMouseEvent& event);
 
@@ -31,7 +32,8 @@ public:
     // No key stays down: the picture goes out of sight, or its keys go.
     void releaseAll();
 
-    // The server's time of the last press or release, in milliseconds.
+    // In milliseconds: the server's time of the last press or release, counted on by one for each
+    // press and release of click(); 0 before the first.
     Time lastTime() const { return time; }
 
 private:

@@ -27,8 +27,9 @@ class MainWindow : public QMainWindow {
 
 public:
     // The keyboard to show at first: its settings, and its components, which are only read.
-    // wantXTest: clicked keys go to other programs' windows.
-    // Throws KbdGeometry::ExceptionType.
+    // wantXTest: clicked keys are typed by the server (XTest, where it has it), else sent as events
+    // to the focused window. A keyboard chosen later always wants XTest. Throws
+    // KbdGeometry::ExceptionType.
     MainWindow(const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest);
 
     // The same with the settings side by side and by value, a signature that is given.
@@ -57,10 +58,12 @@ public:
     // nothing where the table has no such keyboard. The options do not count.
     void selectKeyboard(const KeyboardSettings& shown);
 
-    // The selector's current entry, without options; nothing where there is no table.
+    // The first keyboard of the selector's current entry, without options (of the last entry the
+    // selector's defaults); all empty where there is no table.
     KeyboardSettings chosenKeyboard() const;
 
-    // The picture shown now; replaced with every choice of a keyboard.
+    // The picture shown now, owned by the window; replaced with every choice of a keyboard, and
+    // null after newKbdSelected has thrown.
     KbdGeometry* picture() const { return view; }
 
 signals:
@@ -88,9 +91,10 @@ public slots:
     // Asks for a printer and prints the picture; `checked` is ignored.
     void printButtonClicked(bool checked);
 
-    // Replaces the keyboard by the one that spec, which the selector owns, describes. Changes
-    // nothing when setxkbmap gives no components for it. Throws KbdGeometry::ExceptionType when the
-    // server makes no keyboard of them; the window then has no picture.
+    // Replaces the keyboard by the one that spec, which the selector owns, describes. Blocks until
+    // setxkbmap has ended, 30 seconds at most. Where that gives no components the picture stays,
+    // but the selector shows spec. Throws KbdGeometry::ExceptionType when the server makes no
+    // keyboard of them; the window then has no picture.
     void newKbdSelected(kbdSpec_t* spec);
 
     // What happened to the server's keyboard.

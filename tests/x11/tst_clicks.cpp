@@ -1,10 +1,10 @@
 #include "app/KbdApp.h"
-#include "harness/ExtensionHider.h"
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/PrivateServer.h"
 #include "harness/WindowManager.h"
 #include "harness/XErrors.h"
+#include "harness/XProxy.h"
 #include "harness/XTools.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
@@ -91,7 +91,7 @@ private:
     std::array<QByteArray, 2> arguments{"tst_clicks", ""};
     std::array<char*, 3> argumentVector{};
     std::unique_ptr<WindowManager> manager;
-    std::unique_ptr<ExtensionHider> hider;
+    std::unique_ptr<XProxy> hider;
     std::unique_ptr<KbdApp> application;
     std::unique_ptr<KeyTargetProcess> target;
 };
@@ -259,7 +259,7 @@ void ClicksTest::noneIsLostWhileTheWindowManagerIsLate()
 
 void ClicksTest::oneTypesWithoutTheInputExtension()
 {
-    hider = std::make_unique<ExtensionHider>(display, "XInputExtension");
+    hider = std::make_unique<XProxy>(display, hidingExtension("XInputExtension"));
     QVERIFY(start("--tofocus", hider->display()));
     QVERIFY(startTarget());
     for (const char* name : row)
@@ -283,7 +283,7 @@ void ClicksTest::noKeyStaysDownWhenTheKeyboardChangesUnderAButton()
     QFETCH(bool, hasInputExtension);
     QFETCH(bool, isReleasedLate);
     if (!hasInputExtension)
-        hider = std::make_unique<ExtensionHider>(display, "XInputExtension");
+        hider = std::make_unique<XProxy>(display, hidingExtension("XInputExtension"));
     QVERIFY(start("--standalone", hider ? hider->display() : display));
     // The first picture of the try-out mode sends its keys to the window alone.
     kbdSpec_t german = germanSpec();

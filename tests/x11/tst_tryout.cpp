@@ -252,14 +252,14 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 void TryOutTest::aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo()
 {
     physicalKey(XK_b, true);
-    QTRY_VERIFY(keyNamed("AB05")->isPressed());
+    QTRY_VERIFY(key("AB05")->isPressed());
     XSetInputFocus(
         display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
     physicalKey(XK_b, false);
     XSetInputFocus(display.get(), window()->winId(), RevertToPointerRoot, CurrentTime);
     stroke(XK_n);
     QTRY_COMPARE(typed().right(1), QStringLiteral("n"));
-    QVERIFY(!keyNamed("AB05")->isPressed());
+    QVERIFY(!key("AB05")->isPressed());
 }
 
 // The new picture types through XTest, and its own window gets the modifiers around each key.
