@@ -83,20 +83,19 @@ void measureKey(
 
 } // namespace
 
-KeyFigures measureKeys(Desktop& desktop, Program& ours, Program& bare, int rounds, int presses)
+KeyFigures measureKeys(Desktop& desktop, const Programs& programs, int rounds, int presses)
 {
-    KeyFigures figures;
-    const auto measure = [&](Program& program, Samples& oneKey, Samples& allLabels) {
-        program.startUntilPainted();
-        desktop.waitForFocus(program.window());
-        desktop.screen().waitForQuiet();
-        measureKey(desktop, program.area(), letter, presses, oneKey);
-        measureKey(desktop, program.area(), shift, presses, allLabels);
-        program.stop();
-    };
-    for (int i = 0; i < rounds; ++i) {
-        measure(ours, figures.oneKey.ours, figures.allLabels.ours);
-        measure(bare, figures.oneKey.other, figures.allLabels.other);
+    KeyFigures figures{Series(programs.size()), Series(programs.size())};
+    for (int round = 0; round < rounds; ++round) {
+        for (std::size_t i = 0; i < programs.size(); ++i) {
+            Program& program = *programs[i];
+            program.startUntilPainted();
+            desktop.waitForFocus(program.window());
+            desktop.screen().waitForQuiet();
+            measureKey(desktop, program.area(), letter, presses, figures.oneKey[i]);
+            measureKey(desktop, program.area(), shift, presses, figures.allLabels[i]);
+            program.stop();
+        }
     }
     return figures;
 }

@@ -91,6 +91,6 @@ PackageFigures measurePackageTests(Desktop& desktop, const ProgramSetup& asShipp
     figures.testsWithoutNames = countTests(desktop, plain);
     Program withTests(desktop, asShipped);
     Program withoutTests(desktop, plain);
-    figures.start = measureStart(withTests, withoutTests, runs).start;
+    figures.start = measureStart({&withTests, &withoutTests}, runs).start;
     return figures;
 }

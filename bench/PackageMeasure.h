@@ -7,7 +7,7 @@
 struct PackageFigures {
     int testsAsShipped = 0; // runs of dpkg at one start, with the keyboard table as it is
     int testsWithoutNames = 0; // the same with a table without names in a native script
-    Compared start; // with the one table and with the other, milliseconds
+    Series start; // with the one table and with the other, milliseconds
 };
 
 // `program` is started in its directory with the table that is there, in turns with a directory
