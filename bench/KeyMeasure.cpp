@@ -8,6 +8,9 @@ namespace {
 
 using Clock = ScreenWatch::Clock;
 
+// A picture of many pixels takes its time where the machine is busy.
+constexpr std::chrono::milliseconds surelyPainted(500);
+
 // A key and what is to be seen of its press.
 struct KeyCase {
     unsigned int keycode;
@@ -52,7 +55,7 @@ ScreenLines learnChanges(Desktop& desktop, const QRect& area, const KeyCase& key
     const ScreenImage before = desktop.screen().grab(area);
     desktop.screen().forgetPaints();
     key.press();
-    desktop.screen().waitForQuiet();
+    desktop.screen().waitForQuiet(surelyPainted);
     const ScreenImage after = desktop.screen().grab(area);
     key.release();
     return keyCase.changes(before, after);

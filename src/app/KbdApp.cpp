@@ -17,6 +17,7 @@
 #include "x11/qt/ToolkitDisplay.h"
 #include "x11/qt/XcbEventBridge.h"
 
+#include <QFontMetrics>
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
@@ -93,6 +94,13 @@ void assign(char*& target, const char* text)
 bool startsWith(const char* text, const std::string& prefix)
 {
     return std::strncmp(text, prefix.c_str(), prefix.size()) == 0;
+}
+
+// Qt reads the font configuration when the first text is measured, which takes as long as
+// setxkbmap: so it is done while that runs.
+void loadFonts()
+{
+    QFontMetrics(QGuiApplication::font()).horizontalAdvance(u'x');
 }
 
 KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
@@ -294,7 +302,9 @@ void KbdApp::usage(const char* program, int code)
 XkbComponentNamesRec* KbdApp::getComponentNames()
 {
     auto names = std::make_unique<XkbComponentNamesRec>();
-    if (!queryComponentNames(names.get(), toolkitDisplay(), settings)) {
+    ComponentQuery query(toolkitDisplay(), settings);
+    loadFonts();
+    if (!query.answer(names.get())) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.
         throw hasKeyboardExtension() ? RulesError : XkbInitError;
