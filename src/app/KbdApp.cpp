@@ -96,11 +96,12 @@ bool startsWith(const char* text, const std::string& prefix)
     return std::strncmp(text, prefix.c_str(), prefix.size()) == 0;
 }
 
-// Qt reads the font configuration when the first text is measured, which takes as long as
-// setxkbmap: so it is done while that runs.
+// Qt reads the font configuration when the first text is measured, and looks for other fonts at the
+// first character that the usual one may lack, such as an arrow. This takes as long as setxkbmap:
+// so it is done while that runs.
 void loadFonts()
 {
-    QFontMetrics(QGuiApplication::font()).horizontalAdvance(u'x');
+    QFontMetrics(QGuiApplication::font()).horizontalAdvance(u"x\u2190"_s);
 }
 
 KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)

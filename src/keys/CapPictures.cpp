@@ -30,7 +30,8 @@ void CapPictures::paint(
     const QTransform toDevice = painter->deviceTransform();
     if (toDevice.type() > QTransform::TxScale)
         return draw(painter);
-    const QRect pixels = toDevice.mapRect(area).toAlignedRect();
+    // A line is at least a pixel wide, however small the picture.
+    const QRect pixels = toDevice.mapRect(area).toAlignedRect().adjusted(-1, -1, 1, 1);
     const QTransform toPicture =
         toDevice * QTransform::fromTranslate(-pixels.left(), -pixels.top());
     const QPixmap* picture = find(face, toPicture);
