@@ -10,7 +10,6 @@
 #include "ChoiceMeasure.h"
 #include "ClickMeasure.h"
 #include "KeyMeasure.h"
-#include "PackageMeasure.h"
 #include "StartMeasure.h"
 #include "Table.h"
 
@@ -129,28 +128,6 @@ Table compareChoice(Desktop& desktop, const Bench& bench)
     return table;
 }
 
-// A table that is installed is read instead of ours.
-Table countPackageTests(Desktop& desktop, const Bench& bench)
-{
-    Table table("Names in native scripts in the table", {"with", "without", "share"});
-    if (QFile::exists(QStringLiteral("/usr/share/orvix-keyboard-layout/kbdSpecs.tab"))) {
-        table.addRow("not measured: an installed table is read", {});
-        return table;
-    }
-    say("font package tests");
-    const PackageFigures figures =
-        measurePackageTests(desktop, bench.setup("--standalone"), bench.runs);
-    table.addRow("Runs of dpkg at a start",
-        {QByteArray::number(figures.testsAsShipped),
-            QByteArray::number(figures.testsWithoutNames)});
-    const double with = median(figures.start[0]);
-    const double without = median(figures.start[1]);
-    table.addRow("Start to painted window, --standalone",
-        {Table::number(with, "ms"), Table::number(without, "ms"),
-            Table::number(100 * (with - without) / with, "%")});
-    return table;
-}
-
 void run(const Bench& bench)
 {
     double load = 0;
@@ -160,10 +137,9 @@ void run(const Bench& bench)
     const Table toFocus = compareToFocus(desktop, bench);
     const Table keys4K = compareKeys4K(bench);
     const Table choice = compareChoice(desktop, bench);
-    const Table packages = countPackageTests(desktop, bench);
     std::printf("Medians of %d runs in turns; Qt %s, %u processors, load %.1f at the beginning\n",
         bench.runs, qVersion(), std::thread::hardware_concurrency(), load);
-    for (const Table& table : {tryOut, toFocus, keys4K, choice, packages})
+    for (const Table& table : {tryOut, toFocus, keys4K, choice})
         std::printf("\n%s", table.text().constData());
 }
 
