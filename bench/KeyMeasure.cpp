@@ -34,7 +34,7 @@ public:
     void release()
     {
         send(false);
-        desktop.screen().waitForQuiet();
+        desktop.screen().waitForQuiet(surelyPainted);
     }
 
 private:
