@@ -7,18 +7,27 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int columns = 15;
 constexpr int rows = 7;
 constexpr int gap = 4; // pixels between rectangles
 
+constexpr int corner = 4; // radius in pixels
+constexpr int letters = 26;
+
 constexpr unsigned int sentKeycode = 38;
+
+constexpr QColor litColour(204, 102, 102);
+constexpr QColor keyColour(68, 68, 68);
 
 } // namespace
 
-BareWindow::BareWindow(const QSize& size, bool sendsKeys)
-    : keysGoElsewhere(sendsKeys)
+BareWindow::BareWindow(const QSize& size, Look wantedLook, bool sendsKeys)
+    : look(wantedLook)
+    , keysGoElsewhere(sendsKeys)
 {
     if (keysGoElsewhere) {
         setWindowFlag(Qt::WindowDoesNotAcceptFocus);
@@ -38,12 +47,29 @@ QRect BareWindow::rectangle(int index) const
 void BareWindow::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing, look == Look::Lettered);
     for (int i = 0; i < rows * columns; ++i) {
         if (!event->rect().intersects(rectangle(i)))
             continue;
-        painter.fillRect(
-            rectangle(i), allLit || i == litIndex ? QColor(204, 102, 102) : QColor(68, 68, 68));
+        if (look == Look::Lettered)
+            drawLettered(painter, i);
+        else
+            painter.fillRect(rectangle(i), isLit(i) ? litColour : keyColour);
     }
+}
+
+void BareWindow::drawLettered(QPainter& painter, int index) const
+{
+    QFont font = painter.font();
+    font.setPixelSize(std::max(1, rectangle(index).height() / 2));
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.setBrush(isLit(index) ? litColour : keyColour);
+    painter.drawRoundedRect(rectangle(index), corner, corner);
+    painter.setPen(Qt::white);
+    const char first = shifted ? 'A' : 'a';
+    painter.drawText(
+        rectangle(index), Qt::AlignCenter, QString(QLatin1Char(char(first + index % letters))));
 }
 
 void BareWindow::keyPressEvent(QKeyEvent* event)
@@ -59,7 +85,7 @@ void BareWindow::keyReleaseEvent(QKeyEvent* event)
 void BareWindow::light(const QKeyEvent& event, bool on)
 {
     if (event.key() == Qt::Key_Shift) {
-        allLit = on;
+        shifted = on;
         return update();
     }
     const int index = static_cast<int>(event.nativeScanCode() % (rows * columns));

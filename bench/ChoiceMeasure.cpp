@@ -11,23 +11,23 @@ using namespace std::chrono_literals;
 constexpr auto patience = 60s;
 
 // The lines "choice <milliseconds>" and "tools <milliseconds>" that kbd-choose-layout prints.
-Compared figuresIn(const QByteArray& output)
+Series figuresIn(const QByteArray& output)
 {
-    Compared figures;
+    Series figures(2);
     const QByteArrayList lines = output.split('\n');
     for (const QByteArray& line : lines) {
         const QByteArrayList words = line.split(' ');
         if (words.first() == "choice")
-            figures.ours.push_back(words.last().toDouble());
+            figures[0].push_back(words.last().toDouble());
         else if (words.first() == "tools")
-            figures.other.push_back(words.last().toDouble());
+            figures[1].push_back(words.last().toDouble());
     }
     return figures;
 }
 
 } // namespace
 
-Compared measureChoice(Desktop& desktop, const QString& directory, int runs)
+Series measureChoice(Desktop& desktop, const QString& directory, int runs)
 {
     QDir::setCurrent(directory);
     ChildProcess chooser({KBD_BENCH_CHOOSE_LAYOUT, QByteArray::number(runs)},
@@ -36,8 +36,8 @@ Compared measureChoice(Desktop& desktop, const QString& directory, int runs)
     while (chooser.isRunning() && ScreenWatch::Clock::now() < deadline)
         desktop.screen().waitForQuiet();
 
-    const Compared figures = figuresIn(chooser.output());
-    if (figures.ours.empty() || figures.other.empty())
+    const Series figures = figuresIn(chooser.output());
+    if (figures[0].empty() || figures[1].empty())
         throw std::runtime_error("no layout is chosen: " + chooser.output().toStdString());
     return figures;
 }

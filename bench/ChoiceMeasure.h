@@ -6,4 +6,4 @@
 // From the choice of another layout in the window to its picture painted, against what the tools
 // need that stand under it (one setxkbmap -print, one keyboard compiled by the server, one repaint
 // of a bare window of that size), in milliseconds. `runs` of each, in turns, in one process.
-Compared measureChoice(Desktop& desktop, const QString& directory, int runs);
+Series measureChoice(Desktop& desktop, const QString& directory, int runs);

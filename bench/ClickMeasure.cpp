@@ -88,10 +88,10 @@ double measureClick(Desktop& desktop, KeyTargetWindow& target)
 
 } // namespace
 
-Compared measureClicks(Desktop& desktop, Program& ours, Program& bare, int rounds, int clicks)
+Series measureClicks(Desktop& desktop, const Programs& programs, int rounds, int clicks)
 {
     KeyTargetWindow target(desktop);
-    Compared figures;
+    Series figures(programs.size());
     const auto measure = [&](Program& program, Samples& samples) {
         program.startUntilPainted();
         target.takeFocus();
@@ -102,9 +102,9 @@ Compared measureClicks(Desktop& desktop, Program& ours, Program& bare, int round
             samples.push_back(measureClick(desktop, target));
         program.stop();
     };
-    for (int i = 0; i < rounds; ++i) {
-        measure(ours, figures.ours);
-        measure(bare, figures.other);
+    for (int round = 0; round < rounds; ++round) {
+        for (std::size_t i = 0; i < programs.size(); ++i)
+            measure(*programs[i], figures[i]);
     }
     return figures;
 }

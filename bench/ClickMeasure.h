@@ -5,4 +5,4 @@
 
 // From the click on a key of the picture to the key's event at a window of our own, which has the
 // focus, in milliseconds. In turns: `rounds` starts of each program and `clicks` in each of them.
-Compared measureClicks(Desktop& desktop, Program& ours, Program& bare, int rounds, int clicks);
+Series measureClicks(Desktop& desktop, const Programs& programs, int rounds, int clicks);

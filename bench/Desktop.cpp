@@ -29,8 +29,10 @@ bool waitUntil(ScreenWatch& screen, Condition condition)
 
 } // namespace
 
-Desktop::Desktop()
-    : windowManager("openbox", server.display())
+Desktop::Desktop(const QSize& screenSize)
+    : server({QStringLiteral("-screen"), QStringLiteral("0"),
+          QStringLiteral("%1x%2x24").arg(screenSize.width()).arg(screenSize.height())})
+    , windowManager("openbox", server.display())
     , connection(openDisplay(server.display()))
     , watch(server.display())
 {

@@ -15,7 +15,8 @@
 // runs on it finds in its environment.
 class Desktop {
 public:
-    Desktop();
+    // The screen's size in pixels.
+    explicit Desktop(const QSize& screenSize);
 
     QByteArray displayName() const { return server.display(); }
 

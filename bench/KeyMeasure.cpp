@@ -8,6 +8,9 @@ namespace {
 
 using Clock = ScreenWatch::Clock;
 
+// A picture of many pixels takes its time where the machine is busy.
+constexpr std::chrono::milliseconds surelyPainted(500);
+
 // A key and what is to be seen of its press.
 struct KeyCase {
     unsigned int keycode;
@@ -31,7 +34,7 @@ public:
     void release()
     {
         send(false);
-        desktop.screen().waitForQuiet();
+        desktop.screen().waitForQuiet(surelyPainted);
     }
 
 private:
@@ -52,7 +55,7 @@ ScreenLines learnChanges(Desktop& desktop, const QRect& area, const KeyCase& key
     const ScreenImage before = desktop.screen().grab(area);
     desktop.screen().forgetPaints();
     key.press();
-    desktop.screen().waitForQuiet();
+    desktop.screen().waitForQuiet(surelyPainted);
     const ScreenImage after = desktop.screen().grab(area);
     key.release();
     return keyCase.changes(before, after);
@@ -83,20 +86,19 @@ void measureKey(
 
 } // namespace
 
-KeyFigures measureKeys(Desktop& desktop, Program& ours, Program& bare, int rounds, int presses)
+KeyFigures measureKeys(Desktop& desktop, const Programs& programs, int rounds, int presses)
 {
-    KeyFigures figures;
-    const auto measure = [&](Program& program, Samples& oneKey, Samples& allLabels) {
-        program.startUntilPainted();
-        desktop.waitForFocus(program.window());
-        desktop.screen().waitForQuiet();
-        measureKey(desktop, program.area(), letter, presses, oneKey);
-        measureKey(desktop, program.area(), shift, presses, allLabels);
-        program.stop();
-    };
-    for (int i = 0; i < rounds; ++i) {
-        measure(ours, figures.oneKey.ours, figures.allLabels.ours);
-        measure(bare, figures.oneKey.other, figures.allLabels.other);
+    KeyFigures figures{Series(programs.size()), Series(programs.size())};
+    for (int round = 0; round < rounds; ++round) {
+        for (std::size_t i = 0; i < programs.size(); ++i) {
+            Program& program = *programs[i];
+            program.startUntilPainted();
+            desktop.waitForFocus(program.window());
+            desktop.screen().waitForQuiet();
+            measureKey(desktop, program.area(), letter, presses, figures.oneKey[i]);
+            measureKey(desktop, program.area(), shift, presses, figures.allLabels[i]);
+            program.stop();
+        }
     }
     return figures;
 }

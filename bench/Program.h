@@ -44,3 +44,6 @@ private:
     ScreenLines paintedLines;
     std::unique_ptr<ChildProcess> process;
 };
+
+// What is compared, ours first; borrowed.
+using Programs = std::vector<Program*>;

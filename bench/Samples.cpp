@@ -12,7 +12,7 @@ double median(Samples samples)
     return samples.size() % 2 == 1 ? samples[middle] : (samples[middle - 1] + samples[middle]) / 2;
 }
 
-double Compared::ratio() const
+double ratioTo(const Series& series, std::size_t other)
 {
-    return median(ours) / median(other);
+    return median(series.front()) / median(series[other]);
 }

@@ -5,13 +5,11 @@
 // What was measured in each run.
 using Samples = std::vector<double>;
 
-// Of ours and of what it is compared with, taken in turns.
-struct Compared {
-    Samples ours;
-    Samples other;
-
-    double ratio() const;
-};
+// Of several things, taken in turns: ours first, then what it is compared with.
+using Series = std::vector<Samples>;
 
 // Not a number when there are no samples.
 double median(Samples samples);
+
+// The median of ours divided by that of another of the series.
+double ratioTo(const Series& series, std::size_t other);

@@ -17,34 +17,30 @@ double startOnce(Program& program, const QByteArray& display)
 
 } // namespace
 
-StartFigures measureStart(Program& ours, Program& bare, int runs)
+StartFigures measureStart(const Programs& programs, int runs)
 {
-    StartFigures figures;
-    const auto measure = [](Program& program, Samples& start, Samples& memory) {
-        start.push_back(program.startUntilPainted());
-        memory.push_back(program.memory());
-        program.stop();
-    };
-    for (int i = 0; i < runs; ++i) {
-        measure(ours, figures.start.ours, figures.memory.ours);
-        measure(bare, figures.start.other, figures.memory.other);
+    StartFigures figures{Series(programs.size()), Series(programs.size())};
+    for (int run = 0; run < runs; ++run) {
+        for (std::size_t i = 0; i < programs.size(); ++i) {
+            figures.start[i].push_back(programs[i]->startUntilPainted());
+            figures.memory[i].push_back(programs[i]->memory());
+            programs[i]->stop();
+        }
     }
     return figures;
 }
 
-Compared measureRoundTrips(Desktop& desktop, Program& ours, Program& bare, int runs)
+Series measureRoundTrips(Desktop& desktop, const Programs& programs, int runs)
 {
     const SlowDisplay fast(desktop.displayName(), 0ms);
     const SlowDisplay slow(desktop.displayName(), lineDelay);
-    Compared roundTrips;
-    const auto measure = [&](Program& program, Samples& samples) {
-        const double longer =
-            startOnce(program, slow.display()) - startOnce(program, fast.display());
-        samples.push_back(longer / static_cast<double>(2 * lineDelay.count()));
-    };
-    for (int i = 0; i < runs; ++i) {
-        measure(ours, roundTrips.ours);
-        measure(bare, roundTrips.other);
+    Series roundTrips(programs.size());
+    for (int run = 0; run < runs; ++run) {
+        for (std::size_t i = 0; i < programs.size(); ++i) {
+            const double longer =
+                startOnce(*programs[i], slow.display()) - startOnce(*programs[i], fast.display());
+            roundTrips[i].push_back(longer / static_cast<double>(2 * lineDelay.count()));
+        }
     }
     return roundTrips;
 }

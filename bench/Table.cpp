@@ -3,7 +3,7 @@
 namespace {
 
 constexpr int nameWidth = 44;
-constexpr int cellWidth = 14;
+constexpr int cellWidth = 11;
 
 } // namespace
 
@@ -14,11 +14,14 @@ Table::Table(const QByteArray& title, const QByteArrayList& headings)
 }
 
 void Table::addComparison(
-    const QByteArray& name, const Compared& figures, const QByteArray& unit, const QByteArray& aim)
+    const QByteArray& name, const Series& figures, const QByteArray& unit, const QByteArray& aim)
 {
-    addRow(name,
-        {number(median(figures.ours), unit), number(median(figures.other), unit),
-            QByteArray::number(figures.ratio(), 'f', 2), aim});
+    QByteArrayList cells;
+    for (const Samples& samples : figures)
+        cells << number(median(samples), unit);
+    for (std::size_t other = 1; other < figures.size(); ++other)
+        cells << QByteArray::number(ratioTo(figures, other), 'f', 2);
+    addRow(name, cells << aim);
 }
 
 void Table::addRow(const QByteArray& name, const QByteArrayList& cells)

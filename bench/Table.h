@@ -10,8 +10,9 @@ public:
     // The headings of the columns after the first.
     Table(const QByteArray& title, const QByteArrayList& headings);
 
-    // Name, medians of ours and of the other, their ratio, and what it should be.
-    void addComparison(const QByteArray& name, const Compared& figures, const QByteArray& unit,
+    // Name, the median of each, the ratios of ours to the others, and what the first ratio, or the
+    // figure itself, should be.
+    void addComparison(const QByteArray& name, const Series& figures, const QByteArray& unit,
         const QByteArray& aim = {});
 
     const QByteArray& text() const { return lines; }

@@ -127,7 +127,7 @@ double measureTools(PaintWatch& paints, BareWindow& bare, const char* layout)
 void measure(PaintWatch& paints, MainWindow& window, int runs)
 {
     waitForPicture(paints, window, window.picture()->size());
-    BareWindow bare(window.size(), false);
+    BareWindow bare(window.size(), BareWindow::Look::Plain, false);
     bare.show();
     paints.waitFor([&](const QObject* object) { return object == &bare; });
 

@@ -20,6 +20,7 @@
 #include "x11/qt/ToolkitDisplay.h"
 #include "x11/qt/XcbEventBridge.h"
 
+#include <QFontMetrics>
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
@@ -90,6 +91,14 @@ void assign(char*& target, const char* text)
 bool startsWith(const char* text, const std::string& prefix)
 {
     return std::strncmp(text, prefix.c_str(), prefix.size()) == 0;
+}
+
+// Qt reads the font configuration when the first text is measured, and looks for other fonts at the
+// first character that the usual one may lack, such as an arrow. This takes as long as setxkbmap:
+// so it is done while that runs.
+void loadFonts()
+{
+    QFontMetrics(QGuiApplication::font()).horizontalAdvance(u"x\u2190"_s);
 }
 
 KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
@@ -306,7 +315,9 @@ void KbdApp::usage(const char* program, int code)
 XkbComponentNamesRec* KbdApp::getComponentNames()
 {
     auto names = std::make_unique<XkbComponentNamesRec>();
-    if (!queryComponentNames(names.get(), toolkitDisplay(), settings)) {
+    ComponentQuery query(toolkitDisplay(), settings);
+    loadFonts();
+    if (!query.answer(names.get())) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.
         throw hasKeyboardExtension() ? RulesError : XkbInitError;

@@ -18,6 +18,7 @@ KbdKey::KbdKey(
 {
     setFlag(QGraphicsItem::ItemIsFocusable, false);
     setToolTip(KeyDetails::of(keySymbols));
+    showState();
 }
 
 KeySym KbdKey::activeKeysym() const
@@ -34,19 +35,28 @@ void KbdKey::setCurrentModifiers(ShiftMask_t modifiers)
 {
     const KeyAnnouncement announcement(this);
     keyState.currentModifiers = modifiers;
-    update(boundingRect());
+    showState();
 }
 
 void KbdKey::setMultipleCharacters(bool multiple)
 {
     keyState.multipleCharacters = multiple;
-    update(boundingRect());
+    showState();
 }
 
 void KbdKey::setSelectedGroup(KeyGroup_t selected)
 {
     const KeyAnnouncement announcement(this);
     keySymbols.setSelectedGroup(selected);
+    showState();
+}
+
+void KbdKey::showState()
+{
+    CapFace now = KeyLabels(keySymbols, keyShape, keyState).face();
+    if (now == face)
+        return;
+    face = std::move(now);
     update(boundingRect());
 }
 
@@ -137,6 +147,7 @@ void KbdKey::setPressed(bool down)
 {
     const KeyAnnouncement announcement(this);
     keyState.pressed = down;
+    showState();
 }
 
 void KbdKey::keyPressEventIn(ShiftMask_t modifiers)
@@ -146,7 +157,6 @@ void KbdKey::keyPressEventIn(ShiftMask_t modifiers)
     setPressed(true);
     if (keySymbols.isModifier())
         reportModifier(&KbdKey::modifierPressed);
-    update(boundingRect());
     reportStroke(&KbdKey::virtualKeyPress, modifiers);
 }
 
@@ -157,18 +167,22 @@ void KbdKey::keyReleaseEventIn(ShiftMask_t modifiers)
     if (keySymbols.isModifier())
         reportModifier(&KbdKey::modifierReleased);
     setPressed(false);
-    update(boundingRect());
     reportStroke(&KbdKey::virtualKeyRelease, modifiers);
 }
 
-void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget* widget)
 {
     if (!hasGroups())
         return;
     const ItemPainting painting(painter);
-    const KeyLabels labels(keySymbols, keyShape, keyState);
-    KeyCapPainter cap(painter, keyShape, keyState.colourScheme);
-    cap.drawCap(labels.capLook());
-    for (const CapLabel& label : labels.labels())
-        cap.drawLabel(label);
+    const bool isOnScreen = widget && keyState.colourScheme == ColourScheme::OnScreen;
+    if (!isOnScreen)
+        return draw(painter);
+    pictures.paint(painter, face, KeyCapPainter::drawnArea(keyShape),
+        [this](QPainter* picture) { draw(picture); });
+}
+
+void KbdKey::draw(QPainter* painter) const
+{
+    KeyCapPainter(painter, keyShape, keyState.colourScheme).draw(face);
 }

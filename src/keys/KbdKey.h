@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keys/CapPictures.h"
 #include "keys/KbdTypes.h"
 #include "keys/KeyShape.h"
 #include "keys/KeyState.h"
@@ -50,14 +51,17 @@ public:
     // Does not repaint the key.
     void setColourScheme(ColourScheme scheme) { keyState.colourScheme = scheme; }
 
-    // These repaint the key: what is held or locked, whether the cap carries all characters, and
-    // the group that the user chose.
+    // These repaint the key if it looks different then: what is held or locked, whether the cap
+    // carries all characters, and the group that the user chose.
     void setCurrentModifiers(ShiftMask_t modifiers);
     void setMultipleCharacters(bool multiple);
     void setSelectedGroup(KeyGroup_t selected);
 
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
+
+    // On a widget by pictures of the cap as it was drawn before; on anything else, such as paper,
+    // the cap is drawn.
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 public slots:
@@ -90,6 +94,8 @@ private:
     bool hasGroups() const { return keySymbols.groupCount() != 0; }
     void setPressed(bool down);
     void setHeldByUser(bool held);
+    void showState();
+    void draw(QPainter* painter) const;
     using Stroke = void (KbdKey::*)(QString& symbol, QString& desc);
     void reportStroke(Stroke stroke, ShiftMask_t modifiers);
     using ModifierReport = void (KbdKey::*)(KeyCode keycode, KeyType_t type, ShiftMask_t mask);
@@ -99,5 +105,7 @@ private:
     KeySymbols keySymbols;
     KeyShape keyShape;
     KeyState keyState;
+    CapFace face; // what the cap shows in this state
+    CapPictures pictures;
     KeyCode twinKeycode = 0;
 };

@@ -70,6 +70,21 @@ double KeyCapPainter::border(const KeyShape& shape)
     return std::min(shape.width, shape.height) / 10;
 }
 
+// A line is one unit wide, half of it outside of the shape.
+QRectF KeyCapPainter::drawnArea(const KeyShape& shape)
+{
+    const QRectF faces = QRectF(0, 0, shape.width, shape.height)
+        | QRectF(shape.outline.boundingRect()) | QRectF(shape.topOutline.boundingRect());
+    return faces.adjusted(-1, -1, 1, 1);
+}
+
+void KeyCapPainter::draw(const CapFace& face)
+{
+    drawCap(face.look);
+    for (const CapLabel& label : face.labels)
+        drawLabel(label);
+}
+
 void KeyCapPainter::drawCap(CapLook look)
 {
     const double d = border(shape);
@@ -110,41 +125,40 @@ void KeyCapPainter::drawLabel(const CapLabel& label)
 
     QRectF room = textRectangle(label.cell);
     painter->setPen(keyColour(label.colour, scheme));
-    double factor = fit(text, label.size, room);
-    if (!shape.outline.isEmpty() && !isOnCap(placeOf(text, room, factor))) {
+    Fitted fitted = fit(text, label.size, room);
+    if (!shape.outline.isEmpty() && !isOnCap(placeOf(text, room, fitted.factor))) {
         room.setLeft(room.left() + capEdgeAt(room.bottom()));
-        factor = fit(text, label.size, room);
+        fitted = fit(text, label.size, room);
     }
-    drawText(text, room, factor);
+    drawText(text, room, fitted);
 }
 
-// Sets the painter's font to the size and returns the factor by which the text must be scaled to
-// fit the room; 1 where it fits.
-double KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
+// Sets the painter's font to the size.
+KeyCapPainter::Fitted KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
 {
     const int pixels = std::max(1, static_cast<int>(size));
     QFont font = painter->font();
     font.setPixelSize(pixels);
     font.setWeight(QFont::Normal);
     painter->setFont(font);
-    const std::optional<QRectF> sign = signOfOtherFont(text, room);
-    const QSizeF needed =
-        sign ? sign->size() : painter->boundingRect(room, alignment(text), text).size();
+    const QSizeF line = painter->boundingRect(room, alignment(text), text).size();
+    const std::optional<QRectF> sign = signOfOtherFont(text, line);
+    const QSizeF needed = sign ? sign->size() : line;
     if (needed.width() <= room.width() && needed.height() <= room.height())
-        return 1;
-    return std::trunc(fittingSize(size, needed, room.size())) / pixels;
+        return {1, sign};
+    return {std::trunc(fittingSize(size, needed, room.size())) / pixels, sign};
 }
 
 // Where the painter's font lacks a character Qt takes another font, whose lines can be several
 // times as high as the character; and a mark for another letter has no width at all. Such a
 // character is measured by its ink. The rectangle, relative to the point where the text is drawn,
 // covers the ink and the height of a line of the painter's own font. Nothing for all other texts.
-std::optional<QRectF> KeyCapPainter::signOfOtherFont(const QString& text, const QRectF& room) const
+// line is the size that Qt gives the text.
+std::optional<QRectF> KeyCapPainter::signOfOtherFont(const QString& text, const QSizeF& line) const
 {
     if (text.size() != 1)
         return std::nullopt;
     const QFontMetricsF metrics(painter->font());
-    const QSizeF line = painter->boundingRect(room, alignment(text), text).size();
     if (line.width() > 0 && line.height() < ordinaryLine * metrics.height())
         return std::nullopt;
     // Qt's bounding rectangles of a text leave out marks and the dotted circle under a mark.
@@ -167,14 +181,15 @@ QRectF KeyCapPainter::placeOf(const QString& text, const QRectF& room, double fa
 
 // A smaller text is drawn by scaling the painter: with a font for each size Qt would search all
 // fonts again for each, which takes most of the time until the first picture.
-void KeyCapPainter::drawText(const QString& text, const QRectF& room, double factor)
+void KeyCapPainter::drawText(const QString& text, const QRectF& room, const Fitted& fitted)
 {
+    const auto& [factor, sign] = fitted;
     const QTransform before = painter->transform();
     painter->translate(room.topLeft());
     painter->scale(factor, factor);
     // Qt paints nothing into an empty rectangle: in a cell too small for the margins it is a pixel.
     const QRectF enlarged(QPointF(), room.size().expandedTo({1, 1}) / factor);
-    if (const std::optional<QRectF> sign = signOfOtherFont(text, enlarged))
+    if (sign)
         painter->drawText(
             QPointF(enlarged.center().x() - sign->center().x(), enlarged.bottom() - sign->bottom()),
             text);

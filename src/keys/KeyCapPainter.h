@@ -3,6 +3,7 @@
 #include "keys/KeyColours.h"
 #include "keys/KeyShape.h"
 
+#include <QList>
 #include <QPainter>
 
 #include <optional>
@@ -21,6 +22,14 @@ struct CapLabel {
     friend bool operator==(const CapLabel&, const CapLabel&) = default;
 };
 
+// All that is to be seen on a cap, in the order in which it is drawn.
+struct CapFace {
+    CapLook look = CapLook::Normal;
+    QList<CapLabel> labels;
+
+    friend bool operator==(const CapFace&, const CapFace&) = default;
+};
+
 // Draws one key cap in item coordinates. Leaves its own brush, pen and font in the painter.
 class KeyCapPainter {
 public:
@@ -34,19 +43,29 @@ public:
     // The border between the outline and the upper face, in item units.
     static double border(const KeyShape& shape);
 
+    // What the cap covers, its lines included, in item units.
+    static QRectF drawnArea(const KeyShape& shape);
+
+    void draw(const CapFace& face);
+
+private:
+    // Where a text with its size and its factor of scaling goes.
+    struct Fitted {
+        double factor; // by which the text must be scaled to fit its room; 1 where it fits
+        std::optional<QRectF> sign; // see signOfOtherFont
+    };
+
     void drawCap(CapLook look);
 
     // Draws the text smaller where its cell has no room for it, in four pixels at the least. "Void"
     // and "None" are the labels of keysyms that stand for nothing: these texts are left out.
     void drawLabel(const CapLabel& label);
-
-private:
     void drawDeadGround(const QRectF& cell);
     void drawFace(const QPolygon& polygon, const QRectF& rectangle);
-    double fit(const QString& text, double size, const QRectF& room);
-    std::optional<QRectF> signOfOtherFont(const QString& text, const QRectF& room) const;
+    Fitted fit(const QString& text, double size, const QRectF& room);
+    std::optional<QRectF> signOfOtherFont(const QString& text, const QSizeF& line) const;
     QRectF placeOf(const QString& text, const QRectF& room, double factor) const;
-    void drawText(const QString& text, const QRectF& room, double factor);
+    void drawText(const QString& text, const QRectF& room, const Fitted& fitted);
     bool isOnCap(const QRectF& place) const;
     double capEdgeAt(double y) const;
 

@@ -19,6 +19,8 @@ public:
     {
     }
 
+    CapFace face() const { return {capLook(), labels()}; }
+
     CapLook capLook() const;
 
     // In the order in which they are drawn: the active symbol alone or, with several characters,

@@ -7,9 +7,12 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QSignalBlocker>
+#include <QTimer>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -42,12 +45,10 @@ QStringList fontPackages(const QString& country)
     return packages;
 }
 
-bool canDrawNativeName(const QString& country, PackageTest& packages)
+bool isAnyInstalled(const QStringList& fonts, PackageTest& packages)
 {
-    const QStringList fonts = fontPackages(country);
-    return fonts.isEmpty()
-        || std::any_of(fonts.begin(), fonts.end(),
-            [&packages](const QString& font) { return packages.isPackageInstalled(font); });
+    return std::any_of(fonts.begin(), fonts.end(),
+        [&packages](const QString& font) { return packages.isPackageInstalled(font); });
 }
 
 // A spec name taken apart: the English name, and the native one with its closing bracket.
@@ -62,9 +63,29 @@ struct SpecName {
             native = name.mid(bracket + 1);
     }
 
+    // The English name is translated, the native one stays as it is.
+    QString translated() const
+    {
+        return QCoreApplication::translate("CKbdSpecSelector", base.toUtf8().constData());
+    }
+    QString translatedWithNative() const { return translated() + " ["_L1 + native; }
+
+    // The packages of which one must be there for the native name to be shown; empty when the name
+    // needs none.
+    QStringList neededFonts() const
+    {
+        return native.isEmpty() ? QStringList() : fontPackages(base);
+    }
+
     QString base;
     QString native; // empty when there is none
 };
+
+QString displayNameUntilFontsAreKnown(const SpecName& name)
+{
+    return name.native.isEmpty() || !name.neededFonts().isEmpty() ? name.translated()
+                                                                  : name.translatedWithNative();
+}
 
 // Whether one of the entry's keyboards is this one, whatever its options.
 bool describes(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
@@ -78,25 +99,23 @@ bool describes(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
 
 } // namespace
 
-CKbdSpecSelector::CKbdSpecSelector(
-    bool withCustom, QWidget* parent, const SpecTable& table, PackageTest& packages)
+CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent, const SpecTable& table)
     : ControlCombo(parent)
 {
-    build(withCustom, table, packages);
+    build(withCustom, table);
 }
 
 CKbdSpecSelector::CKbdSpecSelector(bool withCustom, QWidget* parent)
-    : ControlCombo(parent)
+    : CKbdSpecSelector(withCustom, parent, SpecTable::find())
 {
-    PackageTest packages;
-    build(withCustom, SpecTable::find(), packages);
+    addNativeNames();
 }
 
-void CKbdSpecSelector::build(bool withCustom, const SpecTable& table, PackageTest& packages)
+void CKbdSpecSelector::build(bool withCustom, const SpecTable& table)
 {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(usualNameLength);
-    addEntries(table, packages);
+    addEntries(table);
     sortEntries();
     addEntryItems();
     addCustomEntry();
@@ -123,20 +142,55 @@ QSize CKbdSpecSelector::minimumSizeHint() const
     return {leastWidth(), ControlCombo::sizeHint().height()};
 }
 
-void CKbdSpecSelector::startPackageTests(const SpecTable& table, PackageTest& packages)
+void CKbdSpecSelector::showPopup()
 {
-    if (!table.rows)
-        return;
-    for (const SpecRow& row : *table.rows) {
-        const SpecName name(row.name);
-        if (name.native.isEmpty())
-            continue;
-        for (const QString& package : fontPackages(name.base))
-            packages.start(package);
-    }
+    addNativeNames();
+    ControlCombo::showPopup();
 }
 
-void CKbdSpecSelector::addEntries(const SpecTable& table, PackageTest& packages)
+void CKbdSpecSelector::paintEvent(QPaintEvent* event)
+{
+    ControlCombo::paintEvent(event);
+    if (fontsUnknown.contains(specs.value(currentIndex())))
+        QTimer::singleShot(0, this, &CKbdSpecSelector::addNativeNames);
+}
+
+void CKbdSpecSelector::addNativeNames()
+{
+    const QList<kbdSpec_t*> asked = std::exchange(fontsUnknown, {});
+    PackageTest packages;
+    for (const kbdSpec_t* spec : asked)
+        packages.start(SpecName(spec->name).neededFonts().first());
+    bool isAnyNew = false;
+    for (kbdSpec_t* spec : asked) {
+        const SpecName name(spec->name);
+        if (!isAnyInstalled(name.neededFonts(), packages))
+            continue;
+        spec->displayName = name.translatedWithNative();
+        isAnyNew = true;
+    }
+    if (isAnyNew)
+        showNewNames();
+}
+
+// The order follows the names. What is selected stays so: that is no choice of the user's.
+void CKbdSpecSelector::showNewNames()
+{
+    const QSignalBlocker silent(this);
+    const kbdSpec_t* current = currentEntry();
+    const bool withCustom = count() == specs.size();
+    kbdSpec_t* custom = specs.takeLast();
+    sortEntries();
+    clear();
+    addEntryItems();
+    specs.append(custom);
+    if (withCustom)
+        addItem(custom->displayName);
+    setCurrentIndex(int(specs.indexOf(current)));
+    updateGeometry();
+}
+
+void CKbdSpecSelector::addEntries(const SpecTable& table)
 {
     if (table.place == SpecTable::Place::None)
         throw TableNotFound;
@@ -145,8 +199,16 @@ void CKbdSpecSelector::addEntries(const SpecTable& table, PackageTest& packages)
 
     for (const SpecRow& row : *table.rows)
         if (!row.name.isEmpty())
-            specs.append(new kbdSpec_t{row.name, makeDisplayName(row.name, packages), row.icon,
-                {row.model}, {row.layout}, {row.variant}});
+            addEntry(row);
+}
+
+void CKbdSpecSelector::addEntry(const SpecRow& row)
+{
+    const SpecName name(row.name);
+    specs.append(new kbdSpec_t{row.name, displayNameUntilFontsAreKnown(name), row.icon, {row.model},
+        {row.layout}, {row.variant}});
+    if (!name.neededFonts().isEmpty())
+        fontsUnknown.append(specs.last());
 }
 
 void CKbdSpecSelector::sortEntries()
@@ -174,17 +236,6 @@ void CKbdSpecSelector::addCustomEntry()
     const QStringList noChange{u"<NoChange>"_s};
     specs.append(
         new kbdSpec_t{customName, tr("<Custom>"), QString(), noChange, noChange, noChange});
-}
-
-// The native name stays as it is; the other is translated.
-QString CKbdSpecSelector::makeDisplayName(const QString& name, PackageTest& packages)
-{
-    const SpecName parts(name);
-    QString display =
-        QCoreApplication::translate("CKbdSpecSelector", parts.base.toUtf8().constData());
-    if (parts.native.isEmpty() || !canDrawNativeName(parts.base, packages))
-        return display;
-    return display + " ["_L1 + parts.native;
 }
 
 const kbdSpec_t* CKbdSpecSelector::currentEntry() const

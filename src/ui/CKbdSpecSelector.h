@@ -6,7 +6,7 @@
 
 #include <QVector>
 
-class PackageTest;
+struct SpecRow;
 struct SpecTable;
 
 // A combo box with the keyboards of the spec table, sorted by their display names, and a "<Custom>"
@@ -20,21 +20,17 @@ public:
         TableNotOpened = 2,
     };
 
-    // Shows the table's entries. May block for package tests: 1.1 seconds for each font package
-    // that the entries need. The "<Custom>" record is there in any case, its combo item only with
-    // withCustom. table and packages are borrowed during the construction only.
+    // Shows the table's entries. The few native names that only the font of a certain package can
+    // draw come when somebody can see them: when the list is opened, or such an entry is painted.
+    // The "<Custom>" record is there in any case, its combo item only with withCustom. table is
+    // borrowed during the construction only.
     // Throws a SpecTableError by value (that errors are integers is given).
-    CKbdSpecSelector(
-        bool withCustom, QWidget* parent, const SpecTable& table, PackageTest& packages);
+    CKbdSpecSelector(bool withCustom, QWidget* parent, const SpecTable& table);
 
-    // The same with a table that it reads itself.
+    // The same with a table that it reads itself, and with all native names.
     CKbdSpecSelector(bool withCustom, QWidget* parent);
     ~CKbdSpecSelector() override;
     Q_DISABLE_COPY(CKbdSpecSelector)
-
-    // Starts the package tests that a selector with this table will need, so that they run while
-    // the caller does something else.
-    static void startPackageTests(const SpecTable& table, PackageTest& packages);
 
     // Selects the first entry with a keyboard of exactly this model, layout and variant, else the
     // last entry.
@@ -56,6 +52,10 @@ public:
     // shrinks before the others.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+    // Completes the names first, which may block for package tests: 1.1 seconds for each font
+    // package that the entries need, the first time only.
+    void showPopup() override;
 
 signals:
     // currentChanged: the selection changed. activated: the user picked an entry, even the current
@@ -83,14 +83,20 @@ public slots:
     void selectionChanged(int newSelection);
     void userSelectionChanged(int newSelection);
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
-    void build(bool withCustom, const SpecTable& table, PackageTest& packages);
-    void addEntries(const SpecTable& table, PackageTest& packages);
+    void build(bool withCustom, const SpecTable& table);
+    void addEntries(const SpecTable& table);
+    void addEntry(const SpecRow& row);
+    void addNativeNames();
+    void showNewNames();
     void sortEntries();
     void addEntryItems();
     void addCustomEntry();
-    static QString makeDisplayName(const QString& name, PackageTest& packages);
     const kbdSpec_t* currentEntry() const;
 
     QVector<kbdSpec_t*> specs; // owned; in combo order, "<Custom>" last
+    QList<kbdSpec_t*> fontsUnknown; // those whose native name waits for a package test; borrowed
 };

@@ -8,7 +8,6 @@
 #include "ui/KeycapCombo.h"
 #include "ui/PicturePrinter.h"
 #include "ui/TypingArea.h"
-#include "ui/specs/PackageTest.h"
 #include "ui/specs/SpecTable.h"
 #include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
@@ -64,9 +63,6 @@ void MainWindow::build(
 {
     setUpWindow();
     const SpecTable table = SpecTable::find();
-    PackageTest fontPackages;
-    // They run while the keyboard is loaded.
-    CKbdSpecSelector::startPackageTests(table, fontPackages);
 
     mainWidget = new QWidget(this);
     mainLayout = new QVBoxLayout(mainWidget);
@@ -75,7 +71,7 @@ void MainWindow::build(
     mainLayout->addWidget(view);
     controlRow = addRow();
     addGroupCombo(table);
-    addLayoutSelector(settings, table, fontPackages);
+    addLayoutSelector(settings, table);
     addKeycapCombo();
     addPrintButton();
     addBottomRow();
@@ -132,13 +128,12 @@ void MainWindow::addGroupCombo(const SpecTable& table)
         controlRow->addStretch(1);
 }
 
-void MainWindow::addLayoutSelector(
-    const KeyboardSettings& shown, const SpecTable& table, PackageTest& fontPackages)
+void MainWindow::addLayoutSelector(const KeyboardSettings& shown, const SpecTable& table)
 {
     layoutLabel = new QLabel(tr("Layout: "));
     controlRow->addWidget(layoutLabel);
     try {
-        specSelector = new CKbdSpecSelector(true, this, table, fontPackages);
+        specSelector = new CKbdSpecSelector(true, this, table);
     } catch (...) {
         layoutLabel->setText(QString());
         return;

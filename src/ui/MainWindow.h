@@ -10,7 +10,6 @@ class CKbdSpecSelector;
 class GroupCombo;
 class KbdGeometry;
 class KeycapCombo;
-class PackageTest;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -111,8 +110,7 @@ private:
     void setUpWindow();
     QHBoxLayout* addRow();
     void addGroupCombo(const SpecTable& table);
-    void addLayoutSelector(
-        const KeyboardSettings& shown, const SpecTable& table, PackageTest& fontPackages);
+    void addLayoutSelector(const KeyboardSettings& shown, const SpecTable& table);
     void addKeycapCombo();
     void addPrintButton();
     void addBottomRow();

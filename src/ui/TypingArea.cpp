@@ -13,6 +13,11 @@ bool movesTheCursorAtItsRelease(int key)
     return key == Qt::Key_Left || key == Qt::Key_Right;
 }
 
+bool isModifier(int key)
+{
+    return key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock;
+}
+
 } // namespace
 
 // Input methods stay off: Qt uses none for a read-only line without focus.
@@ -86,8 +91,12 @@ void TypingArea::sendComposedKey(const DeadKeyRow& row, Qt::KeyboardModifiers mo
     QCoreApplication::sendEvent(this, &composed);
 }
 
+// Each change of being read-only draws the whole line anew, frame and all, which takes longer than
+// a key of the picture.
 void TypingArea::typeKey(QKeyEvent* event)
 {
+    if (isModifier(event->key()))
+        return QLineEdit::keyPressEvent(event);
     setReadOnly(false);
     QLineEdit::keyPressEvent(event);
     setReadOnly(true);
@@ -95,8 +104,7 @@ void TypingArea::typeKey(QKeyEvent* event)
 
 void TypingArea::passRelease(QKeyEvent* event)
 {
-    setReadOnly(false);
+    // A widget does the same whether read-only or not.
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): a line edit would start its cursor blinking
     QWidget::keyReleaseEvent(event);
-    setReadOnly(true);
 }

@@ -74,6 +74,12 @@ constexpr qsizetype mostOutput = 1048576; // bytes
 constexpr qsizetype hostileSize = mostOutput / 4;
 constexpr int hostileLimitMs = 4000;
 
+std::optional<QByteArray> toolOutput(
+    const QString& program, const QStringList& arguments, int timeout)
+{
+    return ToolRun(program, arguments).output(timeout, [] { });
+}
+
 std::optional<QByteArray> shellOutput(const QString& script, int timeout = longTimeoutMs)
 {
     return toolOutput("sh", {"-c", script}, timeout);
@@ -102,6 +108,10 @@ private slots:
     void aToolsOutputIsReturned();
     void aToolThatFailsToAnswerHasNoOutput_data();
     void aToolThatFailsToAnswerHasNoOutput();
+    void aToolRunsWhileSomethingElseIsDone();
+    void aToolThatNobodyWaitsForIsKilled();
+    void aSlowToolIsSpokenOfOnce_data();
+    void aSlowToolIsSpokenOfOnce();
     void aToolThatHangsIsKilled();
 };
 
@@ -326,6 +336,49 @@ void ComponentNamesTest::aToolThatFailsToAnswerHasNoOutput()
     clock.start();
     QVERIFY(!toolOutput(program, arguments, timeout));
     QCOMPARE_LT(clock.elapsed(), longTimeoutMs);
+}
+
+void ComponentNamesTest::aToolRunsWhileSomethingElseIsDone()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath("done");
+    ToolRun run("sh", {"-c", "echo yes; : >\"$0\"", path});
+    QTRY_VERIFY(QFile::exists(path));
+    QCOMPARE(run.output(longTimeoutMs, [] { }), "yes\n");
+}
+
+void ComponentNamesTest::aToolThatNobodyWaitsForIsKilled()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath("process");
+    QFile file(path);
+    {
+        const ToolRun run("sh", {"-c", "echo $$ > \"$0\"; exec sleep 300", path});
+        QTRY_VERIFY(file.size() > 0);
+    }
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(::kill(file.readAll().trimmed().toInt(), 0), -1);
+    QCOMPARE(errno, ESRCH);
+}
+
+void ComponentNamesTest::aSlowToolIsSpokenOfOnce_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<int>("timeout");
+    QTest::addColumn<int>("times");
+    QTest::newRow("a quick one") << "echo yes" << longTimeoutMs << 0;
+    QTest::newRow("a slow one") << "sleep 1.5; echo yes" << longTimeoutMs << 1;
+    QTest::newRow("one that does not end") << "exec sleep 300" << 1500 << 1;
+    QTest::newRow("one that has less than a second") << "exec sleep 300" << shortTimeoutMs << 0;
+}
+
+void ComponentNamesTest::aSlowToolIsSpokenOfOnce()
+{
+    QFETCH(const QString, script);
+    QFETCH(const int, timeout);
+    int times = 0;
+    ToolRun("sh", {"-c", script}).output(timeout, [&times] { ++times; });
+    QTEST(times, "times");
 }
 
 void ComponentNamesTest::aToolThatHangsIsKilled()

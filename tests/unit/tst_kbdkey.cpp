@@ -9,9 +9,12 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QImage>
 #include <QPainter>
+#include <QSignalSpy>
 #include <QTest>
+#include <QWidget>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 
@@ -90,6 +93,30 @@ QImage paintedOn(KbdKey& key, Qt::LayoutDirection direction = Qt::LeftToRight)
     key.paint(&painter, nullptr, nullptr);
     return image;
 }
+
+// The key as a view puts it on the screen, or as it is drawn on anything else.
+QImage paintedWith(KbdKey& key, const QTransform& transform, QWidget* viewport)
+{
+    QImage image(400, 300, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setTransform(transform);
+    key.paint(&painter, nullptr, viewport);
+    return image;
+}
+
+// A way in which a key can come to look different.
+using Change = void (*)(KbdKey&);
+
+constexpr std::array<Change, 6> changesOfLook{
+    [](KbdKey& key) { key.setCurrentModifiers(x11::shiftMask); },
+    [](KbdKey& key) { key.keyPressEventIn(); },
+    [](KbdKey& key) { key.setMultipleCharacters(true); },
+    [](KbdKey& key) { key.keyReleaseEventIn(); },
+    [](KbdKey& key) { key.setMultipleCharacters(false); },
+    [](KbdKey& key) { key.setCurrentModifiers(0); },
+};
 
 // What of a key has the colour of a label that is neither dead nor held.
 QRect inkOf(const QImage& image)
@@ -257,6 +284,11 @@ private slots:
     void aTwinIsToggledAsWell();
     void aLockKeyHasNoUseForItsTwin();
     void aPhysicalKeyLightsUp();
+    void aCapOnTheScreenLooksAsOneDrawnAnew_data();
+    void aCapOnTheScreenLooksAsOneDrawnAnew();
+    void aTurnedCapIsDrawnAsItStands();
+    void aKeyThatLooksTheSameIsNotRepainted();
+    void aKeyThatLooksDifferentIsRepainted();
     void aPhysicalKeyReportsTheSymbolOfItsEvent();
     void aPhysicalModifierIsReported();
     void aPhysicalKeyNeedsNoState();
@@ -919,6 +951,79 @@ void KbdKeyTest::aPhysicalKeyLightsUp()
     QVERIFY(!item->isPressed());
     QCOMPARE(at(paintedOn(*item), 9, 90), QColor(normalCap.body[0]));
     QCOMPARE(log.take(), QStringList{"virtualKeyRelease a a"});
+}
+
+void KbdKeyTest::aCapOnTheScreenLooksAsOneDrawnAnew_data()
+{
+    QTest::addColumn<KeyShape>("shape");
+    QTest::addColumn<QTransform>("first");
+    QTest::addColumn<QTransform>("second");
+    KeyShape angled = rectangle(300, 380);
+    angled.outline = QPolygon({{0, 0}, {280, 0}, {280, 370}, {50, 370}, {50, 180}, {0, 180}});
+    KeyShape outside = angled;
+    outside.outline.translate(-20, -10);
+    const QTransform whole = QTransform::fromTranslate(30, 20);
+    const QTransform between = QTransform::fromTranslate(30.375, 20.8125);
+    const QTransform small = QTransform::fromScale(0.375, 0.375) * between;
+    QTest::newRow("as large as it is") << square << whole << whole;
+    QTest::newRow("between two pixels") << square << between << between;
+    QTest::newRow("smaller") << square << small << small;
+    QTest::newRow("at another place") << square << whole << between;
+    QTest::newRow("in another size") << square << whole << small;
+    QTest::newRow("with an outline") << angled << small << small;
+    QTest::newRow("with an outline that begins elsewhere") << outside << small << small;
+}
+
+// Every look is shown twice: once drawn, and once from its picture.
+void KbdKeyTest::aCapOnTheScreenLooksAsOneDrawnAnew()
+{
+    QFETCH(const KeyShape, shape);
+    QFETCH(const QTransform, first);
+    QFETCH(const QTransform, second);
+    QWidget viewport;
+    const auto item = keyOf(keymap->twoLevels(), {XK_a, XK_dead_acute}, shape);
+    for (const Change change : changesOfLook) {
+        change(*item);
+        for (const QTransform& transform : {first, second, first, second})
+            QCOMPARE(
+                paintedWith(*item, transform, &viewport), paintedWith(*item, transform, nullptr));
+    }
+}
+
+void KbdKeyTest::aTurnedCapIsDrawnAsItStands()
+{
+    QWidget viewport;
+    const auto item = keyOf(keymap->oneLevel(), {XK_a});
+    const QTransform turned = QTransform::fromTranslate(200, 50).rotate(30);
+    QCOMPARE(paintedWith(*item, turned, &viewport), paintedWith(*item, turned, nullptr));
+}
+
+void KbdKeyTest::aKeyThatLooksTheSameIsNotRepainted()
+{
+    QGraphicsScene scene;
+    KbdKey* item = keyOf(keymap->oneLevel(), {XK_F1}).release(); // the scene owns it
+    scene.addItem(item);
+    QCoreApplication::processEvents();
+    const QSignalSpy repaints(&scene, &QGraphicsScene::changed);
+    item->setCurrentModifiers(x11::shiftMask);
+    item->setMultipleCharacters(true);
+    item->setSelectedGroup(1);
+    QCoreApplication::processEvents();
+    QCOMPARE(repaints.count(), 0);
+}
+
+void KbdKeyTest::aKeyThatLooksDifferentIsRepainted()
+{
+    QGraphicsScene scene;
+    KbdKey* item = keyOf(keymap->twoLevels(), {XK_a, XK_dead_acute}).release(); // the scene owns it
+    scene.addItem(item);
+    QCoreApplication::processEvents();
+    QSignalSpy repaints(&scene, &QGraphicsScene::changed);
+    for (const Change change : changesOfLook) {
+        repaints.clear();
+        change(*item);
+        QTRY_VERIFY(!repaints.isEmpty());
+    }
 }
 
 void KbdKeyTest::aPhysicalKeyReportsTheSymbolOfItsEvent()

@@ -1,6 +1,7 @@
 #include "DataFixture.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/specs/FileIconEngine.h"
+#include "ui/specs/SpecTable.h"
 
 #include <QElapsedTimer>
 #include <QHBoxLayout>
@@ -9,6 +10,7 @@
 #include <QTest>
 #include <QTranslator>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -184,6 +186,7 @@ private slots:
     void aNativeNameNeedsItsFont_data();
     void aNativeNameNeedsItsFont();
     void everyPackageIsAskedForOnce();
+    void aNativeNameComesWhenItIsShown();
     void aBadPackageToolMeansNotInstalled_data();
     void aBadPackageToolMeansNotInstalled();
     void aTalkativePackageToolIsUnderstood();
@@ -501,6 +504,30 @@ void SpecSelectorTest::everyPackageIsAskedForOnce()
     QVERIFY(tools.write(QStringLiteral("dpkg"), dpkgWith("ttf-baekmuk")));
     QVERIFY(data->writeTable(QByteArray("Korea [K]\ti\tpc104\tkr\t\n").repeated(20)));
     QCOMPARE(textsOfTable(), QStringList(20, QStringLiteral("Korea [K]")));
+    QCOMPARE(tools.record(QStringLiteral("dpkg"), QStringLiteral("calls")).count('\n'), 1);
+}
+
+void SpecSelectorTest::aNativeNameComesWhenItIsShown()
+{
+    const FakeTools tools(*data);
+    QVERIFY(tools.write(QStringLiteral("dpkg"), dpkgWith("ttf-baekmuk")));
+    QVERIFY(data->writeTable("Korea [K]\ti\tpc104\tkr\t\n"
+                             "Korea, 104 keys\ti\tpc104\tkr\tkr104\n"
+                             "Brazil\ti\tpc104\tbr\t\n"));
+    CKbdSpecSelector selector(true, nullptr, SpecTable::find());
+    selector.select({QStringLiteral("pc104"), QStringLiteral("kr"), {}, {}});
+    QCOMPARE(selector.currentText(), QStringLiteral("Korea"));
+    QCOMPARE(tools.record(QStringLiteral("dpkg"), QStringLiteral("calls")), QByteArray());
+
+    const QSignalSpy changes(&selector, &CKbdSpecSelector::currentChanged);
+    selector.show();
+    QTRY_COMPARE(selector.currentText(), QStringLiteral("Korea [K]"));
+    QStringList sorted{
+        QStringLiteral("Brazil"), QStringLiteral("Korea [K]"), QStringLiteral("Korea, 104 keys")};
+    std::stable_sort(sorted.begin(), sorted.end(),
+        [](const QString& a, const QString& b) { return QString::localeAwareCompare(a, b) < 0; });
+    QCOMPARE(textsOf(selector), sorted << QStringLiteral("<Custom>"));
+    QCOMPARE(changes.count(), 0);
     QCOMPARE(tools.record(QStringLiteral("dpkg"), QStringLiteral("calls")).count('\n'), 1);
 }
 

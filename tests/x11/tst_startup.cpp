@@ -35,6 +35,8 @@ const QByteArray xkbFailure("Exception: Cannot initialize xkb exception\n");
 const QByteArray descriptionFailure("Error parsing given keyboard description\n");
 const QByteArray rulesFailure("Exception:  Could not use 'setxkbmap -print' to compile rules.\n");
 
+const QByteArray waitingLine("Waiting for setxkbmap to name the components of the keyboard\n");
+
 // What the line has that helps where the server refuses a keyboard, and how it begins where the
 // geometry may be the reason.
 const QByteArray commandAdvice("For the X server's reason, run: ");
@@ -97,12 +99,15 @@ bool writeFile(const QString& path, const QByteArray& content)
 class FakeSetxkbmap {
 public:
     // `script` are the lines of a shell script; $real is the real tool, $here the directory.
-    explicit FakeSetxkbmap(const QByteArray& script)
+    explicit FakeSetxkbmap(const QByteArray& script) { addTool("setxkbmap", script); }
+
+    // Another tool of our own.
+    void addTool(const QString& name, const QByteArray& script) const
     {
         const QByteArray header =
-            "#!/bin/sh\nreal=" + QStandardPaths::findExecutable("setxkbmap").toLocal8Bit()
+            "#!/bin/sh\nreal=" + QStandardPaths::findExecutable(name).toLocal8Bit()
             + "\nhere=" + directory.path().toLocal8Bit() + '\n';
-        const QString path = directory.filePath("setxkbmap");
+        const QString path = directory.filePath(name);
         writeFile(path, header + script);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
@@ -221,6 +226,8 @@ private slots:
 
     void whatSetxkbmapPrintsDecides_data();
     void whatSetxkbmapPrintsDecides();
+    void aStartRunsOneToolOnce_data();
+    void aStartRunsOneToolOnce();
     void aRefusedKeyboardIsExplainedByACommandThatShowsTheReason_data();
     void aRefusedKeyboardIsExplainedByACommandThatShowsTheReason();
     void theGeometryFileIsSpokenOfOnlyWhereItIsMissing();
@@ -548,6 +555,34 @@ void StartupTest::whatSetxkbmapPrintsDecides()
         runsAndEnds(*run);
     else
         failsWith(*run, message);
+}
+
+// Each of them would compete with the server's keymap compiler for the processor.
+void StartupTest::aStartRunsOneToolOnce_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("to focus") << QStringList{"--tofocus"};
+    QTest::newRow("with the list of keyboards") << QStringList{"--standalone"};
+}
+
+void StartupTest::aStartRunsOneToolOnce()
+{
+    QFETCH(const QStringList, arguments);
+    const QByteArray noteAndRun = "echo ${0##*/} >>\"$here/calls\"\nexec \"$real\" \"$@\"\n";
+    const FakeSetxkbmap tools(noteAndRun);
+    for (const char* tool : {"dpkg", "grep", "xkbcomp", "fc-list"})
+        tools.addTool(tool, noteAndRun);
+    const auto run = program();
+    run->setVariable("PATH", tools.searchPath());
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"),
+        "Japan [J]\tjp.png\tpc105\tjp\t\nKorea [K]\tkr.png\tpc105\tkr\t\n"));
+    run->setWorkingDirectory(directory.path());
+    run->start(arguments);
+    QVERIFY(run->waitForWindow(connection.get()));
+    QFile calls(tools.filePath("calls"));
+    QVERIFY(calls.open(QIODevice::ReadOnly));
+    QCOMPARE(calls.readAll(), "setxkbmap\n");
 }
 
 void StartupTest::aRefusedKeyboardIsExplainedByACommandThatShowsTheReason_data()
@@ -1092,7 +1127,7 @@ void StartupTest::aMissingSwitcherIsNotStarted()
 void StartupTest::aHangingSetxkbmapIsGivenUp()
 {
     QVERIFY(hanging->waitForEnd(45000));
-    failsWith(*hanging, rulesFailure);
+    failsWith(*hanging, waitingLine + rulesFailure);
     QFile process(hangingTool->filePath("process"));
     QVERIFY(process.open(QIODevice::ReadOnly));
     const pid_t tool = process.readAll().trimmed().toInt();

@@ -1,15 +1,19 @@
 #include "app/description/ComponentNames.h"
 
-#include "app/description/ToolRun.h"
 #include "x11/X11.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QByteArrayView>
+#include <QCursor>
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QStringList>
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -91,24 +95,56 @@ void preferGeometryOfModel(XkbComponentNamesRec* names, const QString& model)
     }
 }
 
-} // namespace
-
-bool queryComponentNames(
-    XkbComponentNamesRec* names, Display* display, const KeyboardSettings& settings)
+QStringList setxkbmapArguments(Display* display, const KeyboardSettings& settings)
 {
-    *names = {};
     QStringList arguments{u"-display"_s, QString::fromLocal8Bit(XDisplayString(display))};
     appendOption(arguments, "-model", settings.model);
     appendOption(arguments, "-layout", settings.layout);
     appendOption(arguments, "-variant", settings.variant);
     appendOption(arguments, "-option", settings.options);
     arguments << u"-print"_s;
+    return arguments;
+}
 
-    const auto keymap = toolOutput(u"setxkbmap"_s, arguments, toolTimeout);
+// From its making on, what a user sees of a program that waits.
+class BusySign {
+public:
+    BusySign()
+    {
+        std::fputs("Waiting for setxkbmap to name the components of the keyboard\n", stderr);
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        // No event is handled while this program waits, so nothing else sends the pointer.
+        if (Display* display = toolkitDisplay())
+            XFlush(display);
+    }
+    ~BusySign() { QGuiApplication::restoreOverrideCursor(); }
+    BusySign(const BusySign&) = delete;
+    BusySign& operator=(const BusySign&) = delete;
+};
+
+} // namespace
+
+ComponentQuery::ComponentQuery(Display* display, const KeyboardSettings& settings)
+    : model(settings.model)
+    , setxkbmap(u"setxkbmap"_s, setxkbmapArguments(display, settings))
+{
+}
+
+bool ComponentQuery::answer(XkbComponentNamesRec* names)
+{
+    *names = {};
+    std::optional<BusySign> busy;
+    const auto keymap = setxkbmap.output(toolTimeout, [&busy] { busy.emplace(); });
     if (!keymap || !readComponentNames(names, *keymap))
         return false;
-    preferGeometryOfModel(names, settings.model);
+    preferGeometryOfModel(names, model);
     return true;
+}
+
+bool queryComponentNames(
+    XkbComponentNamesRec* names, Display* display, const KeyboardSettings& settings)
+{
+    return ComponentQuery(display, settings).answer(names);
 }
 
 bool readComponentNames(XkbComponentNamesRec* names, const QByteArray& keymap)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/description/KeyboardSettings.h"
+#include "app/description/ToolRun.h"
 #include "x11/Types.h"
 
 #include <QByteArray>
@@ -11,12 +12,27 @@
 // The records here are Xlib's. Each of the six names in one is null or a string in UTF-8 that
 // strdup made; the owner of the record owns it and releases it with freeComponentNames.
 
-// Fills names with the XKB component names that setxkbmap computes from the settings. An empty
-// setting is not passed on, so that the server's current one stays. The keymap name may stay null.
-// Overwrites names without releasing anything: it must hold no strings. The display is borrowed,
-// and only its name is used.
-// False when setxkbmap is missing, takes longer than 30 seconds or names no complete keyboard; the
-// caller then still has to release what names holds. Blocks until setxkbmap has ended.
+// The question to setxkbmap which XKB components the settings make, and its answer.
+class ComponentQuery {
+public:
+    // Starts setxkbmap and does not wait for it. An empty setting is not passed on, so that the
+    // server's current one stays. The display is borrowed, and only its name is used.
+    ComponentQuery(Display* display, const KeyboardSettings& settings);
+
+    // Fills names; the keymap name may stay null. Overwrites names without releasing anything: it
+    // must hold no strings.
+    // False when setxkbmap is missing, takes longer than 30 seconds or names no complete keyboard;
+    // the caller then still has to release what names holds. Blocks until setxkbmap has ended;
+    // when that takes longer than a second, a line on standard error says what is waited for, and
+    // the windows of this program show a busy pointer. To be called once.
+    bool answer(XkbComponentNamesRec* names);
+
+private:
+    QString model;
+    ToolRun setxkbmap;
+};
+
+// Asks and waits for the answer.
 bool queryComponentNames(
     XkbComponentNamesRec* names, Display* display, const KeyboardSettings& settings);
 

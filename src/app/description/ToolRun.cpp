@@ -1,31 +1,59 @@
 #include "app/description/ToolRun.h"
 
-#include <QProcess>
+#include <algorithm>
 
 namespace {
-constexpr qint64 outputLimit = 1048576; // bytes
-}
 
-std::optional<QByteArray> toolOutput(
-    const QString& program, const QStringList& arguments, int timeout)
+constexpr qint64 outputLimit = 1048576; // bytes
+constexpr int slowness = 1000; // milliseconds
+
+} // namespace
+
+ToolRun::ToolRun(const QString& program, const QStringList& arguments)
 {
-    QProcess tool;
     tool.setStandardErrorFile(QProcess::nullDevice());
-    QObject::connect(&tool, &QProcess::readyReadStandardOutput, &tool, [&tool] {
+    QObject::connect(&tool, &QProcess::readyReadStandardOutput, &tool, [this] {
         if (tool.bytesAvailable() > outputLimit)
             tool.kill();
     });
     tool.start(program, arguments, QIODevice::ReadWrite);
     tool.closeWriteChannel();
+}
 
-    const bool ended = tool.waitForFinished(timeout);
-    if (tool.state() != QProcess::NotRunning) {
-        tool.kill();
-        tool.waitForFinished();
+ToolRun::~ToolRun()
+{
+    endNow();
+}
+
+std::optional<QByteArray> ToolRun::output(int timeout, const std::function<void()>& whenSlow)
+{
+    const int patience = std::min(timeout, slowness);
+    bool ended = hasEnded(patience);
+    if (!ended && timeout > patience && tool.state() != QProcess::NotRunning) {
+        whenSlow();
+        ended = hasEnded(timeout - patience);
     }
+    endNow();
     if (!ended || tool.bytesAvailable() > outputLimit)
         return std::nullopt;
     return tool.readAllStandardOutput();
+}
+
+// QProcess::waitForFinished returns false for a process that has ended already.
+bool ToolRun::hasEnded(int timeout)
+{
+    if (tool.error() == QProcess::FailedToStart)
+        return false;
+    return tool.state() == QProcess::NotRunning || tool.waitForFinished(timeout);
+}
+
+// QProcess warns when it is destroyed while its process runs.
+void ToolRun::endNow()
+{
+    if (tool.state() == QProcess::NotRunning)
+        return;
+    tool.kill();
+    tool.waitForFinished();
 }
 
 void appendOption(QStringList& arguments, const char* option, const QString& value)
