@@ -113,7 +113,7 @@ void KbdKey::pressByUser()
 void KbdKey::setHeldByUser(bool held)
 {
     keyState.heldByUser = held;
-    update(boundingRect());
+    showState();
 }
 
 void KbdKey::toggleModifier()
