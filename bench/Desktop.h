@@ -18,7 +18,6 @@ public:
     Desktop();
 
     QByteArray displayName() const { return server.display(); }
-    int displayNumber() const { return displayName().mid(1).toInt(); }
 
     // For requests and events of the measurements themselves.
     Display* display() const { return connection.get(); }

@@ -1,37 +1,12 @@
 #include "StartMeasure.h"
 
-#include <chrono>
-#include <stdexcept>
-#include <thread>
+#include "harness/SlowDisplay.h"
 
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr double lineDelay = 10; // milliseconds in each direction
-constexpr auto lookAgain = 5ms;
-constexpr auto patience = 5s;
-
-// A slow line to the private server, at the end of which a program can be started.
-class Line {
-public:
-    Line(const Desktop& desktop, double delay)
-        : link({KBD_BENCH_SLOW_LINK, QByteArray::number(desktop.displayNumber()),
-                   QByteArray::number(delay)},
-            currentEnvironment())
-    {
-        const auto deadline = std::chrono::steady_clock::now() + patience;
-        while (!link.output().endsWith('\n') && std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(lookAgain);
-        if (!link.output().startsWith(':'))
-            throw std::runtime_error("no slow line: " + link.output().toStdString());
-    }
-
-    QByteArray displayName() const { return link.output().trimmed(); }
-
-private:
-    ChildProcess link;
-};
+constexpr auto lineDelay = 10ms; // in each direction
 
 double startOnce(Program& program, const QByteArray& display)
 {
@@ -59,13 +34,13 @@ StartFigures measureStart(Program& ours, Program& bare, int runs)
 
 Compared measureRoundTrips(Desktop& desktop, Program& ours, Program& bare, int runs)
 {
-    const Line fast(desktop, 0);
-    const Line slow(desktop, lineDelay);
+    const SlowDisplay fast(desktop.displayName(), 0ms);
+    const SlowDisplay slow(desktop.displayName(), lineDelay);
     Compared roundTrips;
     const auto measure = [&](Program& program, Samples& samples) {
         const double longer =
-            startOnce(program, slow.displayName()) - startOnce(program, fast.displayName());
-        samples.push_back(longer / (2 * lineDelay));
+            startOnce(program, slow.display()) - startOnce(program, fast.display());
+        samples.push_back(longer / static_cast<double>(2 * lineDelay.count()));
     };
     for (int i = 0; i < runs; ++i) {
         measure(ours, roundTrips.ours);

@@ -1,4 +1,4 @@
-#include "SlowLink.h"
+#include "harness/SlowLink.h"
 
 #include <algorithm>
 #include <cerrno>

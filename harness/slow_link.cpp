@@ -5,7 +5,7 @@
 // prints the display that it offers, and hands what comes there on to the server of that number,
 // DELAY milliseconds late in each direction. Ends on SIGTERM and SIGINT.
 
-#include "SlowLink.h"
+#include "harness/SlowLink.h"
 
 #include <csignal>
 #include <cstdio>

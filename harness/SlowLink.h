@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DelayLine.h"
+#include "harness/DelayLine.h"
 
 #include <list>
 #include <memory>

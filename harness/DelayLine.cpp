@@ -1,4 +1,4 @@
-#include "DelayLine.h"
+#include "harness/DelayLine.h"
 
 #include <algorithm>
 #include <array>
