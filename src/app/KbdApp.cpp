@@ -12,14 +12,17 @@
 #include "ui/specs/KbdConstants.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
+#include "x11/qt/KeymapGate.h"
 #include "x11/qt/PhysicalKeys.h"
 #include "x11/qt/ToFocusWindow.h"
 #include "x11/qt/ToolkitDisplay.h"
+#include "x11/qt/WaylandSession.h"
 #include "x11/qt/XcbEventBridge.h"
 
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
+#include <QTimer>
 #include <QTranslator>
 
 #include <array>
@@ -36,6 +39,9 @@ constexpr char instanceName[] = "orvix-kbd-display-tofocus";
 constexpr char iconFile[] = "orvix-kbd-display.png";
 constexpr char translationDirectory[] = "/usr/share/orvix-i18n/";
 constexpr char translationPrefix[] = "orvix-keyboard-layout_";
+
+constexpr char waylandLine[] = "Keys clicked here reach the windows of X programs only: this X "
+                               "server (Xwayland) hands none on to Wayland programs.";
 
 struct FailureRow {
     KbdApp::ExceptionType exception = KbdApp::UnknownError;
@@ -155,6 +161,7 @@ void KbdApp::startUp(char** argv)
     connectMainWindow();
     launchSwitcher();
     mainWindow->show();
+    QTimer::singleShot(0, this, &KbdApp::tellWhatCannotWork); // once the window is there
     releaseHeldMessages();
 }
 
@@ -322,7 +329,17 @@ void KbdApp::selectKeyboardEvents()
     if (toFocus)
         XkbSelectEventDetails(
             display, x11::coreKeyboard, XkbStateNotify, XkbModifierLockMask, XkbModifierLockMask);
+    installFilters();
+}
 
+// The filter that is installed last sees an event first. The gate is the only one that keeps events
+// from Qt.
+void KbdApp::installFilters()
+{
+    Display* display = toolkitDisplay();
+    keymapGate = std::make_unique<KeymapGate>([this] {
+        return mainWindow && mainWindow->picture() && mainWindow->picture()->holdsKeys();
+    });
     eventBridge = std::make_unique<XcbEventBridge>(
         display, [this](XEvent* event) { return x11EventFilter(event); });
     installNativeEventFilter(eventBridge.get());
@@ -350,8 +367,10 @@ void KbdApp::createMainWindow()
     if (toFocus) {
         neverTakeFocus(mainWindow, toolkitDisplay());
         mainWindow->hideTypingArea();
+        mainWindow->stayAtBottom();
+    } else {
+        mainWindow->placeOnScreen(false);
     }
-    mainWindow->placeOnScreen(toFocus);
 }
 
 // Connected by text where that is given.
@@ -373,6 +392,12 @@ void KbdApp::launchSwitcher()
     switcher->launch();
     connect(mainWindow, SIGNAL(newKeyboard(XkbComponentNamesRec&)), this,
         SLOT(newKeyboard(XkbComponentNamesRec&)));
+}
+
+void KbdApp::tellWhatCannotWork() const
+{
+    if (toFocus && isWaylandsServer())
+        std::cerr << waylandLine << '\n';
 }
 
 void KbdApp::newKeyboard(XkbComponentNamesRec& names)

@@ -8,6 +8,7 @@
 #include "model/LoadedKeyboard.h"
 #include "x11/CoreKeyboard.h"
 #include "x11/X11.h"
+#include "x11/qt/FollowedKeyboard.h"
 #include "x11/qt/KeySender.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -111,6 +112,7 @@ void KbdGeometry::load(
     server = std::make_unique<const CoreKeyboard>(display);
     if (!server->hasXkb())
         throw NoXkb;
+    serverState = std::make_unique<FollowedKeyboard>();
     useXTest = wantXTest && server->hasXTest();
     std::optional<LoadedKeyboard> loaded = loadKeyboard(display, names, settings);
     if (!loaded)
@@ -118,12 +120,12 @@ void KbdGeometry::load(
     keyboard = std::make_unique<const LoadedKeyboard>(std::move(*loaded));
 
     modifierState = ModifierState(keyboard->modifierMasks);
-    const KeyboardState state = server->state();
+    const KeyboardState state = serverState->state();
     modifierState.startWith(state.lockedModifiers);
     groupAtLoad = state.lockedGroup;
     keyboardItems = std::make_unique<KeyboardItems>(
         *keyboard, settings, modifierState.lockMask(), keyboardScene);
-    sender = std::make_unique<KeySender>(display, this);
+    sender = std::make_unique<KeySender>(display, this, serverState.get());
 }
 
 QStringList KbdGeometry::groupNames() const
@@ -189,6 +191,11 @@ bool KbdGeometry::viewportEvent(QEvent* event)
         break;
     }
     return QGraphicsView::viewportEvent(event);
+}
+
+bool KbdGeometry::holdsKeys() const
+{
+    return sender->holdsKeys();
 }
 
 // No mouse event brings a time here, but of two strokes with one time Qt takes the second for a
@@ -276,7 +283,7 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
     if (type != XkbSA_LockMods)
         return;
     if (!takesServersLock)
-        server->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
+        serverState->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
     switchIndicator(mask);
 }
 
@@ -297,7 +304,7 @@ void KbdGeometry::switchIndicator(ShiftMask_t mask)
 
 void KbdGeometry::x11LockStateChangedIn()
 {
-    const KeyboardState state = server->state();
+    const KeyboardState state = serverState->state();
     const QList<ShiftMask_t> changed = modifierState.followLocks(state.lockedModifiers);
     if (!changed.isEmpty())
         showModifiers();
@@ -313,7 +320,7 @@ void KbdGeometry::x11LockStateChangedIn()
 
 void KbdGeometry::setGroupNum(KeyGroup_t groupNum)
 {
-    server->lockGroup(groupNum);
+    serverState->lockGroup(groupNum);
     showGroup(groupNum);
 }
 
@@ -326,7 +333,7 @@ void KbdGeometry::showGroup(KeyGroup_t groupNum)
 
 void KbdGeometry::x11NewKbdEventIn()
 {
-    server->lockGroup(group());
+    serverState->lockGroup(group());
 }
 
 KeyGroup_t KbdGeometry::firstGroup() const
@@ -345,10 +352,8 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
     if (!useXTest)
         return sender->sendEvent(
             x11::keyPress, {x11Keycode, modifierState.eventState(), lastInputTime});
-    // Without a held modifier the server need not be asked.
-    const bool isAnyHeld = modifierState.heldModifiers() != 0;
-    sender->pressThroughXTest(x11Keycode,
-        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>());
+    sender->pressThroughXTest(
+        x11Keycode, modifierState.keysToPress(serverState->state().heldModifiers));
 }
 
 void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)

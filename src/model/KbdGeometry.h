@@ -12,6 +12,7 @@
 #include <utility>
 
 class CoreKeyboard;
+class FollowedKeyboard;
 class KbdDoodad;
 class KbdKey;
 class KeyboardItems;
@@ -53,6 +54,9 @@ public:
     QList<KbdDoodad*> doodadItems() const;
 
     void click(KbdKey* key); // what a click of the mouse does: presses and releases it
+
+    // Whether a clicked key is down in the server: its release must not be kept waiting.
+    bool holdsKeys() const;
 
     // The modifiers that are held or locked, and the group that is shown.
     ShiftMask_t modifiers() const { return modifierState.modifiers(); }
@@ -136,6 +140,7 @@ private:
     bool serverHasThisManyGroups() const;
 
     std::unique_ptr<const CoreKeyboard> server;
+    std::unique_ptr<FollowedKeyboard> serverState;
     std::unique_ptr<const LoadedKeyboard> keyboard;
     QGraphicsScene* keyboardScene;
     std::unique_ptr<KeyboardItems> keyboardItems; // below what it borrows

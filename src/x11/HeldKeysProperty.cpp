@@ -10,10 +10,9 @@ std::string heldKeysProperty(pid_t process)
     return "_ORVIX_KBD_HELD_KEYS_" + std::to_string(process);
 }
 
-void writeHeldKeys(Display* display, pid_t process, const std::vector<KeyCode>& keycodes)
+void writeHeldKeys(Display* display, Atom name, const std::vector<KeyCode>& keycodes)
 {
     const Window root = DefaultRootWindow(display);
-    const Atom name = XInternAtom(display, heldKeysProperty(process).c_str(), xFalse);
     if (keycodes.empty())
         XDeleteProperty(display, root, name);
     else

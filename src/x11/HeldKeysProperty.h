@@ -13,8 +13,9 @@ namespace x11 {
 
 std::string heldKeysProperty(pid_t process);
 
-// Removes the property when no key is held. Nothing is flushed.
-void writeHeldKeys(Display* display, pid_t process, const std::vector<KeyCode>& keycodes);
+// `name` is the atom of heldKeysProperty(). Removes the property when no key is held. Nothing is
+// flushed, and no answer waited for.
+void writeHeldKeys(Display* display, Atom name, const std::vector<KeyCode>& keycodes);
 
 // Removes the property and returns what it held; empty when there was none.
 std::vector<KeyCode> takeHeldKeys(Display* display, pid_t process);

@@ -5,14 +5,19 @@
 #include "x11/HeldKeysProperty.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
+#include "x11/qt/FollowedKeyboard.h"
+#include "x11/qt/ToolkitDisplay.h"
 
+#include <algorithm>
 #include <unistd.h>
 #include <utility>
 #include <vector>
 
-KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget)
+KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget, FollowedKeyboard* serversKeyboard)
     : display(xDisplay)
     , widget(ourWidget)
+    , keyboard(serversKeyboard)
+    , heldKeysName(toolkitConnection(), x11::heldKeysProperty(getpid()).c_str())
     , rootWindow(DefaultRootWindow(xDisplay))
 {
 }
@@ -29,6 +34,8 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     expect(pressEchoes, modifierKeys);
     held.insert(keycode, modifierKeys);
     tellHeldKeys();
+    if (!modifierKeys.isEmpty())
+        keyboard->beginOwnModifiers();
     unsigned long delay = 0; // milliseconds after the key before it
     for (const KeyCode modifier : modifierKeys)
         XTestFakeKeyEvent(display, modifier, x11::xTrue, delay++);
@@ -51,6 +58,8 @@ QList<KeyCode> KeySender::letGo(KeyCode keycode)
     XTestFakeKeyEvent(display, keycode, x11::xFalse, delay++);
     for (const KeyCode modifier : std::as_const(modifierKeys))
         XTestFakeKeyEvent(display, modifier, x11::xFalse, delay++);
+    if (!modifierKeys.isEmpty() && !holdsModifierKeys())
+        keyboard->endOwnModifiers();
     tellHeldKeys();
     XFlush(display);
     return modifierKeys;
@@ -81,6 +90,12 @@ void KeySender::forgetEchoes()
     releaseEchoes.clear();
 }
 
+bool KeySender::holdsModifierKeys() const
+{
+    return std::any_of(held.cbegin(), held.cend(),
+        [](const QList<KeyCode>& modifierKeys) { return !modifierKeys.isEmpty(); });
+}
+
 // The switcher reads this property when the program was killed, and releases the keys.
 void KeySender::tellHeldKeys()
 {
@@ -89,7 +104,7 @@ void KeySender::tellHeldKeys()
         keycodes.push_back(each.key());
         keycodes.insert(keycodes.end(), each.value().cbegin(), each.value().cend());
     }
-    x11::writeHeldKeys(display, getpid(), keycodes);
+    x11::writeHeldKeys(display, heldKeysName.atom(), keycodes);
 }
 
 void KeySender::releaseAll()

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "x11/Types.h"
+#include "x11/qt/FollowedKeyboard.h"
+#include "x11/qt/XTestDevices.h"
 
 #include <QAbstractNativeEventFilter>
-#include <QHash>
 
 #include <functional>
+#include <optional>
 
 struct xcb_input_raw_key_press_event_t;
 
@@ -29,12 +31,11 @@ public:
 
 private:
     void tellOfKey(int type, const xcb_input_raw_key_press_event_t& key);
-    bool isXTestDevice(int device);
-    XEvent keyEvent(int type, unsigned int keycode, Time time) const;
+    XEvent keyEvent(int type, unsigned int keycode, Time time);
 
     Display* display;
     Receiver receiver;
     int opcode = 0; // the input extension's; 0 where there is none
-    QHash<int, bool>
-        xTestDevices; // by device id: whether it is XTest's; the devices asked about so far
+    FollowedKeyboard keyboard;
+    std::optional<XTestDevices> xTestDevices; // only with the input extension
 };

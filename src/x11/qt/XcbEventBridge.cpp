@@ -49,7 +49,7 @@ bool XcbEventBridge::nativeEventFilter(const QByteArray&, void* message, qintptr
         XEvent event = keyEvent(display, *static_cast<xcb_key_press_event_t*>(message), type);
         return receiver(&event);
     }
-    if (type < firstExtensionEvent)
+    if (type < firstExtensionEvent || generic->response_type != type)
         return false;
 
     XkbEvent event{};
