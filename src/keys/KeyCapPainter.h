@@ -51,7 +51,7 @@ public:
 private:
     // Where a text with its size and its factor of scaling goes.
     struct Fitted {
-        double factor; // by which the text must be scaled to fit its room; 1 where it fits
+        double factor = 1; // by which the text must be scaled to fit its room; 1 where it fits
         std::optional<QRectF> sign; // see signOfOtherFont
     };
 
