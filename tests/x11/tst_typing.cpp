@@ -154,6 +154,21 @@ private:
     XConnection connection;
 };
 
+// Counts the mouse buttons that Qt has seen going up over the picture. It sees them once the window
+// manager has let go of the pointer: were the pointer moved before, the server would put the click
+// that it holds back where the pointer is by then.
+class MouseReleases : public QObject {
+public:
+    int count = 0;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonRelease && watched->isWidgetType())
+            ++count;
+        return false;
+    }
+};
+
 // The pixel of the screen that a point of the widget is on, by the server's account.
 QPoint onScreen(Display* display, const QWidget& widget, const QPoint& point)
 {
@@ -355,12 +370,16 @@ bool TypingTest::startTarget()
     return target->waitForReady();
 }
 
+// Returns when the click is over for the window manager, too.
 bool TypingTest::click(const KbdKey& key)
 {
     const std::optional<QPoint> pixel = pixelOf(picture(), key);
-    if (pixel)
-        pointer.click(onScreen(pointer.display(), picture(), *pixel));
-    return pixel.has_value();
+    if (!pixel)
+        return false;
+    MouseReleases releases;
+    picture().viewport()->installEventFilter(&releases);
+    pointer.click(onScreen(pointer.display(), picture(), *pixel));
+    return waitUntil([&] { return releases.count > 0; });
 }
 
 bool TypingTest::switchModifiers(const StateRow& state, bool on)
