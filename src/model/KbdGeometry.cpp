@@ -9,7 +9,6 @@
 #include "model/LoadedKeyboard.h"
 #include "x11/CoreKeyboard.h"
 #include "x11/X11.h"
-#include "x11/qt/FollowedKeyboard.h"
 #include "x11/qt/KeySender.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -129,7 +128,6 @@ void KbdGeometry::load(
     server = std::make_unique<const CoreKeyboard>(display);
     if (!server->hasXkb())
         throw NoXkb;
-    serverState = std::make_unique<FollowedKeyboard>();
     useXTest = wantXTest && server->hasXTest();
     std::optional<LoadedKeyboard> loaded = loadKeyboard(display, names, settings);
     if (!loaded)
@@ -137,12 +135,12 @@ void KbdGeometry::load(
     keyboard = std::make_unique<const LoadedKeyboard>(std::move(*loaded));
 
     modifierState = ModifierState(keyboard->modifierMasks);
-    const KeyboardState state = serverState->state();
+    const KeyboardState state = server->state();
     modifierState.startWith(state.lockedModifiers);
     groupAtLoad = state.lockedGroup;
     keyboardItems = std::make_unique<KeyboardItems>(
         *keyboard, settings, modifierState.lockMask(), keyboardScene);
-    sender = std::make_unique<KeySender>(display, this, serverState.get());
+    sender = std::make_unique<KeySender>(display, this);
 }
 
 QStringList KbdGeometry::groupNames() const
@@ -221,11 +219,6 @@ bool KbdGeometry::viewportEvent(QEvent* event)
     default:
         return QGraphicsView::viewportEvent(event);
     }
-}
-
-bool KbdGeometry::holdsKeys() const
-{
-    return sender->holdsKeys();
 }
 
 void KbdGeometry::click(KbdKey* key)
@@ -321,7 +314,7 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
     if (type != XkbSA_LockMods)
         return;
     if (!takesServersLock)
-        serverState->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
+        server->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
     switchIndicator(*keyboardItems, modifierState, mask);
 }
 
@@ -333,7 +326,7 @@ void KbdGeometry::showModifiers()
 
 void KbdGeometry::x11LockStateChangedIn()
 {
-    const KeyboardState state = serverState->state();
+    const KeyboardState state = server->state();
     if (!modifierState.followLocks(state.lockedModifiers).isEmpty())
         showModifiers();
     // All of them: a click switches one lamp, and may have changed more locks than its own.
@@ -348,7 +341,7 @@ void KbdGeometry::x11LockStateChangedIn()
 
 void KbdGeometry::setGroupNum(KeyGroup_t groupNum)
 {
-    serverState->lockGroup(groupNum);
+    server->lockGroup(groupNum);
     showGroup(groupNum);
 }
 
@@ -361,7 +354,7 @@ void KbdGeometry::showGroup(KeyGroup_t groupNum)
 
 void KbdGeometry::x11NewKbdEventIn()
 {
-    serverState->lockGroup(group());
+    server->lockGroup(group());
 }
 
 KeyGroup_t KbdGeometry::firstGroup() const
@@ -380,8 +373,10 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
     if (!useXTest)
         return sender->sendEvent(
             x11::keyPress, {x11Keycode, modifierState.eventState(), keyPresses->lastTime()});
+    // Without a held modifier the server need not be asked.
+    const bool isAnyHeld = modifierState.heldModifiers() != 0;
     const QList<KeyCode> modifierKeys =
-        modifierState.keysToPress(serverState->state().heldModifiers);
+        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>();
     if (!worksPointer(keyboardItems->keyOf(x11Keycode), *server))
         return sender->pressThroughXTest(x11Keycode, modifierKeys);
     // Released before mouse keys are on again: a key that repeats would work the pointer, too.

@@ -7,8 +7,6 @@
 #include <string_view>
 #include <unistd.h>
 
-#include <X11/Xlib-xcb.h>
-
 namespace x11 {
 
 namespace {
@@ -58,7 +56,6 @@ std::string heldKeysProperty(pid_t process)
 
 HeldKeys::HeldKeys(Display* xDisplay)
     : display(xDisplay)
-    , name(XGetXCBConnection(xDisplay), heldKeysProperty(getpid()).c_str())
 {
 }
 
@@ -75,13 +72,14 @@ void HeldKeys::tell(const std::vector<KeyCode>& keycodes)
 {
     const Window root = XRootWindow(display, 0);
     if (owner == none) {
+        name = XInternAtom(display, heldKeysProperty(getpid()).c_str(), xFalse);
         owner = XCreateSimpleWindow(display, root, -1, -1, 1, 1, 0, 0, 0);
-        XSetSelectionOwner(display, name.atom(), owner, CurrentTime);
+        XSetSelectionOwner(display, name, owner, CurrentTime);
     }
     if (keycodes.empty())
-        XDeleteProperty(display, root, name.atom());
+        XDeleteProperty(display, root, name);
     else
-        XChangeProperty(display, root, name.atom(), XA_INTEGER, 8, PropModeReplace, keycodes.data(),
+        XChangeProperty(display, root, name, XA_INTEGER, 8, PropModeReplace, keycodes.data(),
             static_cast<int>(keycodes.size()));
 }
 

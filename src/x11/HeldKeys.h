@@ -1,6 +1,5 @@
 #pragma once
 
-#include "x11/AtomRequest.h"
 #include "x11/Types.h"
 
 #include <string>
@@ -29,12 +28,12 @@ public:
     HeldKeys& operator=(const HeldKeys&) = delete;
 
     // In place of those told before. To be called before they are pressed, and after they are
-    // released. The first call waits for the atom that the constructor has asked for.
+    // released. Waits for an answer of the server at the first call only.
     void tell(const std::vector<KeyCode>& keycodes);
 
 private:
     Display* display;
-    AtomRequest name;
+    Atom name = none;
     Window owner = none;
 };
 

@@ -253,13 +253,6 @@ void sendKeyEvent(KbdGeometry& picture, int type, KeyCode keycode)
         picture.x11KeyReleaseEventIn(&event);
 }
 
-// What the server has changed arrives as an event: to be looked at until it has.
-const KbdGeometry& followed(KbdGeometry& view)
-{
-    view.x11LockStateChangedIn();
-    return view;
-}
-
 } // namespace
 
 // The picture follows the real keyboard, and the real keyboard the picture.
@@ -629,7 +622,8 @@ void KeyboardTest::whatIsFollowedIsNotWrittenBack()
     const auto view = newPicture();
     other->watchLocks();
     other->lockModifiers(all, both(lock, num));
-    QTRY_COMPARE(followed(*view).modifiers(), both(lock, num));
+    view->x11LockStateChangedIn();
+    QCOMPARE(view->modifiers(), both(lock, num));
     QCOMPARE(other->lockChanges(), 1);
 }
 
@@ -728,10 +722,12 @@ void KeyboardTest::scrollLockIsFollowedWhereTheKeymapHasIt()
     startOnlyToolkit();
     const auto view = newPicture(ourGeometry, scrollLockSymbols);
     other->lockModifiers(scroll, scroll);
-    QTRY_COMPARE(lampsOf(followed(*view)), scrollLamp);
+    view->x11LockStateChangedIn();
+    QCOMPARE(lampsOf(*view), scrollLamp);
     QCOMPARE(view->modifiers(), scroll);
     other->lockModifiers(scroll, 0);
-    QTRY_COMPARE(lampsOf(followed(*view)), noLamp);
+    view->x11LockStateChangedIn();
+    QCOMPARE(lampsOf(*view), noLamp);
     QCOMPARE(view->modifiers(), noModifiers);
 }
 
@@ -741,10 +737,12 @@ void KeyboardTest::aGeometryWithoutLampsFollowsTheLocks()
     const auto view = newPicture(lamplessGeometry);
     QCOMPARE(lampsOf(*view), QList<bool>());
     other->lockModifiers(lock, lock);
-    QTRY_COMPARE(followed(*view).modifiers(), lock);
+    view->x11LockStateChangedIn();
+    QCOMPARE(view->modifiers(), lock);
     QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("A"));
     other->lockModifiers(lock, 0);
-    QTRY_COMPARE(followed(*view).modifiers(), noModifiers);
+    view->x11LockStateChangedIn();
+    QCOMPARE(view->modifiers(), noModifiers);
     QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("a"));
 }
 

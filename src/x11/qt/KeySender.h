@@ -6,7 +6,6 @@
 #include <QHash>
 #include <QList>
 
-class FollowedKeyboard;
 class QWidget;
 
 // What a synthetic key event carries beside the key.
@@ -23,10 +22,9 @@ struct SyntheticKey {
 // killed.
 class KeySender {
 public:
-    // All are borrowed; the keyboard is told of modifier keys that this sender holds down. While
-    // the widget's window is active the server sends what XTest presses back to this program: see
-    // isEcho.
-    KeySender(Display* xDisplay, const QWidget* ourWidget, FollowedKeyboard* serversKeyboard);
+    // Both are borrowed. While the widget's window is active the server sends what XTest presses
+    // back to this program: see isEcho.
+    KeySender(Display* xDisplay, const QWidget* ourWidget);
 
     // Releases what is still held.
     ~KeySender();
@@ -52,9 +50,6 @@ public:
     // another program.
     void forgetEchoes();
 
-    // Whether a key is held down through XTest.
-    bool holdsKeys() const { return !held.isEmpty(); }
-
     // Releases every key that is held, and waits until the server has done so.
     void releaseAll();
 
@@ -68,11 +63,9 @@ private:
     void expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const;
     Window focusWindow() const;
     void tellHeldKeys();
-    bool holdsModifierKeys() const;
 
     Display* display;
     const QWidget* widget;
-    FollowedKeyboard* keyboard;
     Window rootWindow; // of the default screen; gets the key events while no window has the focus
     x11::HeldKeys toldKeys;
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it

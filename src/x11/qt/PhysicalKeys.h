@@ -1,13 +1,11 @@
 #pragma once
 
 #include "x11/Types.h"
-#include "x11/qt/FollowedKeyboard.h"
-#include "x11/qt/XTestDevices.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QHash>
 
 #include <functional>
-#include <optional>
 
 struct xcb_input_raw_key_press_event_t;
 
@@ -36,11 +34,12 @@ public:
 
 private:
     void tellOfKey(int type, const xcb_input_raw_key_press_event_t& key);
-    XEvent keyEvent(int type, unsigned int keycode, Time time);
+    bool isXTestDevice(int device);
+    XEvent keyEvent(int type, unsigned int keycode, Time time) const;
 
     Display* display;
     Receiver receiver;
     int opcode = 0; // the input extension's; 0 where there is none
-    FollowedKeyboard keyboard;
-    std::optional<XTestDevices> xTestDevices; // only with the input extension
+    // By device id: whether it is XTest's. Only those that have been asked about so far.
+    QHash<int, bool> xTestDevices;
 };
