@@ -2,7 +2,7 @@
 #
 # They are kept in the cache directory, one of each release:
 #   base      the smallest Debian, as it was installed
-#   work      what run_in_release runs in, with the packages that it has installed and the source
+#   tree      what run_in_release runs in, with the packages that it has installed and the source
 #   archives  apt's store of packages
 
 # clean_root_directory RELEASE
@@ -81,7 +81,7 @@ in_root() {
 run_in_release() {
   local directory work
   directory=$(clean_root_directory "$1")
-  work=$directory/work
+  work=$directory/tree
   fetch_base "$1"
   shift
   (
