@@ -14,6 +14,9 @@ namespace {
 
 constexpr quint32 voidSymbol = 0xffffff; // VoidSymbol (X keysyms)
 
+// What the keyboard data bind to the fifth level (Mod3), where they bind anything.
+constexpr ShiftMask_t fifthLevelMask = 32;
+
 constexpr std::array<const char*, 8> modifierNames{
     "Shift", "Lock", "Control", "Mod1", "Mod2", "Mod3", "Mod4", "Mod5"};
 
@@ -116,7 +119,9 @@ void CapJudge::differs(
     const ShiftMask_t relevant = kind == QLatin1StringView("case")
         ? x11::shiftMask | x11::lockMask
         : keymap->typeModifiers(keycode, shownGroup);
-    const QString when = namesOf(place.modifiers & relevant);
+    QString when = namesOf(place.modifiers & relevant);
+    if (type.contains(QLatin1StringView("EIGHT_LEVEL")) && !(relevant & fifthLevelMask))
+        when += QLatin1StringView(" without a fifth level");
     if (ordered.allow(kind, type, when))
         return;
     unexplained[{kind, type, when}].add(QStringLiteral("%1, group %2, key %3: \"%4\", not \"%5\"")

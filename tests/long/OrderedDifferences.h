@@ -14,7 +14,8 @@
 //            keysym
 //   what     the key type; of a sign, the keysym. May have * in it.
 //   when     the modifiers, with + between them: of a case Shift and Lock, of a sign none, else
-//            those that the key type takes notice of. May have * in it.
+//            those that the key type takes notice of, and "without a fifth level" for a type of
+//            eight levels where no modifier is bound to the fifth. May have * in it.
 //   reason   why it is meant to be so
 class OrderedDifferences {
 public:

@@ -346,8 +346,9 @@ void Chaos::look()
 
 QString Chaos::fault() const
 {
-    if (!pressedKeys(name).isEmpty())
-        return QStringLiteral("key %1 is down").arg(pressedKeys(name).first());
+    const QList<int> down = pressedKeys(name);
+    if (!down.isEmpty())
+        return QStringLiteral("key %1 is down").arg(down.first());
     XkbStateRec state{};
     XkbGetState(connection.get(), x11::coreKeyboard, &state);
     const QString stateFault = faultOf(state);

@@ -32,6 +32,7 @@ constexpr KeyCode returnKey = 36;
 constexpr KeyCode keyA = 38;
 constexpr KeyCode backslash = 51;
 constexpr KeyCode leftShift = 50;
+constexpr KeyCode capsLock = 66;
 
 constexpr QRgb baseColour = qRgb(169, 169, 169); // "darkgrey"
 constexpr QRgb lampOn = qRgb(124, 252, 0); // "lawngreen"
@@ -254,6 +255,8 @@ private slots:
     void ourLampsShowTheLocks();
     void ourFlagTakesItsFileFromTheIcons_data();
     void ourFlagTakesItsFileFromTheIcons();
+    void anOptionFindsTheKeyLeftOfA_data();
+    void anOptionFindsTheKeyLeftOfA();
     void theSceneIsTheBackgroundAndRoomForTheCaptions_data();
     void theSceneIsTheBackgroundAndRoomForTheCaptions();
 
@@ -383,6 +386,21 @@ void GeometriesTest::ourFlagTakesItsFileFromTheIcons()
     QCOMPARE(std::count_if(doodads.begin(), doodads.end(),
                  [](const KbdDoodad* doodad) { return !doodad->flagFilename().isEmpty(); }),
         1);
+}
+
+void GeometriesTest::anOptionFindsTheKeyLeftOfA_data()
+{
+    ourMapsCompileWithoutAWarning_data();
+}
+
+// Symbols name it by an alias that the system's geometries have.
+void GeometriesTest::anOptionFindsTheKeyLeftOfA()
+{
+    QFETCH(QString, map);
+    const auto picture = pictureOf("pc-arvane(" + map + ')', "pc+us+inet(evdev)+ctrl(ac_ctrl)");
+    const KbdKey* key = keyOf(*picture, capsLock);
+    QVERIFY(key);
+    QCOMPARE(key->activeKeysym(), KeySym(XK_Control_L));
 }
 
 void GeometriesTest::theSceneIsTheBackgroundAndRoomForTheCaptions_data()
