@@ -12,7 +12,7 @@ packages_run=(
 packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
-  poppler-utils libxkbcommon-dev libxkbcommon-x11-dev clang-format clang-tidy git
+  poppler-utils libxkbcommon-dev libxkbcommon-x11-dev clang clang-format clang-tidy libclang-rt-dev git
   desktop-file-utils appstream mandoc groff
 )
 packages_package=(git debhelper dpkg-dev lintian)

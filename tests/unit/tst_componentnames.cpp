@@ -100,6 +100,7 @@ private slots:
 
     void aToolsOutputIsReturned_data();
     void aToolsOutputIsReturned();
+    void aToolGetsItsArgumentsAsTheyAre();
     void aToolThatFailsToAnswerHasNoOutput_data();
     void aToolThatFailsToAnswerHasNoOutput();
     void aToolThatHangsIsKilled();
@@ -294,6 +295,13 @@ void ComponentNamesTest::aToolsOutputIsReturned()
     const auto result = shellOutput(script);
     QVERIFY(result);
     QVERIFY2(*result == output, result->left(100).constData());
+}
+
+// No shell reads them.
+void ComponentNamesTest::aToolGetsItsArgumentsAsTheyAre()
+{
+    const QString hostile = "us; touch here $(touch here) `touch here` > here \"'* $HOME \\";
+    QCOMPARE(toolOutput("printf", {"%s", hostile}, longTimeoutMs), hostile.toUtf8());
 }
 
 void ComponentNamesTest::aToolThatFailsToAnswerHasNoOutput_data()
