@@ -1,10 +1,10 @@
 #include "tests/long/CapJudge.h"
 
+#include "harness/PaintRecorder.h"
 #include "keys/KbdKey.h"
 #include "tests/long/LongRun.h"
 #include "tests/long/ServerKeymap.h"
 #include "tests/long/XkbRules.h"
-#include "tests/unit/PaintRecorder.h"
 
 #include <QPainter>
 
