@@ -9,7 +9,7 @@
 struct SpecRow;
 struct SpecTable;
 
-// A combo box with the keyboards of the spec table, sorted by their display names, and a "<Custom>"
+// A combo box with the keyboards of the table, sorted by their display names, and a "<Custom>"
 // entry for a keyboard that the table does not have.
 class CKbdSpecSelector : public ControlCombo {
     Q_OBJECT
