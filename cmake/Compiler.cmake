@@ -11,6 +11,13 @@ if(KBD_SANITIZE)
   add_link_options(-fsanitize=${KBD_SANITIZE})
 endif()
 
+# Linking the tests by the usual linker is a ninth of a build.
+option(KBD_FAST_LINK "Link by mold where it is installed" OFF)
+find_program(KBD_MOLD mold DOC "A fast linker")
+if(KBD_FAST_LINK AND KBD_MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+
 # ccache, where it is installed, keeps what has been compiled before. It must be told not to mind
 # the time stamps and macros of a precompiled header.
 find_program(KBD_CCACHE ccache DOC "Keeps the results of compilations")
