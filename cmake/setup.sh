@@ -4,7 +4,7 @@
 packages_build=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
-  librsvg2-bin iso-flags-svg fonts-dejavu-core libx11-dev libx11-xcb-dev libxtst-dev libxi-dev libxcb1-dev libxcb-xinput-dev
+  librsvg2-bin iso-flags-svg fonts-dejavu-core libx11-dev libx11-xcb-dev libxtst-dev libxi-dev libxcb1-dev libxcb-xinput-dev libxcb-xkb-dev
 )
 packages_run=(
   qt6-translations-l10n iso-codes xkb-data x11-xkb-utils fonts-noto-core fonts-wqy-microhei
@@ -12,6 +12,7 @@ packages_run=(
 packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr xserver-xorg-core xserver-xorg-dev xserver-xorg-video-dummy
+  tigervnc-standalone-server weston xwayland
   openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
   poppler-utils libxkbcommon-dev clang-format-19 clang-tidy git
   desktop-file-utils appstream mandoc groff mold

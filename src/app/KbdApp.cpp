@@ -15,15 +15,18 @@
 #include "x11/HeldKeys.h"
 #include "x11/Queries.h"
 #include "x11/X11.h"
+#include "x11/qt/KeymapGate.h"
 #include "x11/qt/PhysicalKeys.h"
 #include "x11/qt/ToFocusWindow.h"
 #include "x11/qt/ToolkitDisplay.h"
+#include "x11/qt/WaylandSession.h"
 #include "x11/qt/XcbEventBridge.h"
 
 #include <QFontMetrics>
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
+#include <QTimer>
 #include <QTranslator>
 
 #include <array>
@@ -40,6 +43,9 @@ constexpr char instanceName[] = "orvix-kbd-display-tofocus";
 constexpr char iconFile[] = "orvix-kbd-display.png";
 constexpr char translationDirectory[] = "/usr/share/orvix-i18n/";
 constexpr char translationPrefix[] = "orvix-keyboard-layout_";
+
+constexpr char waylandLine[] = "Keys clicked here reach the windows of X programs only: this X "
+                               "server (Xwayland) hands none on to Wayland programs.";
 
 struct FailureRow {
     KbdApp::ExceptionType exception = KbdApp::UnknownError;
@@ -165,6 +171,7 @@ void KbdApp::startUp(char** argv)
     connectMainWindow();
     launchSwitcher();
     mainWindow->show();
+    QTimer::singleShot(0, this, &KbdApp::tellWhatCannotWork); // once the window is there
     releaseHeldMessages();
 }
 
@@ -345,7 +352,17 @@ void KbdApp::selectKeyboardEvents()
     if (toFocus)
         XkbSelectEventDetails(
             display, x11::coreKeyboard, XkbStateNotify, XkbModifierLockMask, XkbModifierLockMask);
+    installFilters();
+}
 
+// The filter that is installed last sees an event first. The gate is the only one that keeps events
+// from Qt.
+void KbdApp::installFilters()
+{
+    Display* display = toolkitDisplay();
+    keymapGate = std::make_unique<KeymapGate>([this] {
+        return mainWindow && mainWindow->picture() && mainWindow->picture()->holdsKeys();
+    });
     eventBridge = std::make_unique<XcbEventBridge>(display, [this](XEvent* event) {
         const bool isKey = event->type == x11::keyPress || event->type == x11::keyRelease;
         const bool isReported = isKey && physicalKeys && physicalKeys->isReporting();
@@ -378,8 +395,10 @@ void KbdApp::createMainWindow()
     if (toFocus) {
         neverTakeFocus(mainWindow, toolkitDisplay());
         mainWindow->hideTypingArea();
+        mainWindow->stayAtBottom();
+    } else {
+        mainWindow->placeOnScreen(false);
     }
-    mainWindow->placeOnScreen(toFocus);
 }
 
 // Settings that were not given are those of the server, whose keyboard is shown then.
@@ -407,6 +426,12 @@ void KbdApp::launchSwitcher()
     switcher->launch();
     connect(mainWindow, SIGNAL(newKeyboard(XkbComponentNamesRec&)), this,
         SLOT(newKeyboard(XkbComponentNamesRec&)));
+}
+
+void KbdApp::tellWhatCannotWork() const
+{
+    if (toFocus && isWaylandsServer())
+        std::cerr << waylandLine << '\n';
 }
 
 void KbdApp::newKeyboard(XkbComponentNamesRec& names)

@@ -8,6 +8,7 @@
 #include <memory>
 
 class KbdSwitcher;
+class KeymapGate;
 class MainWindow;
 class PhysicalKeys;
 class XcbEventBridge;
@@ -81,10 +82,12 @@ private:
     XkbComponentNamesRec* getComponentNames();
     bool hasKeyboardExtension();
     void selectKeyboardEvents();
+    void installFilters();
     void createMainWindow();
     void selectServerKeyboard();
     void connectMainWindow();
     void launchSwitcher();
+    void tellWhatCannotWork() const;
 
     static int argumentCount; // QApplication keeps a reference to argc; this outlives it
 
@@ -105,6 +108,7 @@ private:
     MainWindow* mainWindow = nullptr; // owned
     int xkbEventBase = 0; // the keyboard extension's event code
     KbdSwitcher* switcher = nullptr; // lives until the process ends
+    std::unique_ptr<KeymapGate> keymapGate;
     std::unique_ptr<XcbEventBridge> eventBridge;
     std::unique_ptr<PhysicalKeys> physicalKeys; // only with toFocus
 };

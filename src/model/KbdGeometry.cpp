@@ -9,6 +9,7 @@
 #include "model/LoadedKeyboard.h"
 #include "x11/CoreKeyboard.h"
 #include "x11/X11.h"
+#include "x11/qt/FollowedKeyboard.h"
 #include "x11/qt/KeySender.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -128,6 +129,7 @@ void KbdGeometry::load(
     server = std::make_unique<const CoreKeyboard>(display);
     if (!server->hasXkb())
         throw NoXkb;
+    serverState = std::make_unique<FollowedKeyboard>();
     useXTest = wantXTest && server->hasXTest();
     std::optional<LoadedKeyboard> loaded = loadKeyboard(display, names, settings);
     if (!loaded)
@@ -135,12 +137,12 @@ void KbdGeometry::load(
     keyboard = std::make_unique<const LoadedKeyboard>(std::move(*loaded));
 
     modifierState = ModifierState(keyboard->modifierMasks);
-    const KeyboardState state = server->state();
+    const KeyboardState state = serverState->state();
     modifierState.startWith(state.lockedModifiers);
     groupAtLoad = state.lockedGroup;
     keyboardItems = std::make_unique<KeyboardItems>(
         *keyboard, settings, modifierState.lockMask(), keyboardScene);
-    sender = std::make_unique<KeySender>(display, this);
+    sender = std::make_unique<KeySender>(display, this, serverState.get());
 }
 
 QStringList KbdGeometry::groupNames() const
@@ -219,6 +221,11 @@ bool KbdGeometry::viewportEvent(QEvent* event)
     default:
         return QGraphicsView::viewportEvent(event);
     }
+}
+
+bool KbdGeometry::holdsKeys() const
+{
+    return sender->holdsKeys();
 }
 
 void KbdGeometry::click(KbdKey* key)
@@ -314,7 +321,7 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
     if (type != XkbSA_LockMods)
         return;
     if (!takesServersLock)
-        server->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
+        serverState->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
     switchIndicator(*keyboardItems, modifierState, mask);
 }
 
@@ -326,7 +333,7 @@ void KbdGeometry::showModifiers()
 
 void KbdGeometry::x11LockStateChangedIn()
 {
-    const KeyboardState state = server->state();
+    const KeyboardState state = serverState->state();
     if (!modifierState.followLocks(state.lockedModifiers).isEmpty())
         showModifiers();
     // All of them: a click switches one lamp, and may have changed more locks than its own.
@@ -341,7 +348,7 @@ void KbdGeometry::x11LockStateChangedIn()
 
 void KbdGeometry::setGroupNum(KeyGroup_t groupNum)
 {
-    server->lockGroup(groupNum);
+    serverState->lockGroup(groupNum);
     showGroup(groupNum);
 }
 
@@ -354,7 +361,7 @@ void KbdGeometry::showGroup(KeyGroup_t groupNum)
 
 void KbdGeometry::x11NewKbdEventIn()
 {
-    server->lockGroup(group());
+    serverState->lockGroup(group());
 }
 
 KeyGroup_t KbdGeometry::firstGroup() const
@@ -373,10 +380,8 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
     if (!useXTest)
         return sender->sendEvent(
             x11::keyPress, {x11Keycode, modifierState.eventState(), keyPresses->lastTime()});
-    // Without a held modifier the server need not be asked.
-    const bool isAnyHeld = modifierState.heldModifiers() != 0;
     const QList<KeyCode> modifierKeys =
-        isAnyHeld ? modifierState.keysToPress(server->state().heldModifiers) : QList<KeyCode>();
+        modifierState.keysToPress(serverState->state().heldModifiers);
     if (!worksPointer(keyboardItems->keyOf(x11Keycode), *server))
         return sender->pressThroughXTest(x11Keycode, modifierKeys);
     // Released before mouse keys are on again: a key that repeats would work the pointer, too.

@@ -12,6 +12,7 @@
 #include <utility>
 
 class CoreKeyboard;
+class FollowedKeyboard;
 class KbdDoodad;
 class KbdKey;
 class KeyboardItems;
@@ -54,6 +55,7 @@ public:
 
     void click(KbdKey* key); // what a click of the mouse does: presses and releases it
 
+    bool holdsKeys() const; // clicked keys are down in the server: their release must not wait
     // Held or locked; and the group that is shown.
     ShiftMask_t modifiers() const { return modifierState.modifiers(); }
     KeyGroup_t group() const { return modifierState.group(); }
@@ -96,9 +98,7 @@ public slots:
     // has the focus. The event is borrowed and read during the call only.
     void x11KeyPressEventIn(XKeyEvent* event);
     void x11KeyReleaseEventIn(XKeyEvent* event);
-
-    // The server has another keyboard: the group shown is locked in it again. The picture stays.
-    void x11NewKbdEventIn();
+    void x11NewKbdEventIn(); // another keyboard: locks the group shown in it, the picture stays
 
     // Takes the server's locks over, and its group where its keyboard has as many as this one.
     void x11LockStateChangedIn();
@@ -135,6 +135,7 @@ private:
     bool serverHasThisManyGroups() const;
 
     std::unique_ptr<const CoreKeyboard> server;
+    std::unique_ptr<FollowedKeyboard> serverState;
     std::unique_ptr<const LoadedKeyboard> keyboard;
     QGraphicsScene* keyboardScene; // a child of this view; outlives the items
     std::unique_ptr<KeyboardItems> keyboardItems; // below what it borrows

@@ -7,6 +7,7 @@
 #include "ui/GroupCombo.h"
 #include "ui/KeycapCombo.h"
 #include "ui/PicturePrinter.h"
+#include "ui/ScreenFollower.h"
 #include "ui/TypingArea.h"
 #include "ui/specs/SpecTable.h"
 #include "x11/X11.h"
@@ -246,6 +247,25 @@ void MainWindow::placeOnScreen(bool toBottom)
         return;
     setGeometry(QRect(available.center().x() - size().width() / 2,
         available.bottom() + 1 - size().height() - screenMargin, size().width(), size().height()));
+}
+
+void MainWindow::stayAtBottom()
+{
+    placeOnScreen(true);
+    const auto* screen = new ScreenFollower(this);
+    connect(screen, &ScreenFollower::screenChanged, this, &MainWindow::returnToBottom);
+    connect(screen, &ScreenFollower::roomChanged, this, [this] {
+        const QScreen* primary = QGuiApplication::primaryScreen();
+        if (primary && !primary->availableGeometry().contains(frameGeometry()))
+            returnToBottom();
+    });
+}
+
+// A maximised window is the window manager's to place.
+void MainWindow::returnToBottom()
+{
+    if (QGuiApplication::primaryScreen() && !isMaximized() && !isFullScreen())
+        placeOnScreen(true);
 }
 
 void MainWindow::releasePhysicalKeys()

@@ -45,6 +45,10 @@ public:
     // the picture's proportions. toBottom also moves it to the bottom centre of the screen.
     void placeOnScreen(bool toBottom);
 
+    // Places the window at the bottom of the screen, and again whenever the screen is rotated or
+    // resized, or what panels leave of it no longer holds the window.
+    void stayAtBottom();
+
     // Another program has the keyboard focus now: the picture lets go of the physical keys that it
     // shows as pressed.
     void releasePhysicalKeys();
@@ -116,6 +120,7 @@ private:
     void addBottomRow();
     void connectView();
     void connectTypingArea();
+    void returnToBottom();
     void dropCustomEntry();
     QStringList translatedGroupNames() const;
 

@@ -24,13 +24,6 @@ bool CoreKeyboard::hasXTest() const
     return XTestQueryExtension(display, &event, &error, &major, &minor);
 }
 
-KeyboardState CoreKeyboard::state() const
-{
-    XkbStateRec state{};
-    XkbGetState(display, x11::coreKeyboard, &state);
-    return {state.base_mods, state.locked_mods, state.locked_group};
-}
-
 int CoreKeyboard::groupCount() const
 {
     XkbDescRec answer{};
@@ -39,18 +32,6 @@ int CoreKeyboard::groupCount() const
     const int groups = isKnown ? answer.ctrls->num_groups : 0;
     XkbFreeControls(&answer, XkbAllControlsMask, x11::xTrue);
     return groups;
-}
-
-void CoreKeyboard::lockModifiers(unsigned char affected, unsigned char locked) const
-{
-    XkbLockModifiers(display, x11::coreKeyboard, affected, locked);
-    XFlush(display);
-}
-
-void CoreKeyboard::lockGroup(unsigned char group) const
-{
-    XkbLockGroup(display, x11::coreKeyboard, group);
-    XFlush(display);
 }
 
 std::bitset<256> CoreKeyboard::keysDown() const

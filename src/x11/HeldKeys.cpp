@@ -7,6 +7,8 @@
 #include <string_view>
 #include <unistd.h>
 
+#include <X11/Xlib-xcb.h>
+
 namespace x11 {
 
 namespace {
@@ -56,6 +58,7 @@ std::string heldKeysProperty(pid_t process)
 
 HeldKeys::HeldKeys(Display* xDisplay)
     : display(xDisplay)
+    , name(XGetXCBConnection(xDisplay), heldKeysProperty(getpid()).c_str())
 {
 }
 
@@ -72,14 +75,13 @@ void HeldKeys::tell(const std::vector<KeyCode>& keycodes)
 {
     const Window root = XRootWindow(display, 0);
     if (owner == none) {
-        name = XInternAtom(display, heldKeysProperty(getpid()).c_str(), xFalse);
         owner = XCreateSimpleWindow(display, root, -1, -1, 1, 1, 0, 0, 0);
-        XSetSelectionOwner(display, name, owner, CurrentTime);
+        XSetSelectionOwner(display, name.atom(), owner, CurrentTime);
     }
     if (keycodes.empty())
-        XDeleteProperty(display, root, name);
+        XDeleteProperty(display, root, name.atom());
     else
-        XChangeProperty(display, root, name, XA_INTEGER, 8, PropModeReplace, keycodes.data(),
+        XChangeProperty(display, root, name.atom(), XA_INTEGER, 8, PropModeReplace, keycodes.data(),
             static_cast<int>(keycodes.size()));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "x11/AtomRequest.h"
 #include "x11/Types.h"
 
 #include <string>
@@ -28,12 +29,12 @@ public:
     HeldKeys& operator=(const HeldKeys&) = delete;
 
     // In place of those told before. To be called before they are pressed, and after they are
-    // released. Waits for an answer of the server at the first call only.
+    // released. The first call waits for the atom that the constructor has asked for.
     void tell(const std::vector<KeyCode>& keycodes);
 
 private:
     Display* display;
-    Atom name = none;
+    AtomRequest name;
     Window owner = none;
 };
 

@@ -168,6 +168,7 @@ private slots:
     void aHeldKeyThatRepeatsStaysLit();
     void everyKeyThatIsDownIsLit();
     void aKeyTypedIntoADialogOfOursCountsOnce();
+    void aKeymapThatReallyChangesIsTypedByQt();
 
 private:
     MainWindow* mainWindow() const { return topLevelWindow<MainWindow>(); }
@@ -432,6 +433,25 @@ void PhysicalKeysTest::aKeyTypedIntoADialogOfOursCountsOnce()
     QTRY_COMPARE(dialog.text(), "a");
     QTRY_COMPARE(strokes.releases, 1);
     QCOMPARE(strokes.presses, 1);
+}
+
+void PhysicalKeysTest::aKeymapThatReallyChangesIsTypedByQt()
+{
+    QLineEdit dialog;
+    dialog.show();
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    const auto typed = [&] {
+        dialog.clear();
+        const bool isStruck = keyboard->strike(code("AD01"));
+        return isStruck && QTest::qWaitFor([&] { return !dialog.text().isEmpty(); }) ? dialog.text()
+                                                                                     : QString();
+    };
+    QTRY_COMPARE(typed(), "q");
+    QVERIFY(setKeyboard(inner, {"-model", "pc105", "-layout", "fr"}));
+    QTRY_COMPARE(typed(), "a");
+    QVERIFY(setKeyboard(inner, {"-model", "pc105", "-layout", "us"}));
+    QTRY_COMPARE(typed(), "q");
 }
 
 int main(int argc, char** argv)

@@ -7,7 +7,10 @@
 #include "harness/XTools.h"
 #include "x11/X11.h"
 
+#include <QDebug>
 #include <QTest>
+
+#include <memory>
 
 namespace {
 
@@ -19,6 +22,29 @@ constexpr QRgb groundColour = qRgb(169, 169, 169);
 constexpr int frameWidth = 12;
 constexpr int titleHeight = 40;
 
+constexpr int bottomMargin = 20;
+constexpr int waitLimitMs = 15000;
+
+// As the user does with the settings of the desktop: a mode of its own, and the screen in it.
+bool resizeScreen(const QByteArray& display, const QSize& size)
+{
+    const auto randr = [&](const QStringList& arguments) {
+        return runTool(QStringLiteral("xrandr"), arguments, display).status == 0;
+    };
+    const QString width = QString::number(size.width());
+    const QString height = QString::number(size.height());
+    const QString name = QStringLiteral("test%1x%2").arg(width, height);
+    return randr({"--newmode", name, "30", width, width, width, width, height, height, height,
+               height})
+        && randr({"--addmode", "screen", name}) && randr({"--output", "screen", "--mode", name});
+}
+
+bool isAtBottom(const QRect& window, const QRect& screen)
+{
+    return screen.contains(window) && qAbs(window.center().x() - screen.center().x()) < 6
+        && screen.bottom() - window.bottom() < bottomMargin && window.width() > screen.width() / 2;
+}
+
 } // namespace
 
 // The real program on screens of many sizes, at the scale factors that desktops use.
@@ -28,6 +54,8 @@ class ScreensTest : public QObject {
 private slots:
     void theWindowFitsAndThePictureIsCentred_data();
     void theWindowFitsAndThePictureIsCentred();
+    void theWindowComesBackToTheBottomOfAChangedScreen_data();
+    void theWindowComesBackToTheBottomOfAChangedScreen();
 
 private:
     static QRect rectangleOf(Display* display, Window window);
@@ -111,6 +139,45 @@ void ScreensTest::theWindowFitsAndThePictureIsCentred()
         const int centre = inside.left() + inside.width() / 2;
         QVERIFY(qAbs(centre - screen.center().x()) < 6);
     }
+}
+
+void ScreensTest::theWindowComesBackToTheBottomOfAChangedScreen_data()
+{
+    QTest::addColumn<QString>("manager");
+    QTest::newRow("openbox") << QStringLiteral("openbox");
+    QTest::newRow("xfwm4") << QStringLiteral("xfwm4");
+    QTest::newRow("no window manager") << QString();
+}
+
+// Turned on its side, made small, and as it was.
+void ScreensTest::theWindowComesBackToTheBottomOfAChangedScreen()
+{
+    QFETCH(QString, manager);
+    const PrivateServer privateServer;
+    privateServer.useForThisProcess();
+    const XConnection display = openDisplay(privateServer.display());
+    std::unique_ptr<WindowManager> windowManager;
+    if (!manager.isEmpty())
+        windowManager =
+            std::make_unique<WindowManager>(manager.toLatin1(), privateServer.display());
+    QVERIFY(setKeyboard(privateServer.display(), {"-model", "pc105", "-layout", "us"}));
+    ProgramRun program(QStringLiteral(KBD_PROGRAM), privateServer.display());
+    program.setWorkingDirectory(QStringLiteral(KBD_LAYOUT_DIRECTORY));
+    program.start({"--tofocus"});
+    const Window window = program.waitForWindow(display.get());
+    QVERIFY2(window != x11::none, program.errors().constData());
+
+    const QRect atFirst = rectangleOf(display.get(), window);
+    for (const QSize& size : {QSize(768, 1024), QSize(800, 600), QSize(1280, 1024)}) {
+        QVERIFY(resizeScreen(privateServer.display(), size));
+        const QRect screen(QPoint(), size);
+        const auto isBack = [&] { return isAtBottom(rectangleOf(display.get(), window), screen); };
+        QVERIFY2(QTest::qWaitFor(isBack, waitLimitMs),
+            qPrintable(QDebug::toString(rectangleOf(display.get(), window))));
+        PictureLocator locator(display.get(), window, ground, groundColour);
+        QVERIFY2(locator.waitForPicture(), qPrintable(QDebug::toString(size)));
+    }
+    QTRY_COMPARE(rectangleOf(display.get(), window).size(), atFirst.size());
 }
 
 int main(int argc, char** argv)

@@ -2,15 +2,18 @@
 
 #include "x11/Queries.h"
 #include "x11/X11.h"
+#include "x11/qt/FollowedKeyboard.h"
 
 #include <QWidget>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
-KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget)
+KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget, FollowedKeyboard* serversKeyboard)
     : display(xDisplay)
     , widget(ourWidget)
+    , keyboard(serversKeyboard)
     , rootWindow(DefaultRootWindow(xDisplay))
     , toldKeys(xDisplay)
 {
@@ -28,6 +31,8 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     expect(pressEchoes, modifierKeys);
     held.insert(keycode, modifierKeys);
     tellHeldKeys();
+    if (!modifierKeys.isEmpty())
+        keyboard->beginOwnModifiers();
     unsigned long delay = 0; // milliseconds after the key before it
     for (const KeyCode modifier : modifierKeys)
         XTestFakeKeyEvent(display, modifier, x11::xTrue, delay++);
@@ -56,6 +61,8 @@ QList<KeyCode> KeySender::letGo(KeyCode keycode)
     XTestFakeKeyEvent(display, keycode, x11::xFalse, delay++);
     for (const KeyCode modifier : std::as_const(modifierKeys))
         XTestFakeKeyEvent(display, modifier, x11::xFalse, delay++);
+    if (!modifierKeys.isEmpty() && !holdsModifierKeys())
+        keyboard->endOwnModifiers();
     tellHeldKeys();
     XFlush(display);
     return modifierKeys;
@@ -84,6 +91,12 @@ void KeySender::forgetEchoes()
 {
     pressEchoes.clear();
     releaseEchoes.clear();
+}
+
+bool KeySender::holdsModifierKeys() const
+{
+    return std::any_of(held.cbegin(), held.cend(),
+        [](const QList<KeyCode>& modifierKeys) { return !modifierKeys.isEmpty(); });
 }
 
 void KeySender::tellHeldKeys()

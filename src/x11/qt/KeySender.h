@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QList>
 
+class FollowedKeyboard;
 class QWidget;
 
 // What a synthetic key event carries beside the key.
@@ -22,9 +23,10 @@ struct SyntheticKey {
 // killed.
 class KeySender {
 public:
-    // Both are borrowed. While the widget's window is active the server sends what XTest presses
-    // back to this program: see isEcho.
-    KeySender(Display* xDisplay, const QWidget* ourWidget);
+    // All are borrowed; the keyboard is told of modifier keys that this sender holds down. While
+    // the widget's window is active the server sends what XTest presses back to this program: see
+    // isEcho.
+    KeySender(Display* xDisplay, const QWidget* ourWidget, FollowedKeyboard* serversKeyboard);
 
     // Releases what is still held.
     ~KeySender();
@@ -50,6 +52,9 @@ public:
     // another program.
     void forgetEchoes();
 
+    // Whether a key is held down through XTest.
+    bool holdsKeys() const { return !held.isEmpty(); }
+
     // Releases every key that is held, and waits until the server has done so.
     void releaseAll();
 
@@ -63,9 +68,11 @@ private:
     void expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const;
     Window focusWindow() const;
     void tellHeldKeys();
+    bool holdsModifierKeys() const;
 
     Display* display;
     const QWidget* widget;
+    FollowedKeyboard* keyboard;
     Window rootWindow; // of the default screen; gets the key events while no window has the focus
     x11::HeldKeys toldKeys;
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it

@@ -12,9 +12,6 @@
 
 namespace {
 
-// The server marks XTest's devices with this property (xserver-properties.h).
-constexpr char xTestProperty[] = "XTEST Device";
-
 constexpr uint32_t repeatFlag = XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT;
 
 struct RawKeySelection {
@@ -37,16 +34,18 @@ PhysicalKeys::PhysicalKeys(Display* xDisplay, Receiver keyReceiver)
     const RawKeySelection selection;
     xcb_input_xi_select_events(
         connection, static_cast<xcb_window_t>(DefaultRootWindow(display)), 1, &selection.head);
+    xTestDevices.emplace(connection);
 }
 
 bool PhysicalKeys::nativeEventFilter(const QByteArray&, void* message, qintptr*)
 {
+    if (xTestDevices)
+        xTestDevices->goOn();
     const auto* generic = static_cast<const xcb_ge_generic_event_t*>(message);
     if (generic->response_type != XCB_GE_GENERIC || generic->extension != opcode)
         return false;
-    // A new device may get the id of one that was removed.
     if (generic->event_type == XCB_INPUT_HIERARCHY)
-        xTestDevices.clear();
+        xTestDevices->askAnew();
     else if (generic->event_type == XCB_INPUT_RAW_KEY_PRESS)
         tellOfKey(x11::keyPress, *static_cast<const xcb_input_raw_key_press_event_t*>(message));
     else if (generic->event_type == XCB_INPUT_RAW_KEY_RELEASE)
@@ -62,42 +61,22 @@ bool PhysicalKeys::isReporting() const
 
 void PhysicalKeys::tellOfKey(int type, const xcb_input_raw_key_press_event_t& key)
 {
-    if ((key.flags & repeatFlag) || !isReporting() || isXTestDevice(key.sourceid))
+    if ((key.flags & repeatFlag) || !isReporting() || xTestDevices->contains(key.sourceid))
         return;
     XEvent event = keyEvent(type, key.detail, key.time);
     receiver(&event);
 }
 
-bool PhysicalKeys::isXTestDevice(int device)
+XEvent PhysicalKeys::keyEvent(int type, unsigned int keycode, Time time)
 {
-    const auto known = xTestDevices.constFind(device);
-    if (known != xTestDevices.constEnd())
-        return *known;
-
-    xcb_connection_t* connection = toolkitConnection();
-    const auto property = static_cast<xcb_atom_t>(XInternAtom(display, xTestProperty, x11::xTrue));
-    const x11::Reply<xcb_input_xi_get_property_reply_t> reply(
-        xcb_input_xi_get_property_reply(connection,
-            xcb_input_xi_get_property(connection, static_cast<xcb_input_device_id_t>(device), 0,
-                property, XCB_GET_PROPERTY_TYPE_ANY, 0, 1),
-            nullptr));
-    const bool isXTest = property != x11::none && reply && reply->num_items > 0;
-    xTestDevices.insert(device, isXTest);
-    return isXTest;
-}
-
-XEvent PhysicalKeys::keyEvent(int type, unsigned int keycode, Time time) const
-{
-    XkbStateRec state{};
-    XkbGetState(display, x11::coreKeyboard, &state);
-
+    const KeyboardState state = keyboard.state();
     XEvent event{};
     XKeyEvent& key = event.xkey;
     key.type = type;
     key.display = display;
     key.root = key.window = DefaultRootWindow(display);
     key.time = time;
-    key.state = XkbBuildCoreState(state.mods, state.group);
+    key.state = XkbBuildCoreState(state.modifiers, state.group);
     key.keycode = keycode;
     key.same_screen = x11::xTrue;
     return event;

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "x11/Types.h"
+#include "x11/qt/FollowedKeyboard.h"
+#include "x11/qt/XTestDevices.h"
 
 #include <QAbstractNativeEventFilter>
-#include <QHash>
 
 #include <functional>
+#include <optional>
 
 struct xcb_input_raw_key_press_event_t;
 
@@ -34,12 +36,11 @@ public:
 
 private:
     void tellOfKey(int type, const xcb_input_raw_key_press_event_t& key);
-    bool isXTestDevice(int device);
-    XEvent keyEvent(int type, unsigned int keycode, Time time) const;
+    XEvent keyEvent(int type, unsigned int keycode, Time time);
 
     Display* display;
     Receiver receiver;
     int opcode = 0; // the input extension's; 0 where there is none
-    // By device id: whether it is XTest's. Only those that have been asked about so far.
-    QHash<int, bool> xTestDevices;
+    FollowedKeyboard keyboard;
+    std::optional<XTestDevices> xTestDevices; // only with the input extension
 };

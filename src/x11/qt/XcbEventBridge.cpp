@@ -67,7 +67,7 @@ bool XcbEventBridge::nativeEventFilter(const QByteArray&, void* message, qintptr
         XEvent event = focusEvent(display, *static_cast<xcb_focus_in_event_t*>(message));
         return receiver(&event);
     }
-    if (type < firstExtensionEvent)
+    if (type < firstExtensionEvent || generic->response_type != type)
         return false;
 
     XkbEvent event{};

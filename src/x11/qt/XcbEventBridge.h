@@ -8,7 +8,8 @@
 
 // Translates the X events that the program looks at into Xlib's records and hands them on before Qt
 // handles them: key events, a window's getting the focus, and the events of extensions with their
-// type and second byte, which is the kind of an XKB event.
+// type and second byte, which is the kind of an XKB event. Extension events that a program has sent
+// are left out.
 class XcbEventBridge : public QAbstractNativeEventFilter {
 public:
     // Gets each event and says whether it ends here: true keeps it from Qt. The record,
