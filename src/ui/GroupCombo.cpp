@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QIcon>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -44,14 +45,23 @@ GroupCombo::GroupCombo(
 
 void GroupCombo::setItems(const QStringList& items)
 {
-    const int remembered = combo->currentIndex();
-    for (int i = combo->count() - 1; i >= 0; --i)
-        combo->removeItem(i);
-    combo->insertItems(combo->count(), items);
+    const bool wasEmpty = combo->count() == 0;
+    {
+        // The window locks every group that is reported: not those on the way to the last.
+        const QSignalBlocker filling(combo);
+        refill(items);
+    }
+    if (!wasEmpty || !items.isEmpty())
+        internalCurrentIndexChanged(combo->currentIndex());
+}
 
-    if (remembered < 0)
-        combo->setCurrentIndex(0);
-    else if (remembered < combo->count())
+// Keeps the index where there still is one. The combo box itself selects the first of new items.
+void GroupCombo::refill(const QStringList& items)
+{
+    const int remembered = combo->currentIndex();
+    combo->clear();
+    combo->addItems(items);
+    if (remembered >= 0 && remembered < combo->count())
         combo->setCurrentIndex(remembered);
 }
 
