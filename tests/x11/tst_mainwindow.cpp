@@ -362,6 +362,7 @@ void MainWindowTest::componentsThatCannotBeHadChangeNothing()
     choose(QStringLiteral("fr"));
     QCOMPARE(window->picture(), before);
     QVERIFY(before->isVisible());
+    QCOMPARE(selector()->currentLayout(), QStringLiteral("fr"));
 }
 
 void MainWindowTest::customIsHandedToSetxkbmapAsItStands()
