@@ -1,6 +1,7 @@
 #include "switcher/KeymapBytes.h"
 
 #include "switcher/ComponentAtoms.h"
+#include "x11/X11.h"
 
 #include <cstdint>
 #include <iterator>

@@ -89,6 +89,8 @@ private:
     void launchSwitcher();
     void tellWhatCannotWork() const;
 
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): there before the object
+    // is
     static int argumentCount; // QApplication keeps a reference to argc; this outlives it
 
     // The settings as they are read, in UTF-8; null where there is none. That they are byte strings
@@ -100,6 +102,7 @@ private:
     KeyboardSettings settings; // the same once the command line is read, for all other classes
 
     // The keyboard that was asked for last: what report() says of it outlives the application.
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
     static KeyboardSettings askedFor;
 
     bool standalone = false;

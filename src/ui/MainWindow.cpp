@@ -285,7 +285,7 @@ void MainWindow::modeChanged(int which)
 
 void MainWindow::levelChanged(int which)
 {
-    // The combo reports -1 while its items are replaced: that is no choice of a group.
+    // The combo reports -1 when it has no items: that is no choice of a group.
     if (which < 0)
         return;
     view->setGroupNum(static_cast<KeyGroup_t>(which));

@@ -98,10 +98,10 @@ void TryOutTest::click(const char* name) const
     movePointerTo(name);
     button(true);
     if (shown->symbols().keyType() == 0)
-        QTRY_VERIFY(shown->isPressed());
+        QTRY_VERIFY(shown->isPhysicallyDown());
     button(false);
     if (shown->symbols().keyType() == 0)
-        QTRY_VERIFY(!shown->isPressed());
+        QTRY_VERIFY(!shown->isPhysicallyDown());
     else
         QTRY_VERIFY(window()->picture()->modifiers() != before);
 }
@@ -153,10 +153,10 @@ void TryOutTest::aClickedKeyIsTypedAndLitWhileItIsDown()
 {
     movePointerTo("AD03");
     button(true);
-    QTRY_VERIFY(key("AD03")->isPressed());
+    QTRY_VERIFY(key("AD03")->isPhysicallyDown());
     QTRY_COMPARE(typed(), QStringLiteral("e"));
     button(false);
-    QTRY_VERIFY(!key("AD03")->isPressed());
+    QTRY_VERIFY(!key("AD03")->isPhysicallyDown());
     QCOMPARE(typed(), QStringLiteral("e"));
 }
 
@@ -231,7 +231,7 @@ void TryOutTest::theClickDoesNotLeaveTheWindowsFocus()
 void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 {
     physicalKey(XK_Shift_L, true);
-    QTRY_VERIFY(key("LFSH")->isPressed());
+    QTRY_VERIFY(key("LFSH")->isPhysicallyDown());
     QWidget other;
     other.setGeometry(10, 10, 100, 60);
     other.show();
@@ -240,7 +240,7 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
     XSetInputFocus(
         display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
     XSync(display.get(), x11::xFalse);
-    QTRY_VERIFY(!key("LFSH")->isPressed());
+    QTRY_VERIFY(!key("LFSH")->isPhysicallyDown());
     QCOMPARE(int(window()->picture()->modifiers()), 0);
     physicalKey(XK_Shift_L, false);
     other.close();
@@ -252,14 +252,14 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 void TryOutTest::aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo()
 {
     physicalKey(XK_b, true);
-    QTRY_VERIFY(key("AB05")->isPressed());
+    QTRY_VERIFY(key("AB05")->isPhysicallyDown());
     XSetInputFocus(
         display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
     physicalKey(XK_b, false);
     XSetInputFocus(display.get(), window()->winId(), RevertToPointerRoot, CurrentTime);
     stroke(XK_n);
     QTRY_COMPARE(typed().right(1), QStringLiteral("n"));
-    QVERIFY(!key("AB05")->isPressed());
+    QVERIFY(!key("AB05")->isPhysicallyDown());
 }
 
 // The new picture types through XTest, and its own window gets the modifiers around each key.

@@ -76,7 +76,7 @@ void KeySender::expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const
         ++echoes[keycode];
 }
 
-bool KeySender::isEcho(const XKeyEvent& event)
+bool KeySender::takeEcho(const XKeyEvent& event)
 {
     Echoes& echoes = event.type == x11::keyPress ? pressEchoes : releaseEchoes;
     const auto expected = echoes.find(static_cast<KeyCode>(event.keycode));

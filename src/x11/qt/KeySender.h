@@ -25,7 +25,7 @@ class KeySender {
 public:
     // All are borrowed; the keyboard is told of modifier keys that this sender holds down. While
     // the widget's window is active the server sends what XTest presses back to this program: see
-    // isEcho.
+    // takeEcho.
     KeySender(Display* xDisplay, const QWidget* ourWidget, FollowedKeyboard* serversKeyboard);
 
     // Releases what is still held.
@@ -45,8 +45,8 @@ public:
     void typeThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
     // Whether the event is the echo of a modifier key that this sender pressed or released around a
-    // key, so not the user's. Each echo is expected once: the answer uses it up.
-    bool isEcho(const XKeyEvent& event);
+    // key, so not the user's. Takes the echo off those expected: ask once for each event.
+    bool takeEcho(const XKeyEvent& event);
 
     // For the time when this program loses the focus: the echoes that are still expected go to
     // another program.
