@@ -89,9 +89,9 @@ private:
     void launchSwitcher();
     void tellWhatCannotWork() const;
 
-    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): there before the object
-    // is
-    static int argumentCount; // QApplication keeps a reference to argc; this outlives it
+    // QApplication keeps a reference to argc, from before there is an object; this outlives it.
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+    inline static int argumentCount = 0;
 
     // The settings as they are read, in UTF-8; null where there is none. That they are byte strings
     // made with strdup is given.
@@ -103,7 +103,7 @@ private:
 
     // The keyboard that was asked for last: what report() says of it outlives the application.
     // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
-    static KeyboardSettings askedFor;
+    inline static KeyboardSettings askedFor;
 
     bool standalone = false;
     bool toFocus = false;
