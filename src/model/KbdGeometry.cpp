@@ -233,6 +233,30 @@ void KbdGeometry::click(KbdKey* key)
     keyPresses->click(key);
 }
 
+KbdGeometry::DrawnCaps KbdGeometry::takeDrawnCaps()
+{
+    DrawnCaps caps;
+    for (KbdKey* key : keyboardItems->allKeys())
+        caps.emplace(key->x11Keycode(), key->takeDrawnCap());
+    return caps;
+}
+
+void KbdGeometry::reuse(DrawnCaps& caps)
+{
+    for (auto& [keycode, cap] : caps) {
+        if (KbdKey* key = keyboardItems->keyOf(keycode))
+            key->reuse(std::move(cap));
+    }
+}
+
+void KbdGeometry::prepareFlag(const QString& filename) const
+{
+    for (const KbdDoodad* doodad : keyboardItems->allDoodads()) {
+        if (keyboardItems->isFlag(doodad))
+            doodad->prepareFlag(filename);
+    }
+}
+
 void KbdGeometry::setPrintMode(quint8 print)
 {
     for (KbdKey* key : keyboardItems->allKeys())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keys/DrawnCap.h"
 #include "keys/KbdTypes.h"
 #include "model/ModifierState.h"
 #include "x11/X11.h"
@@ -8,6 +9,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -75,6 +77,15 @@ public:
     // that are down still, which it asks the server.
     void releasePhysicalKeys();
     void releaseKeysThatAreUp();
+
+    // What the picture that follows this one can draw again, by key code; this one then has to draw
+    // it anew. The next one takes what it can use out of caps.
+    using DrawnCaps = std::map<KeyCode, DrawnCap>;
+    DrawnCaps takeDrawnCaps();
+    void reuse(DrawnCaps& caps);
+
+    // Decodes the flag of the picture that follows this one.
+    void prepareFlag(const QString& filename) const;
 
     QSizeF pictureSize() const { return sceneRect().size(); } // in units of the scene
 

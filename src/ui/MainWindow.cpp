@@ -301,16 +301,13 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     const KeyboardSettings settings = settingsOf(*spec);
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
-    if (!queryComponentNames(&names, toolkitDisplay(), settings))
+    ComponentQuery query(toolkitDisplay(), settings);
+    view->prepareFlag(spec->icon); // while setxkbmap runs
+    if (!query.answer(&names))
         return;
 
     dropCustomEntry();
-    view->hide();
-    delete view;
-    view = nullptr;
-    view = new KbdGeometry(settings, names, true, nullptr);
-    view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
-    mainLayout->insertWidget(viewIndex, view);
+    replaceView(settings, names);
     connectView();
 
     const QStringList groups = translatedGroupNames();
@@ -318,6 +315,21 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     groupCombo->setVisible(groups.size() >= 2);
     emit newKeyboard(names);
     view->setFlagFilename(spec->icon);
+}
+
+void MainWindow::replaceView(const KeyboardSettings& settings, const XkbComponentNamesRec& names)
+{
+    KbdGeometry::DrawnCaps caps = view->takeDrawnCaps();
+    view->hide();
+    delete view;
+    view = nullptr;
+    view = new KbdGeometry(settings, names, true, nullptr);
+    view->reuse(caps);
+    view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
+    mainLayout->insertWidget(viewIndex, view);
+    // At once in its full size: otherwise the window would be painted without a picture first.
+    view->show();
+    mainLayout->activate();
 }
 
 void MainWindow::selectKeyboard(const KeyboardSettings& shown)
