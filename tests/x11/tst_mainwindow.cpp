@@ -74,9 +74,10 @@ public:
     {
         if (object == &window && event->type() == QEvent::UpdateRequest)
             sizes.append(QSize());
+        if (event->type() != QEvent::Paint || sizes.isEmpty())
+            return false;
         const KbdGeometry* view = window.picture();
-        if (view && object == view->viewport() && event->type() == QEvent::Paint
-            && !sizes.isEmpty())
+        if (view && object == view->viewport())
             sizes.last() = view->size();
         return false;
     }
