@@ -26,6 +26,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
+#include <QPixmapCache>
 #include <QTimer>
 #include <QTranslator>
 
@@ -43,6 +44,10 @@ constexpr char instanceName[] = "orvix-kbd-display-tofocus";
 constexpr char iconFile[] = "orvix-kbd-display.png";
 constexpr char translationDirectory[] = "/usr/share/orvix-i18n/";
 constexpr char translationPrefix[] = "orvix-keyboard-layout_";
+
+// In kilobytes, of Qt's cache of pictures from files: the last flags that were shown. Qt would keep
+// five times as much.
+constexpr int pictureCacheLimit = 2048;
 
 constexpr char waylandLine[] = "Keys clicked here reach the windows of X programs only: this X "
                                "server (Xwayland) hands none on to Wayland programs.";
@@ -148,6 +153,7 @@ KbdApp::KbdApp(int argc, char** argv, bool flag)
 
 void KbdApp::startUp(char** argv)
 {
+    QPixmapCache::setCacheLimit(pictureCacheLimit);
     installTranslation();
     setApplicationName(tr("Arvane Virtual Keyboard"));
     setWindowIcon(QIcon(KbdConstants::iconPath(QString::fromLatin1(iconFile))));

@@ -89,6 +89,12 @@ void KbdDoodad::loadPixmap(const QString& path)
         std::fprintf(stderr, "Doodad: cannot load '%s'\n", path.toUtf8().constData());
 }
 
+void KbdDoodad::prepareFlag(const QString& name) const
+{
+    if (!flagDirectory.isEmpty() && !name.isEmpty())
+        const QPixmap flag(flagDirectory + name);
+}
+
 bool KbdDoodad::isIndicator() const
 {
     return doodad.any.type == XkbIndicatorDoodad;

@@ -28,6 +28,10 @@ public:
     qreal scaleFactor() const { return scale; }
     QString flagFilename() const { return filename; }
 
+    // Decodes a flag, so that setFlagFilename finds it in Qt's cache. Says nothing of one that
+    // cannot be loaded.
+    void prepareFlag(const QString& name) const;
+
     // For printing: outlines and solid areas become white.
     void setWhite(bool isWhite) { white = isWhite; }
 

@@ -60,6 +60,17 @@ void KbdKey::showState()
     update(boundingRect());
 }
 
+DrawnCap KbdKey::takeDrawnCap()
+{
+    return {keyShape, std::exchange(pictures, {})};
+}
+
+void KbdKey::reuse(DrawnCap cap)
+{
+    if (cap.shape == keyShape)
+        pictures = std::move(cap.pictures);
+}
+
 QRectF KbdKey::boundingRect() const
 {
     return {0, 0, keyShape.width, keyShape.height};

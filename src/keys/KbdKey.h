@@ -1,8 +1,7 @@
 #pragma once
 
-#include "keys/CapPictures.h"
+#include "keys/DrawnCap.h"
 #include "keys/KbdTypes.h"
-#include "keys/KeyShape.h"
 #include "keys/KeyState.h"
 #include "keys/KeySymbols.h"
 #include "x11/Types.h"
@@ -56,6 +55,11 @@ public:
     void setCurrentModifiers(ShiftMask_t modifiers);
     void setMultipleCharacters(bool multiple);
     void setSelectedGroup(KeyGroup_t selected);
+
+    // The cap's pictures, which this key no longer has then; and those of a key that was there
+    // before, which are of use as far as this one has its shape, its place and its face.
+    DrawnCap takeDrawnCap();
+    void reuse(DrawnCap cap);
 
     QRectF boundingRect() const override;
     QPainterPath shape() const override;

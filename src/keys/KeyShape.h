@@ -19,4 +19,6 @@ struct KeyShape {
     // The record is only read. Outlines of three points or fewer become rectangles, which XKB gives
     // by one or two corners.
     explicit KeyShape(const XkbShapeRec& shape);
+
+    bool operator==(const KeyShape&) const = default;
 };

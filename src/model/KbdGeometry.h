@@ -68,8 +68,7 @@ public:
     using GroupObserver = std::function<void(KeyGroup_t)>;
     void observeGroup(GroupObserver observer) { groupObserver = std::move(observer); }
 
-    // The group that was locked in the server when this keyboard was loaded, or the one shown where
-    // the server has another keyboard.
+    // The group locked in the server at the load; the one shown where it has another keyboard.
     KeyGroup_t firstGroup() const;
 
     // Shows no key as pressed, for a time without key events; and, after a short one, only those

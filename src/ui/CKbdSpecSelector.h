@@ -4,9 +4,7 @@
 #include "ui/ControlCombo.h"
 #include "ui/specs/KbdSpec.h"
 
-#include <QVector>
-
-struct SpecRow;
+class SpecListModel;
 struct SpecTable;
 
 // A combo box with the keyboards of the table, sorted by their display names, and a "<Custom>"
@@ -20,20 +18,20 @@ public:
         TableNotOpened = 2,
     };
 
-    // Shows the table's entries. The few native names that only the font of a certain package can
-    // draw come when somebody can see them: when the list is opened, or such an entry is painted.
+    // Shows the table's entries. Their order, and the few native names that only the font of a
+    // certain package can draw, come when somebody can see them: before the list is opened or the
+    // user steps to another entry, and after such a name is painted. Until then the entries are in
+    // the table's order; currentIndex() follows its entry.
     // The "<Custom>" record is there in any case, its combo item only with withCustom. table is
-    // borrowed during the construction only.
+    // borrowed during the construction only; its text is shared.
     // Throws a SpecTableError by value (that errors are integers is given).
     CKbdSpecSelector(bool withCustom, QWidget* parent, const SpecTable& table);
 
-    // The same with a table that it reads itself, and with all native names.
+    // The same with a table that it reads itself, in order and with all native names.
     CKbdSpecSelector(bool withCustom, QWidget* parent);
-    ~CKbdSpecSelector() override;
-    Q_DISABLE_COPY(CKbdSpecSelector)
 
-    // Selects the first entry with a keyboard of exactly this model, layout and variant, else the
-    // last entry.
+    // Selects the first entry, in the order of the names, with a keyboard of exactly this model,
+    // layout and variant, else the last entry.
     void select(const KeyboardSettings& keyboard);
 
     // Whether the entry is "<Custom>"; false for an index that no entry has.
@@ -53,7 +51,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    // Completes the names first, which may block for package tests: 1.1 seconds for each font
+    // Completes the list first, which may block for package tests: 1.1 seconds for each font
     // package that the entries need, the first time only.
     void showPopup() override;
 
@@ -84,19 +82,14 @@ public slots:
     void userSelectionChanged(int newSelection);
 
 protected:
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void build(bool withCustom, const SpecTable& table);
-    void addEntries(const SpecTable& table);
-    void addEntry(const SpecRow& row);
-    void addNativeNames();
-    void showNewNames();
-    void sortEntries();
-    void addEntryItems();
-    void addCustomEntry();
+    void completeList();
     const kbdSpec_t* currentEntry() const;
 
-    QVector<kbdSpec_t*> specs; // owned; in combo order, "<Custom>" last
-    QList<kbdSpec_t*> fontsUnknown; // those whose native name waits for a package test; borrowed
+    SpecListModel* specs = nullptr; // a child of this
 };

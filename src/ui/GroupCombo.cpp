@@ -39,7 +39,8 @@ GroupCombo::GroupCombo(
     connect(comboBox(), &QComboBox::activated, this, &GroupCombo::internalActivated);
     connect(comboBox(), &QComboBox::currentIndexChanged, this,
         &GroupCombo::internalCurrentIndexChanged);
-    readFlagMap(table);
+    if (table.place != SpecTable::Place::SourceTree && table.rows)
+        flags = *table.rows;
     if (!items.isEmpty())
         setItems(items);
 }
@@ -104,20 +105,26 @@ void GroupCombo::internalCurrentIndexChanged(int index)
         emit currentDataChanged(dataList->at(index));
 }
 
-void GroupCombo::readFlagMap(const SpecTable& table)
-{
-    if (table.place == SpecTable::Place::SourceTree || !table.rows)
-        return;
-    for (const SpecRow& row : *table.rows)
-        if (!row.icon.isEmpty() && !row.layout.isEmpty())
-            flagMap.insert(firstLayout(row.layout), row.icon);
-}
-
 // Empty when the layout has no flag or its file cannot be read.
 QString GroupCombo::flagPath(const QString& layout) const
 {
-    const QString fileName = flagMap.value(layout.section(u':', 0, 0));
+    const QString fileName = flagOf(layout.section(u':', 0, 0));
     return fileName.isEmpty() ? QString() : KbdConstants::iconPath(u'/' + fileName);
+}
+
+// Of several lines for the layout the last one counts. Few lines are decoded: the table can be
+// long.
+QString GroupCombo::flagOf(const QString& layout) const
+{
+    const QByteArray word = layout.section(u' ', 0, 0).toUtf8();
+    for (qsizetype row = flags.size() - 1; row >= 0; --row) {
+        const SpecFields fields = flags.fieldsAt(row);
+        if (fields.icon.isEmpty() || fields.layout.isEmpty() || fields.layout.indexOf(word) < 0)
+            continue;
+        if (firstLayout(QString::fromUtf8(fields.layout)) == layout)
+            return QString::fromUtf8(fields.icon);
+    }
+    return {};
 }
 
 void GroupCombo::ensureItem(int index)

@@ -1,14 +1,12 @@
 #pragma once
 
 #include "ui/CaptionedCombo.h"
+#include "ui/specs/SpecTable.h"
 
-#include <QMap>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
-
-struct SpecTable;
 
 // The choice of the XKB group that the picture shows: one item for each group, with the flag of the
 // group's layout where the keyboard table knows one.
@@ -17,8 +15,8 @@ class GroupCombo : public CaptionedCombo {
 
 public:
     // items are the groups' names. Icon-only mode hides the caption and shows icons and numbers
-    // instead of the names. The flags are those of the table, which is read during the construction
-    // only; one in the source tree, or one that cannot be read, gives none.
+    // instead of the names. The flags are those of the table, whose text is shared; one in the
+    // source tree, or one that cannot be read, gives none.
     GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent, const SpecTable& table);
 
     // The same with a table that it reads itself.
@@ -52,10 +50,10 @@ private slots:
 
 private:
     void refill(const QStringList& items);
-    void readFlagMap(const SpecTable& table);
+    QString flagOf(const QString& layout) const;
     QString flagPath(const QString& layout) const;
     void ensureItem(int index);
 
     std::unique_ptr<QStringList> dataList; // null until setData
-    QMap<QString, QString> flagMap; // layout name to icon file name
+    SpecRows flags; // a layout's flag is the icon of its keyboards
 };

@@ -2,6 +2,8 @@
 
 #include "app/description/ComponentNames.h"
 #include "app/description/XkbTexts.h"
+#include "keys/KbdDoodad.h"
+#include "model/DrawnCaps.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/GroupCombo.h"
@@ -316,16 +318,14 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     const KeyboardSettings settings = settingsOf(*spec);
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
-    if (!queryComponentNames(&names, toolkitDisplay(), settings))
+    ComponentQuery query(toolkitDisplay(), settings);
+    for (const KbdDoodad* doodad : view->doodadItems()) // while setxkbmap runs
+        doodad->prepareFlag(spec->icon);
+    if (!query.answer(&names))
         return;
 
     dropCustomEntry();
-    view->hide();
-    delete view;
-    view = nullptr;
-    view = new KbdGeometry(settings, names, true, nullptr);
-    view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
-    mainLayout->insertWidget(viewIndex, view);
+    replaceView(settings, names);
     connectView();
 
     const QStringList groups = translatedGroupNames();
@@ -333,6 +333,21 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     groupCombo->setVisible(groups.size() >= 2);
     emit newKeyboard(names);
     view->setFlagFilename(spec->icon);
+}
+
+void MainWindow::replaceView(const KeyboardSettings& settings, const XkbComponentNamesRec& names)
+{
+    DrawnCaps caps(view->keyItems());
+    view->hide();
+    delete view;
+    view = nullptr;
+    view = new KbdGeometry(settings, names, true, nullptr);
+    caps.giveTo(view->keyItems());
+    view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
+    mainLayout->insertWidget(viewIndex, view);
+    // At once in its full size: otherwise the window would be painted without a picture first.
+    view->show();
+    mainLayout->activate();
 }
 
 void MainWindow::selectKeyboard(const KeyboardSettings& shown)

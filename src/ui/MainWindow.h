@@ -119,6 +119,7 @@ private:
     void addKeycapCombo();
     void addPrintButton();
     void addBottomRow();
+    void replaceView(const KeyboardSettings& settings, const XkbComponentNamesRec& names);
     void connectView();
     void connectTypingArea();
     void returnToBottom();

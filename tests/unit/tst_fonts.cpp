@@ -162,7 +162,7 @@ private:
 
 void FontsTest::initTestCase()
 {
-    rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE)).value_or(QList<SpecRow>());
+    rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE)).value_or(SpecRows()).all();
     QVERIFY(!rows.isEmpty());
     context.reset(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
     QVERIFY(context);

@@ -1,22 +1,29 @@
 #include "DataFixture.h"
 #include "ui/CKbdSpecSelector.h"
+#include "ui/GroupCombo.h"
 #include "ui/specs/FileIconEngine.h"
 #include "ui/specs/SpecTable.h"
 
+#include <QAbstractItemModelTester>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTranslator>
+#include <QWheelEvent>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
 
 #include <csignal>
+#include <malloc.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+Q_DECLARE_METATYPE(std::function<void(QComboBox&)>)
 
 namespace {
 
@@ -176,6 +183,10 @@ private slots:
     void aForeignTableIsReadAsFarAsItGoes_data();
     void aForeignTableIsReadAsFarAsItGoes();
     void aHugeTableIsReadQuickly();
+    void aHugeTableTakesLittleMoreThanItsText();
+    void theListComesIntoOrderBeforeItIsSeen_data();
+    void theListComesIntoOrderBeforeItIsSeen();
+    void outOfOrderTheFirstNameIsSelectedToo();
     void aHugeLineDoesNotStretchTheWindow();
     void onlyTheCurrentNameIsGivenRoom();
 
@@ -376,6 +387,76 @@ void SpecSelectorTest::aHugeTableIsReadQuickly()
     const CKbdSpecSelector selector(true, nullptr);
     QCOMPARE(selector.count(), lines + 1);
     QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+}
+
+// The window does without the order and the icons until the list is opened.
+void SpecSelectorTest::aHugeTableTakesLittleMoreThanItsText()
+{
+    constexpr int lines = 200'000;
+    QByteArray text;
+    for (int i = 0; i < lines; ++i)
+        text += "Country " + QByteArray::number(i) + "\tred.png\tpc104\tus\t\n";
+    QVERIFY(data->writeTable(text));
+    const auto inUse = [] {
+        const struct mallinfo2 info = mallinfo2();
+        return static_cast<qsizetype>(info.uordblks + info.hblkhd);
+    };
+
+    const qsizetype before = inUse();
+    const SpecTable table = SpecTable::find();
+    CKbdSpecSelector selector(true, nullptr, table);
+    const GroupCombo groups({QStringLiteral("English")}, false, nullptr, table);
+    selector.select({QStringLiteral("pc104"), QStringLiteral("us"), {}, {}});
+    QCOMPARE(selector.count(), lines + 1);
+    QCOMPARE(selector.currentText(), QStringLiteral("Country 0"));
+    const qsizetype taken = inUse() - before;
+    QVERIFY2(taken < 3 * text.size(), qPrintable(QString::number(taken)));
+}
+
+void SpecSelectorTest::theListComesIntoOrderBeforeItIsSeen_data()
+{
+    QTest::addColumn<std::function<void(QComboBox&)>>("look");
+    QTest::newRow("the list is opened") << std::function<void(QComboBox&)>([](QComboBox& combo) {
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support grabbing the keyboard");
+        combo.showPopup();
+    });
+    QTest::newRow("the wheel is turned") << std::function<void(QComboBox&)>([](QComboBox& combo) {
+        QWheelEvent event(
+            {1, 1}, {1, 1}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&combo, &event);
+    });
+    QTest::newRow("a key is pressed") << std::function<void(QComboBox&)>(
+        [](QComboBox& combo) { QTest::keyClick(&combo, Qt::Key_F7); });
+}
+
+// Coming into order is no choice of another keyboard.
+void SpecSelectorTest::theListComesIntoOrderBeforeItIsSeen()
+{
+    QFETCH(const std::function<void(QComboBox&)>, look);
+    QVERIFY(data->writeTable("C\t\tpc104\tus\t\nA\t\tpc105\tde\t\nB\t\tpc105\tfr\t\n"));
+    CKbdSpecSelector selector(true, nullptr, SpecTable::find());
+    const QAbstractItemModelTester tester(selector.model());
+    selector.select({QStringLiteral("pc104"), QStringLiteral("us"), {}, {}});
+    selector.removeItem(selector.count() - 1);
+    QStringList changes;
+    connect(&selector, &CKbdSpecSelector::currentChanged, this,
+        [&](const kbdSpec_t* spec) { changes.append(spec->name); });
+
+    look(selector);
+    QCOMPARE(textsOf(selector),
+        QStringList({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+    QCOMPARE(selector.currentIndex(), 2);
+    QCOMPARE(selector.currentText(), QStringLiteral("C"));
+    QCOMPARE(changes, QStringList());
+}
+
+void SpecSelectorTest::outOfOrderTheFirstNameIsSelectedToo()
+{
+    QVERIFY(data->writeTable("C\t\tpc104\tus\t\nA\t\tpc104\tus\t\nB\t\tpc104\tus\t\n"));
+    CKbdSpecSelector selector(true, nullptr, SpecTable::find());
+    selector.setCurrent(QStringLiteral("pc104"), QStringLiteral("us"), QString());
+    QCOMPARE(selector.currentText(), QStringLiteral("A"));
 }
 
 void SpecSelectorTest::aHugeLineDoesNotStretchTheWindow()

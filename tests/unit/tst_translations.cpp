@@ -117,7 +117,7 @@ QStringList namesOfTheTable()
 {
     QStringList names;
     const auto rows = SpecTable::rowsOf(QStringLiteral(KBD_SOURCE_DIR "/src/kbdSpecs.tab"));
-    for (const SpecRow& row : rows.value_or(QList<SpecRow>()))
+    for (const SpecRow& row : rows.value_or(SpecRows()).all())
         names.append(baseOf(row.name));
     return names;
 }
@@ -344,7 +344,7 @@ void TranslationsTest::theTwoShapesOfAKeyboardStandTogether()
     const auto rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE));
     QVERIFY(rows);
     QList<std::pair<QString, QString>> shown; // what the selector shows, and the name behind it
-    for (const SpecRow& row : *rows) {
+    for (const SpecRow& row : rows->all()) {
         const QString base = baseOf(row.name);
         shown.append({translator.translate("CKbdSpecSelector", base.toUtf8().constData())
                 + row.name.mid(base.size()),

@@ -62,8 +62,8 @@ void KbdSpecsLoadTest::everyEntryGivesAKeyboardWithAPictureAndItsGroups_data()
     QTest::addColumn<QString>("variant");
 
     const auto rows = SpecTable::rowsOf(QStringLiteral(KBD_SPECS_FILE));
-    QVERIFY(rows && !rows->isEmpty());
-    for (const SpecRow& row : *rows) {
+    QVERIFY(rows && rows->size() > 0);
+    for (const SpecRow& row : rows->all()) {
         const QString english = row.name.section(QLatin1String(" ["), 0, 0);
         QTest::newRow(qUtf8Printable(english)) << row.model << row.layout << row.variant;
     }

@@ -60,6 +60,34 @@ private:
 
 } // namespace
 
+// Notes, each time that Qt brings the screen up to date, the size of the picture that it paints
+// then; an invalid one where it paints none.
+class PaintLog : public QObject {
+public:
+    explicit PaintLog(const MainWindow& watched)
+        : window(watched)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (object == &window && event->type() == QEvent::UpdateRequest)
+            sizes.append(QSize());
+        if (event->type() != QEvent::Paint || sizes.isEmpty())
+            return false;
+        const KbdGeometry* view = window.picture();
+        if (view && object == view->viewport())
+            sizes.last() = view->size();
+        return false;
+    }
+
+    QList<QSize> sizes;
+
+private:
+    const MainWindow& window;
+};
+
 class MainWindowTest : public QObject {
     Q_OBJECT
 
@@ -79,6 +107,8 @@ private slots:
     void aKeyboardOfTheTableIsSelectedAndCustomIsNotOffered();
     void aKeyboardOutsideTheTableIsCustom();
     void choosingAnEntryReplacesThePictureAndDropsCustomForGood();
+    void theNewPictureHasItsSizeWhenItIsFirstPainted();
+    void theNewPictureKeepsNothingOfTheOldCaps();
     void theNewPictureKeepsTheKeycapMode();
     void theNewPictureGetsTheFlagAndItsNamesAreHandedOn();
     void componentsThatCannotBeHadChangeNothing();
@@ -313,6 +343,29 @@ void MainWindowTest::choosingAnEntryReplacesThePictureAndDropsCustomForGood()
     QVERIFY(!selector()->isCustom(selector()->count() - 1));
     choose(QStringLiteral("fr"));
     QVERIFY(!selector()->isCustom(selector()->count() - 1));
+}
+
+// Nor is the window painted without a picture in between.
+void MainWindowTest::theNewPictureHasItsSizeWhenItIsFirstPainted()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), QString()});
+    QCoreApplication::processEvents();
+    const QSize size = window->picture()->size();
+    const PaintLog paints(*window);
+    choose(QStringLiteral("de"));
+    QTRY_VERIFY(paints.sizes.contains(size));
+    QCOMPARE(paints.sizes.first(), size);
+}
+
+// Caps that look the same are drawn by the old picture's.
+void MainWindowTest::theNewPictureKeepsNothingOfTheOldCaps()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), QString()});
+    choose(QStringLiteral("ru"));
+    choose(QStringLiteral("de"));
+    const QImage chosen = window->picture()->grab().toImage();
+    open({QStringLiteral("pc105"), QStringLiteral("de"), QString()});
+    QCOMPARE(chosen, window->picture()->grab().toImage());
 }
 
 void MainWindowTest::theNewPictureKeepsTheKeycapMode()

@@ -69,10 +69,21 @@ void replace(char*& target, const char* text)
     target = text ? strdup(text) : nullptr;
 }
 
-QRegularExpression includePattern(const char* keyword)
+using Patterns = std::array<QRegularExpression, sections.size()>;
+
+// Of the sections' include lines; compiled at the first call.
+const Patterns& includePatterns()
 {
-    return QRegularExpression(
-        QLatin1StringView(keyword) + u"\\s*\\{\\s*include\\s+\"(.*)\"\\s*\\}"_s);
+    static const Patterns patterns = [] {
+        Patterns made;
+        for (std::size_t i = 0; i < sections.size(); ++i) {
+            made[i].setPattern(QLatin1StringView(sections[i].keyword)
+                + u"\\s*\\{\\s*include\\s+\"(.*)\"\\s*\\}"_s);
+            made[i].optimize();
+        }
+        return made;
+    }();
+    return patterns;
 }
 
 void preferPlatformGeometry(XkbComponentNamesRec* names)
@@ -128,6 +139,7 @@ ComponentQuery::ComponentQuery(Display* display, const KeyboardSettings& setting
     : model(settings.model)
     , setxkbmap(u"setxkbmap"_s, setxkbmapArguments(display, settings))
 {
+    includePatterns(); // compiled while setxkbmap runs
 }
 
 bool ComponentQuery::answer(XkbComponentNamesRec* names)
@@ -149,10 +161,7 @@ bool queryComponentNames(
 
 bool readComponentNames(XkbComponentNamesRec* names, const QByteArray& keymap)
 {
-    std::array<QRegularExpression, sections.size()> patterns;
-    for (std::size_t i = 0; i < sections.size(); ++i)
-        patterns[i] = includePattern(sections[i].keyword);
-
+    const Patterns& patterns = includePatterns();
     const QStringList lines = QString::fromUtf8(keymap).split(u'\n');
     for (const QString& line : lines) {
         if (line.size() > longestLine)

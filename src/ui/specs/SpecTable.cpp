@@ -4,27 +4,117 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
+#include <QStringConverter>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype fewestFields = 4;
+constexpr std::size_t fewestFields = 4;
+constexpr std::size_t mostFields = 5;
 
-std::optional<SpecRow> rowOf(const QString& line)
+constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
+
+bool isAscii(char byte)
 {
-    if (line.isEmpty() || line.startsWith(u'#'))
-        return std::nullopt;
-    const QStringList fields = line.split(u'\t');
-    if (fields.size() < fewestFields)
-        return std::nullopt;
-    return SpecRow{fields.at(0), fields.at(1), fields.at(2), fields.at(3), fields.value(4)};
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+// In UTF-8, without a byte order mark, and with a line feed alone at the ends of lines.
+QByteArray plainText(QByteArray text)
+{
+    const auto encoding = QStringConverter::encodingForData(text);
+    if (encoding && *encoding != QStringConverter::Utf8)
+        text = QString(QStringDecoder(*encoding)(text)).toUtf8();
+    if (text.startsWith(utf8Mark))
+        text.remove(0, utf8Mark.size());
+    if (text.contains('\r'))
+        text.removeIf([](char byte) { return byte == '\r'; });
+    return text;
+}
+
+// In bytes.
+qsizetype spaceBefore(QByteArrayView line)
+{
+    const auto* plain = std::find_if_not(line.begin(), line.end(),
+        [](char byte) { return isAscii(byte) && QChar::isSpace(static_cast<char32_t>(byte)); });
+    const qsizetype skipped = plain - line.begin();
+    if (plain == line.end() || isAscii(*plain))
+        return skipped;
+    // Unicode has spaces beyond ASCII.
+    const QString rest = QString::fromUtf8(line.sliced(skipped));
+    const auto* text =
+        std::find_if_not(rest.begin(), rest.end(), [](QChar each) { return each.isSpace(); });
+    return skipped + rest.first(text - rest.begin()).toUtf8().size();
+}
+
+QByteArrayView lineAt(const QByteArray& text, qsizetype start)
+{
+    const qsizetype end = text.indexOf('\n', start);
+    return QByteArrayView(text).sliced(start, (end < 0 ? text.size() : end) - start);
+}
+
+bool describesKeyboard(QByteArrayView line)
+{
+    if (line.isEmpty() || line.front() == '#')
+        return false;
+    std::size_t fields = 1;
+    for (qsizetype tab = line.indexOf('\t'); tab >= 0 && fields < fewestFields;
+        tab = line.indexOf('\t', tab + 1))
+        ++fields;
+    return fields == fewestFields;
 }
 
 } // namespace
+
+SpecRows::SpecRows(QByteArray tableText)
+    : text(plainText(std::move(tableText)))
+{
+    for (qsizetype start = 0; start < text.size();) {
+        const QByteArrayView whole = lineAt(text, start);
+        const qsizetype space = spaceBefore(whole);
+        if (describesKeyboard(whole.sliced(space)))
+            starts.append(start + space);
+        start += whole.size() + 1;
+    }
+}
+
+SpecFields SpecRows::fieldsAt(qsizetype row) const
+{
+    const QByteArrayView line = lineAt(text, starts.at(row));
+    std::array<QByteArrayView, mostFields> fields;
+    qsizetype start = 0;
+    for (QByteArrayView& field : fields) {
+        const qsizetype tab = line.indexOf('\t', start);
+        field = line.sliced(start, (tab < 0 ? line.size() : tab) - start);
+        if (tab < 0)
+            break;
+        start = tab + 1;
+    }
+    const auto& [name, icon, model, layout, variant] = fields;
+    return {name, icon, model, layout, variant};
+}
+
+SpecRow SpecRows::at(qsizetype row) const
+{
+    const SpecFields fields = fieldsAt(row);
+    return {QString::fromUtf8(fields.name), QString::fromUtf8(fields.icon),
+        QString::fromUtf8(fields.model), QString::fromUtf8(fields.layout),
+        QString::fromUtf8(fields.variant)};
+}
+
+QList<SpecRow> SpecRows::all() const
+{
+    QList<SpecRow> rows;
+    rows.reserve(size());
+    for (qsizetype row = 0; row < size(); ++row)
+        rows.append(at(row));
+    return rows;
+}
 
 SpecTable SpecTable::find()
 {
@@ -40,20 +130,11 @@ SpecTable SpecTable::find()
     return {};
 }
 
-std::optional<QList<SpecRow>> SpecTable::rowsOf(const QString& path)
+std::optional<SpecRows> SpecTable::rowsOf(const QString& path)
 {
     // Opening a pipe would wait for a writer.
     QFile file(path);
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
-
-    QTextStream text(&file);
-    text.setEncoding(QStringConverter::Utf8);
-    QList<SpecRow> rows;
-    while (!text.atEnd()) {
-        text.skipWhiteSpace();
-        if (const std::optional<SpecRow> row = rowOf(text.readLine()))
-            rows.append(*row);
-    }
-    return rows;
+    return SpecRows(file.readAll());
 }

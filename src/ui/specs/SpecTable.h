@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+#include <QByteArrayView>
 #include <QList>
 #include <QString>
 
@@ -7,11 +9,44 @@
 
 // One line of the keyboard spec table, as written. The variant is empty when the line has none.
 struct SpecRow {
-    QString name;
+    QString name; // never empty
     QString icon;
     QString model;
     QString layout;
     QString variant;
+};
+
+// The same in UTF-8, borrowed from the table's text.
+struct SpecFields {
+    QByteArrayView name;
+    QByteArrayView icon;
+    QByteArrayView model;
+    QByteArrayView layout;
+    QByteArrayView variant;
+};
+
+// The lines of a table that describe a keyboard, in file order. Copies share the text. A line is
+// taken apart when it is asked for: a table can be long, and few of its lines are ever shown.
+class SpecRows {
+public:
+    SpecRows() = default;
+
+    // text is a table in UTF-8, or in UTF-16 or UTF-32 with a byte order mark. Blank lines,
+    // comments and lines of fewer than four fields are left out. White space before a line is no
+    // part of it, nor are fields after the fifth.
+    explicit SpecRows(QByteArray text);
+
+    qsizetype size() const { return starts.size(); }
+
+    // row is from 0 to size() - 1.
+    SpecFields fieldsAt(qsizetype row) const;
+    SpecRow at(qsizetype row) const;
+
+    QList<SpecRow> all() const;
+
+private:
+    QByteArray text; // in UTF-8
+    QList<qsizetype> starts; // of the lines in the text
 };
 
 // The file kbdSpecs.tab: UTF-8 text, one keyboard per line, its fields separated by single tabs.
@@ -24,13 +59,11 @@ struct SpecTable {
     // A directory of this name counts as readable; its rows cannot be read then.
     Place place = Place::None;
 
-    // In file order, without blank lines, comments and lines of fewer than four fields. Nothing
-    // when the file cannot be read.
-    std::optional<QList<SpecRow>> rows;
+    // Nothing when the file cannot be read.
+    std::optional<SpecRows> rows;
 
     static SpecTable find();
 
-    // The rows of one file, as above. White space before a line is no part of it; fields after the
-    // fifth are left out. Nothing when the path is no regular file or cannot be opened.
-    static std::optional<QList<SpecRow>> rowsOf(const QString& path);
+    // The rows of one file. Nothing when the path is no regular file or cannot be opened.
+    static std::optional<SpecRows> rowsOf(const QString& path);
 };
