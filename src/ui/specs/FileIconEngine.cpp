@@ -2,7 +2,6 @@
 
 #include <QImageReader>
 #include <QPainter>
-#include <QPixmap>
 
 #include <utility>
 
@@ -24,13 +23,24 @@ QIconEngine* FileIconEngine::clone() const
 void FileIconEngine::paint(
     QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state)
 {
-    image().paint(painter, rect, Qt::AlignCenter, mode, state);
+    const double ratio = painter->device()->devicePixelRatio();
+    QPixmap image = pixmap(rect.size() * ratio, mode, state);
+    image.setDevicePixelRatio(ratio);
+    QRect place(QPoint(), image.deviceIndependentSize().toSize());
+    place.moveCenter(rect.center());
+    painter->drawPixmap(place, image);
 }
 
-// The size is in device pixels already: the caller has scaled it for the screen.
+// The size is in device pixels already: the caller has scaled it for the screen. Qt keeps the whole
+// image for a while, and the picture's flag is of the same file.
 QPixmap FileIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state)
 {
-    return image().pixmap(size, 1.0, mode, state);
+    const QSize fitting = actualSize(size, mode, state);
+    if (fitting.isEmpty())
+        return {};
+    if (drawn.size() != fitting)
+        drawn = QPixmap(path).scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return QIcon(drawn).pixmap(fitting, 1.0, mode, state);
 }
 
 QSize FileIconEngine::actualSize(const QSize& size, QIcon::Mode, QIcon::State)
@@ -41,11 +51,4 @@ QSize FileIconEngine::actualSize(const QSize& size, QIcon::Mode, QIcon::State)
         return {0, 0};
     const bool fits = imageSize->boundedTo(size) == *imageSize;
     return fits ? *imageSize : imageSize->scaled(size, Qt::KeepAspectRatio);
-}
-
-const QIcon& FileIconEngine::image()
-{
-    if (!decoded)
-        decoded = QIcon(path);
-    return *decoded;
 }
