@@ -7,6 +7,7 @@
 #include "app/SignalWatch.h"
 #include "app/description/ComponentNames.h"
 #include "app/description/ServerSettings.h"
+#include "keys/KeyCapPainter.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
@@ -106,10 +107,12 @@ bool startsWith(const char* text, const std::string& prefix)
 
 // Qt reads the font configuration when the first text is measured, and looks for other fonts at the
 // first character that the usual one may lack, such as an arrow. This takes as long as setxkbmap:
-// so it is done while that runs.
+// so it is done while that runs, in the size of the texts on the caps.
 void loadFonts()
 {
-    QFontMetrics(QGuiApplication::font()).horizontalAdvance(u"x\u2190"_s);
+    QFont font;
+    font.setPixelSize(KeyCapPainter::fontSize);
+    QFontMetrics(font).horizontalAdvance(u"x\u2190"_s);
 }
 
 KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)

@@ -6,7 +6,8 @@ namespace {
 
 constexpr std::size_t kept = 2;
 
-// A picture with the painter's own hints and font.
+// A picture with the painter's own hints and font. The copy does without the paint engine that Qt
+// keeps with whatever was painted on.
 QPixmap pictureOf(const QPainter& like, const QSize& size, const QTransform& transform,
     const CapPictures::Draw& draw)
 {
@@ -18,12 +19,14 @@ QPixmap pictureOf(const QPainter& like, const QSize& size, const QTransform& tra
     painter.setLayoutDirection(like.layoutDirection());
     painter.setTransform(transform);
     draw(&painter);
-    return pixmap;
+    painter.end();
+    return pixmap.copy();
 }
 
 } // namespace
 
-// The picture lies on whole pixels, so that it is copied as it is.
+// The picture lies on whole pixels, so that it is copied as it is. One that is not kept is made
+// too: lines drawn on the keyboard itself mix with its colour a little differently.
 void CapPictures::paint(
     QPainter* painter, const CapFace& face, const QRectF& area, const Draw& draw)
 {
@@ -34,20 +37,28 @@ void CapPictures::paint(
     const QRect pixels = toDevice.mapRect(area).toAlignedRect().adjusted(-1, -1, 1, 1);
     const QTransform toPicture =
         toDevice * QTransform::fromTranslate(-pixels.left(), -pixels.top());
-    const QPixmap* picture = find(face, toPicture);
-    if (!picture) {
-        pictures.push_front({face, toPicture, pictureOf(*painter, pixels.size(), toPicture, draw)});
-        pictures.resize(std::min(pictures.size(), kept));
-        picture = &pictures.front().pixmap;
-    }
+    Picture* picture = find(face, toPicture);
+    QPixmap pixmap = picture ? picture->pixmap : QPixmap();
+    if (pixmap.isNull())
+        pixmap = pictureOf(*painter, pixels.size(), toPicture, draw);
+    if (picture)
+        picture->pixmap = pixmap;
+    else
+        remember(face, toPicture);
     painter->save();
     painter->setWorldTransform(toDevice.inverted(), true);
-    painter->drawPixmap(pixels.topLeft(), *picture);
+    painter->drawPixmap(pixels.topLeft(), pixmap);
     painter->restore();
 }
 
+void CapPictures::remember(const CapFace& face, const QTransform& transform)
+{
+    pictures.push_front({face, transform, {}});
+    pictures.resize(std::min(pictures.size(), kept));
+}
+
 // Pictures of another size or place are of no more use.
-const QPixmap* CapPictures::find(const CapFace& face, const QTransform& transform)
+CapPictures::Picture* CapPictures::find(const CapFace& face, const QTransform& transform)
 {
     pictures.remove_if([&](const Picture& picture) { return picture.transform != transform; });
     const auto found = std::find_if(pictures.begin(), pictures.end(),
@@ -55,5 +66,5 @@ const QPixmap* CapPictures::find(const CapFace& face, const QTransform& transfor
     if (found == pictures.end())
         return nullptr;
     pictures.splice(pictures.begin(), pictures, found);
-    return &pictures.front().pixmap;
+    return &pictures.front();
 }

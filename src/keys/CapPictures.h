@@ -9,8 +9,9 @@
 #include <list>
 
 // The last pictures of one key's cap on the screen. Text takes most of the time of drawing, and a
-// cap looks the same at every other press of Shift. Two pictures are kept, so all keys together
-// take twice the pixels of the keyboard.
+// cap looks the same at every other press of Shift. A picture is kept when a face is drawn for the
+// second time: most of what a start draws is not seen again soon. Two pictures are kept, so all
+// keys together take twice the pixels of the keyboard.
 class CapPictures {
 public:
     // Draws the face in item coordinates.
@@ -26,10 +27,11 @@ private:
     struct Picture {
         CapFace face;
         QTransform transform; // from item coordinates to the pixmap's
-        QPixmap pixmap;
+        QPixmap pixmap; // null until the face is drawn again
     };
 
-    const QPixmap* find(const CapFace& face, const QTransform& transform);
+    void remember(const CapFace& face, const QTransform& transform);
+    Picture* find(const CapFace& face, const QTransform& transform);
 
     std::list<Picture> pictures; // the one used last first
 };

@@ -133,20 +133,21 @@ void KeyCapPainter::drawLabel(const CapLabel& label)
     drawText(text, room, fitted);
 }
 
-// Sets the painter's font to the size.
+// Sets the painter's font.
 KeyCapPainter::Fitted KeyCapPainter::fit(const QString& text, double size, const QRectF& room)
 {
-    const int pixels = std::max(1, static_cast<int>(size));
     QFont font = painter->font();
-    font.setPixelSize(pixels);
+    font.setPixelSize(fontSize);
     font.setWeight(QFont::Normal);
     painter->setFont(font);
-    const QSizeF line = painter->boundingRect(room, alignment(text), text).size();
+    const double factor = std::max(1.0, std::trunc(size)) / fontSize;
+    const QRectF enlarged(QPointF(), room.size() / factor);
+    const QSizeF line = painter->boundingRect(enlarged, alignment(text), text).size();
     const std::optional<QRectF> sign = signOfOtherFont(text, line);
-    const QSizeF needed = sign ? sign->size() : line;
+    const QSizeF needed = (sign ? sign->size() : line) * factor;
     if (needed.width() <= room.width() && needed.height() <= room.height())
-        return {1, sign};
-    return {std::trunc(fittingSize(size, needed, room.size())) / pixels, sign};
+        return {factor, sign};
+    return {std::trunc(fittingSize(size, needed, room.size())) / fontSize, sign};
 }
 
 // Where the painter's font lacks a character Qt takes another font, whose lines can be several
@@ -179,7 +180,7 @@ QRectF KeyCapPainter::placeOf(const QString& text, const QRectF& room, double fa
     return {room.topLeft() + (place.topLeft() - room.topLeft()) * factor, place.size() * factor};
 }
 
-// A smaller text is drawn by scaling the painter: with a font for each size Qt would search all
+// Texts have their sizes by scaling the painter: with a font for each size Qt would search all
 // fonts again for each, which takes most of the time until the first picture.
 void KeyCapPainter::drawText(const QString& text, const QRectF& room, const Fitted& fitted)
 {

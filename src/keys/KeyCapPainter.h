@@ -40,6 +40,10 @@ public:
     {
     }
 
+    // Of the font that all texts on caps are drawn with, in pixels. The captions of the picture
+    // have the same size, so that no further font is loaded for them.
+    static constexpr int fontSize = 60;
+
     // The border between the outline and the upper face, in item units.
     static double border(const KeyShape& shape);
 
@@ -49,10 +53,10 @@ public:
     void draw(const CapFace& face);
 
 private:
-    // Where a text with its size and its factor of scaling goes.
+    // How a text is to be drawn.
     struct Fitted {
-        double factor = 1; // by which the text must be scaled to fit its room; 1 where it fits
-        std::optional<QRectF> sign; // see signOfOtherFont
+        double factor = 1; // its size divided by the font's
+        std::optional<QRectF> sign; // see signOfOtherFont; in the font's own size
     };
 
     void drawCap(CapLook look);

@@ -2,7 +2,6 @@
 
 #include <QImageReader>
 #include <QPainter>
-#include <QPixmap>
 
 #include <utility>
 
@@ -24,42 +23,32 @@ QIconEngine* FileIconEngine::clone() const
 void FileIconEngine::paint(
     QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state)
 {
-    const QSize room = rect.size() * painter->device()->devicePixelRatio();
-    image(room).paint(painter, rect, Qt::AlignCenter, mode, state);
+    const double ratio = painter->device()->devicePixelRatio();
+    QPixmap image = pixmap(rect.size() * ratio, mode, state);
+    image.setDevicePixelRatio(ratio);
+    QRect place(QPoint(), image.deviceIndependentSize().toSize());
+    place.moveCenter(rect.center());
+    painter->drawPixmap(place, image);
 }
 
-// The size is in device pixels already: the caller has scaled it for the screen.
+// The size is in device pixels already: the caller has scaled it for the screen. Qt keeps the whole
+// image for a while, and the picture's flag is of the same file.
 QPixmap FileIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state)
 {
-    return image(size).pixmap(size, 1.0, mode, state);
+    const QSize fitting = actualSize(size, mode, state);
+    if (fitting.isEmpty())
+        return {};
+    if (drawn.size() != fitting)
+        drawn = QPixmap(path).scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return QIcon(drawn).pixmap(fitting, 1.0, mode, state);
 }
 
 QSize FileIconEngine::actualSize(const QSize& size, QIcon::Mode, QIcon::State)
-{
-    return fitting(size);
-}
-
-// As large as the image, or less where the room is smaller.
-QSize FileIconEngine::fitting(const QSize& room)
 {
     if (!imageSize)
         imageSize = QImageReader(path).size();
     if (!imageSize->isValid())
         return {0, 0};
-    const bool fits = imageSize->boundedTo(room) == *imageSize;
-    return fits ? *imageSize : imageSize->scaled(room, Qt::KeepAspectRatio);
-}
-
-// Null for a file that is no image.
-const QIcon& FileIconEngine::image(const QSize& room)
-{
-    const QSize size = fitting(room);
-    if (size == decodedSize)
-        return decoded;
-    decodedSize = size;
-    QImageReader reader(path);
-    reader.setScaledSize(size);
-    const QImage read = reader.read();
-    decoded = read.isNull() ? QIcon() : QIcon(QPixmap::fromImage(read));
-    return decoded;
+    const bool fits = imageSize->boundedTo(size) == *imageSize;
+    return fits ? *imageSize : imageSize->scaled(size, Qt::KeepAspectRatio);
 }

@@ -2,15 +2,16 @@
 
 #include <QIcon>
 #include <QIconEngine>
+#include <QPixmap>
 #include <QSize>
 #include <QString>
 
 #include <optional>
 
-// An icon from an image file that is decoded when it is first drawn, and kept in the size in which
-// it was drawn last. QIcon decodes a file at once and keeps it in its full size, which for a flag
-// for each of a hundred keyboards takes longer than opening the window and more memory than all the
-// rest of the program. A file that is no image draws nothing.
+// An icon from an image file that is decoded when it is first drawn. QIcon decodes a file at once,
+// which for a flag for each of a hundred keyboards takes longer than opening the window, and keeps
+// the whole image, which is two hundred times as large as the icon. A file that is no image draws
+// nothing.
 class FileIconEngine : public QIconEngine {
 public:
     // An icon of the image file; null for an empty path.
@@ -26,11 +27,7 @@ public:
     QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
 
 private:
-    QSize fitting(const QSize& room);
-    const QIcon& image(const QSize& room);
-
     QString path;
-    QIcon decoded;
-    QSize decodedSize; // in pixels, as all sizes here
-    std::optional<QSize> imageSize; // invalid when the file is no image
+    QPixmap drawn; // in the size that was asked for last; null before
+    std::optional<QSize> imageSize; // in pixels; invalid when the file is no image
 };
