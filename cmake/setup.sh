@@ -14,7 +14,7 @@ packages_check=(
   xvfb xserver-xephyr xserver-xorg-core xserver-xorg-dev xserver-xorg-video-dummy
   tigervnc-standalone-server weston xwayland
   openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
-  poppler-utils libxkbcommon-dev clang-format-19 clang-tidy git
+  poppler-utils libxkbcommon-dev libxkbcommon-x11-dev clang clang-format-19 clang-tidy libclang-rt-dev git
   desktop-file-utils appstream mandoc groff mold
 )
 packages_package=(git debhelper dpkg-dev lintian)
