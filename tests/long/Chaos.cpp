@@ -1,10 +1,8 @@
 #include "tests/long/Chaos.h"
 
-#include "app/KbdApp.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/ProgramRun.h"
 #include "harness/ProgramWindows.h"
-#include "harness/TopLevelWindow.h"
 #include "harness/WaitUntil.h"
 #include "harness/XErrors.h"
 #include "model/KbdGeometry.h"
@@ -60,16 +58,16 @@ Chaos::Chaos(Display* testDisplay, Hands& usersHands, LongRun& longRun)
     , name(XDisplayString(display))
     , hands(usersHands)
     , run(longRun)
+    , program(testDisplay)
     , chance(run.seed())
 {
 }
 
 Chaos::~Chaos() = default;
 
-void Chaos::live(const QByteArray& option)
+void Chaos::live(const QByteArray& programOption)
 {
-    arguments[1] = option;
-    argumentVector = {arguments[0].data(), arguments[1].data(), nullptr};
+    option = programOption;
     isBroken = false;
     if (start())
         goOn();
@@ -93,38 +91,24 @@ void Chaos::goOn()
 
 bool Chaos::start()
 {
-    if (!prepare()) {
-        run.broken(QStringLiteral("no keyboard, or another program holds the place of ours"));
+    const bool isShown = program.start(option, {"-layout", "us"}, [this] { killOne(); });
+    if (!isShown) {
+        run.broken(QStringLiteral("the program does not start"));
         return false;
     }
-    application = std::make_unique<KbdApp>(2, argumentVector.data());
     target = std::make_unique<KeyTargetProcess>(name);
-    const bool isShown = QTest::qWaitForWindowExposed(window());
     const bool isReady = target->waitForReady();
-    if (!isShown || !isReady)
-        run.broken(isShown ? QStringLiteral("no focus for a target") : QStringLiteral("no window"));
-    return isShown && isReady;
-}
-
-// The application would end this process if another one typed for others.
-bool Chaos::prepare()
-{
-    int count = 1;
-    const QCoreApplication forTheTools(count, argumentVector.data());
-    const Atom guard = XInternAtom(display, "orvix-kbd-display-tofocus", x11::xFalse);
-    const auto isOnly = [&] { return XGetSelectionOwner(display, guard) == x11::none; };
-    if (!setKeyboard(name, {"-layout", "us"}) || !waitUntil(isOnly))
-        return false;
-    killOne();
-    return waitUntil(isOnly);
+    if (!isReady)
+        run.broken(QStringLiteral("no focus for a target"));
+    return isReady;
 }
 
 // With a key down, if there is one at that place.
 void Chaos::killOne()
 {
-    ProgramRun program(QStringLiteral(KBD_PROGRAM), name);
-    program.start({QString::fromLatin1(arguments[1])});
-    const auto shown = grabWindow(display, program.waitForWindow(display));
+    ProgramRun victim(QStringLiteral(KBD_PROGRAM), name);
+    victim.start({QString::fromLatin1(option)});
+    const auto shown = grabWindow(display, victim.waitForWindow(display));
     if (!shown)
         return run.broken(QStringLiteral("the program that is to be killed has no window"));
     const QSize size = shown->image.size();
@@ -134,7 +118,7 @@ void Chaos::killOne()
     const bool holds =
         QTest::qWaitFor([this] { return !pressedKeys(name).isEmpty(); }, below(pressMs));
     killCount += holds ? 1 : 0;
-    program.kill();
+    victim.kill();
     hands.button(1, false);
     XSync(display, x11::xFalse);
 }
@@ -142,7 +126,7 @@ void Chaos::killOne()
 void Chaos::end()
 {
     target.reset();
-    application.reset();
+    program.end();
     setMouseKeys(false);
     XkbLockModifiers(display, x11::coreKeyboard, 0xff, 0);
     XkbLockGroup(display, x11::coreKeyboard, 0);
@@ -178,7 +162,8 @@ int Chaos::oneOf(const QSet<int>& numbers)
 // Most of the picture is keys.
 QPoint Chaos::somewhere()
 {
-    const QRect area(picture().viewport()->mapToGlobal(QPoint()), picture().viewport()->size());
+    const QRect area(
+        program.picture().viewport()->mapToGlobal(QPoint()), program.picture().viewport()->size());
     return {area.x() + below(area.width()), area.y() + below(area.height())};
 }
 
@@ -308,17 +293,17 @@ void Chaos::setKeymap()
 // Beside other programs there is no list of layouts.
 void Chaos::chooseLayout()
 {
-    if (arguments[1] != "--standalone")
+    if (option != "--standalone")
         return;
     const QString layout = layouts.at(below(static_cast<int>(layouts.size())));
     since.last() += QLatin1Char(' ') + layout;
     kbdSpec_t spec{layout, layout, QString(), {"pc105"}, {layout}, {QString()}};
-    window()->newKbdSelected(&spec);
+    program.window().newKbdSelected(&spec);
 }
 
 void Chaos::minimise()
 {
-    XIconifyWindow(display, window()->winId(), XDefaultScreen(display));
+    XIconifyWindow(display, program.window().winId(), XDefaultScreen(display));
 }
 
 void Chaos::goToWorkspace(long workspace)
@@ -341,8 +326,8 @@ void Chaos::changeWorkspace()
 // A window that cannot be seen cannot have the focus.
 void Chaos::takeFocus()
 {
-    if (arguments[1] == "--standalone")
-        window()->activateWindow();
+    if (option == "--standalone")
+        program.window().activateWindow();
 }
 
 // The grab keeps the window manager from hiding the window in between.
@@ -369,7 +354,7 @@ void Chaos::settle()
     setMouseKeys(false);
     releaseLockedButtons();
     goToWorkspace(0);
-    XMapWindow(display, window()->winId());
+    XMapWindow(display, program.window().winId());
     XSync(display, x11::xFalse);
 }
 
@@ -385,21 +370,11 @@ void Chaos::look()
     since << QStringLiteral("settle");
     settle();
     ++lookCount;
-    const auto fault = [this] { return faultOf(picture(), display, name); };
+    const auto fault = [this] { return faultOf(program.picture(), display, name); };
     if (!isBroken && !waitUntil([&] { return fault().isEmpty(); })) {
         isBroken = true;
         run.broken(QStringLiteral("%1: %2, after %3")
-                .arg(QString::fromLatin1(arguments[1]), fault(), since.join(QLatin1String(", "))));
+                .arg(QString::fromLatin1(option), fault(), since.join(QLatin1String(", "))));
     }
     since.clear();
-}
-
-MainWindow* Chaos::window() const
-{
-    return topLevelWindow<MainWindow>();
-}
-
-KbdGeometry& Chaos::picture() const
-{
-    return *window()->picture();
 }

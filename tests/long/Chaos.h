@@ -2,6 +2,7 @@
 
 #include "harness/XTools.h"
 #include "tests/long/Hands.h"
+#include "tests/long/ProgramHere.h"
 
 #include <QSet>
 #include <QStringList>
@@ -10,11 +11,8 @@
 #include <memory>
 #include <random>
 
-class KbdApp;
-class KbdGeometry;
 class KeyTargetProcess;
 class LongRun;
-class MainWindow;
 
 // What a user and other tools do to the program, by chance, and a look now and then at whether all
 // is as it should be: see PictureTruth.h.
@@ -28,7 +26,7 @@ public:
 
     // A program that is killed in the middle of a press; then one start of the program with this
     // option, a thousand actions or as many as there is time for, and its end.
-    void live(const QByteArray& option);
+    void live(const QByteArray& programOption);
 
     int actions() const { return actionCount; }
     int looks() const { return lookCount; }
@@ -46,7 +44,6 @@ private:
     static const std::array<Row, 17> rows;
 
     bool start();
-    bool prepare();
     void goOn();
     void killOne();
     void end();
@@ -80,17 +77,14 @@ private:
     void setMouseKeys(bool on);
     void releaseLockedButtons();
     void goToWorkspace(long workspace);
-    MainWindow* window() const;
-    KbdGeometry& picture() const;
 
     Display* display;
     QByteArray name; // of the display
     Hands& hands;
     LongRun& run;
+    ProgramHere program;
     std::mt19937 chance;
-    std::array<QByteArray, 2> arguments{"interleavings"};
-    std::array<char*, 3> argumentVector{};
-    std::unique_ptr<KbdApp> application;
+    QByteArray option; // that the program was started with
     std::unique_ptr<KeyTargetProcess> target;
     QSet<int> buttonsDown;
     QSet<int> fingersDown;

@@ -2,10 +2,8 @@
 // under all sets of modifiers that keys of the picture reach, and what a window with the focus gets
 // is compared with what the caps show.
 
-#include "app/KbdApp.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/PrivateServer.h"
-#include "harness/TopLevelWindow.h"
 #include "harness/WaitUntil.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
@@ -13,6 +11,7 @@
 #include "model/KbdGeometry.h"
 #include "tests/long/CapJudge.h"
 #include "tests/long/LongRun.h"
+#include "tests/long/ProgramHere.h"
 #include "tests/long/ServerKeymap.h"
 #include "tests/long/XkbRules.h"
 #include "ui/MainWindow.h"
@@ -21,7 +20,6 @@
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <random>
 
@@ -80,6 +78,7 @@ public:
         , run(longRun)
         , judge(capJudge)
         , connection(openDisplay(name))
+        , program(connection.get())
     {
     }
 
@@ -89,7 +88,6 @@ public:
 
 private:
     bool start(const KeyboardSettings& keyboard);
-    bool isOnlyInstance() const;
     void compareSet(int group, const QStringList& set);
     void compareKey(KbdKey& key, int group);
     bool switchModifiers(const QStringList& set, bool on);
@@ -97,42 +95,26 @@ private:
     KbdKey* modifierKey(const QString& modifier) const;
     void click(const KbdKey& key);
     QPoint onScreen(const KbdKey& key) const;
-    KbdGeometry& picture() const { return *topLevelWindow<MainWindow>()->picture(); }
+    KbdGeometry& picture() const { return program.picture(); }
     void verifyNothingIsDown(const KeyboardSettings& keyboard);
 
     QByteArray name;
     LongRun& run;
     CapJudge& judge;
     XConnection connection;
-    std::array<QByteArray, 2> arguments{"drawn_is_typed", "--tofocus"};
-    std::array<char*, 3> argumentVector{arguments[0].data(), arguments[1].data(), nullptr};
-    std::unique_ptr<KbdApp> application;
+    ProgramHere program;
     std::unique_ptr<KeyTargetProcess> target;
     std::unique_ptr<ServerKeymap> keymap;
 };
 
-// The application shows the keyboard that it finds in the server.
+// The program shows the keyboard that it finds in the server.
 bool Trial::start(const KeyboardSettings& keyboard)
 {
-    {
-        int count = 1;
-        const QCoreApplication forTheTool(count, argumentVector.data());
-        if (!setKeyboard(name, setxkbmapArguments(keyboard))
-            || !waitUntil([this] { return isOnlyInstance(); }))
-            return false;
-    }
-    application = std::make_unique<KbdApp>(2, argumentVector.data());
+    if (!program.start("--tofocus", setxkbmapArguments(keyboard)))
+        return false;
     target = std::make_unique<KeyTargetProcess>(name);
     keymap = std::make_unique<ServerKeymap>(toolkitDisplay(), toolkitConnection());
-    return keymap->isValid() && QTest::qWaitForWindowExposed(topLevelWindow<MainWindow>())
-        && target->waitForReady();
-}
-
-// The application would end this process if another one typed for others.
-bool Trial::isOnlyInstance() const
-{
-    const Atom guard = XInternAtom(connection.get(), "orvix-kbd-display-tofocus", x11::xFalse);
-    return XGetSelectionOwner(connection.get(), guard) == x11::none;
+    return keymap->isValid() && target->waitForReady();
 }
 
 void Trial::compare(const KeyboardSettings& keyboard)
@@ -153,7 +135,7 @@ void Trial::compare(const KeyboardSettings& keyboard)
     }
     target.reset();
     keymap.reset();
-    application.reset();
+    program.end();
     verifyNothingIsDown(keyboard);
 }
 
