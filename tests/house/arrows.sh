@@ -33,7 +33,7 @@ declare -A below=(
   [tests/unit]="$app $harness keys/labels"
   [tests/x11]="$app $harness"
   [tests/long]="$app $harness tests/long"
-  [tests/fuzz]="$app tests/fuzz"
+  [tests/fuzz]="$app switcher tests/unit tests/fuzz"
 )
 status=0
 
