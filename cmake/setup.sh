@@ -13,7 +13,7 @@ packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr xserver-xorg-core xserver-xorg-dev xserver-xorg-video-dummy
   tigervnc-standalone-server weston xwayland tk
-  openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
+  openbox xfwm4 metacity xterm x11-utils x11-xserver-utils xauth dbus
   poppler-utils libxkbcommon-dev libxkbcommon-x11-dev clang clang-format-19 clang-tidy libclang-rt-dev git
   desktop-file-utils appstream mandoc groff mold
 )

@@ -8,6 +8,7 @@
 #include "harness/ProgramWindows.h"
 #include "harness/WaitUntil.h"
 #include "harness/XErrors.h"
+#include "harness/XProxy.h"
 #include "harness/XTools.h"
 #include "tests/long/LongRun.h"
 #include "x11/X11.h"
@@ -15,6 +16,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <array>
@@ -55,6 +57,29 @@ constexpr std::array<ToolRow, 8> badTools{{
         "  echo \"xkb_$s { include \\\"$n\\\" };\"\ndone"},
 }};
 
+// Lines of kbdSpecs.tab.
+constexpr std::array<const char*, 9> hostileLines{{
+    "No such layout\tnone.png\tpc105\tnosuchlayout",
+    "No such model\tnone.png\tnosuchmodel\tus\tnosuchvariant",
+    "An option\tnone.png\t-display\t:99",
+    "Another\tnone.png\t-help\t-query\t-version",
+    "A path\t../../../../dev/zero\tpc105\t../../../etc/passwd",
+    "A shell's\t$(id).png\tpc105\t`id`;id|id&id",
+    "A format's\t%s%n.png\tpc105\t%s%n%n%1%2",
+    "<b>Markup</b>\t<img>.png\tpc105\t<img src='/dev/zero'>\t&lt;",
+    "A keymap's\tnone.png\tpc105\tus\" }; xkb_geometry { include \"none",
+}};
+constexpr int tooLong = 100000;
+constexpr int manyGroups = 1000;
+constexpr int noSuchEntry = 3; // see choosing_program.cpp
+
+bool write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size()
+        && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
 pid_t serverOf(Display* display)
 {
     ucred peer{};
@@ -81,10 +106,18 @@ public:
     void thereAreNoFonts();
     void nothingCanBeWritten();
     void toolsLie();
+    void toolsLieAtAChoice();
+    void xTestIsAbsent();
+    void xkbIsAbsent();
+    void clientIsUntrusted();
+    void tableIsHostile();
 
     int suffered = 0;
 
 private:
+    void useBadTool(const ToolRow& row, const QTemporaryDir& directory);
+    bool choose(int entry, const QByteArray& table);
+    void verifyShownOrRefused();
     bool start(const QStringList& arguments = {"--tofocus"});
     void verifyAnswers();
     void verifyEnds(bool mayBeZero);
@@ -246,24 +279,140 @@ void Faults::nothingCanBeWritten()
         verifyAnswers();
 }
 
+// Puts the tool into the directory and the directory first in the program's search path.
+void Faults::useBadTool(const ToolRow& row, const QTemporaryDir& directory)
+{
+    ++suffered;
+    current = QStringLiteral("setxkbmap ") + QLatin1StringView(row.word);
+    if (!write(directory.filePath(QStringLiteral("setxkbmap")),
+            QByteArray("#!/bin/sh\n") + row.script + '\n'))
+        broken(QStringLiteral("no tool"));
+    program->setVariable(
+        QStringLiteral("PATH"), directory.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
+}
+
 void Faults::toolsLie()
 {
     for (const ToolRow& row : badTools) {
         const QTemporaryDir directory;
-        QFile tool(directory.filePath(QStringLiteral("setxkbmap")));
-        if (!tool.open(QIODevice::WriteOnly)
-            || tool.write(QByteArray("#!/bin/sh\n") + row.script + '\n') < 0)
-            return broken(QStringLiteral("no tool"));
-        tool.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-        tool.close();
-        ++suffered;
-        current = QStringLiteral("setxkbmap ") + QLatin1StringView(row.word);
         program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), server->display());
-        program->setVariable(QStringLiteral("PATH"),
-            directory.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
+        useBadTool(row, directory);
         program->start({"--standalone"});
         verifyEnds(false);
     }
+}
+
+// The tool is the real one at the start, and a bad one from then on. The picture stays, or the
+// program says why it ends.
+void Faults::toolsLieAtAChoice()
+{
+    for (const ToolRow& row : badTools) {
+        const QTemporaryDir directory;
+        const QByteArray script = "mv \"$0\" \"$0.first\"\nmv \"$0.then\" \"$0\"\nexec "
+            + QStandardPaths::findExecutable(QStringLiteral("setxkbmap")).toLocal8Bit() + " \"$@\"";
+        program =
+            std::make_unique<ProgramRun>(QStringLiteral(KBD_CHOOSING_PROGRAM), server->display());
+        useBadTool(row, directory);
+        QFile::rename(directory.filePath(QStringLiteral("setxkbmap")),
+            directory.filePath(QStringLiteral("setxkbmap.then")));
+        if (!write(directory.filePath(QStringLiteral("setxkbmap")), "#!/bin/sh\n" + script + '\n'))
+            return broken(QStringLiteral("no tool"));
+        choose(0, "Any\tany.png\tpc105\tfr\n");
+    }
+}
+
+// Whether the list has an entry of this number. The table lies in the working directory.
+bool Faults::choose(int entry, const QByteArray& table)
+{
+    const QTemporaryDir directory;
+    if (!write(directory.filePath(QStringLiteral("kbdSpecs.tab")), table))
+        broken(QStringLiteral("no table"));
+    program->setWorkingDirectory(directory.path());
+    program->setVariable(QStringLiteral("KBD_CHOICE"), QString::number(entry));
+    program->start({"--standalone"});
+    if (!program->waitForEnd())
+        broken(QStringLiteral("does not end"));
+    const int status = program->exitStatus();
+    if (status == noSuchEntry)
+        return false;
+    if (status < 0 || (status != 0 && program->errors().isEmpty()))
+        broken(QStringLiteral("entry %1 ends it with status %2").arg(entry).arg(status));
+    return true;
+}
+
+// Every line of the table is chosen.
+void Faults::tableIsHostile()
+{
+    QByteArray table;
+    for (const char* line : hostileLines)
+        table += QByteArray(line) + '\n';
+    table += "Long\tlong.png\tpc105\t" + QByteArray(tooLong, 'x') + '\n';
+    table += "Groups\tgroups.png\tpc105\t" + QByteArray("us,").repeated(manyGroups) + "us\n";
+    int entry = 0;
+    do {
+        ++suffered;
+        program =
+            std::make_unique<ProgramRun>(QStringLiteral(KBD_CHOOSING_PROGRAM), server->display());
+    } while (choose(entry++, table) && run.goesOn());
+    if (run.goesOn() && entry <= static_cast<int>(hostileLines.size()))
+        broken(QStringLiteral("only %1 entries in the list").arg(entry - 1));
+}
+
+void Faults::xTestIsAbsent()
+{
+    const XProxy proxy(server->display(), hidingExtension("XTEST"));
+    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), proxy.display());
+    program->setVariable(QStringLiteral("QT_XCB_NO_MITSHM"), QStringLiteral("1"));
+    if (start())
+        verifyAnswers();
+    program.reset();
+}
+
+void Faults::xkbIsAbsent()
+{
+    const XProxy proxy(server->display(), hidingExtension("XKEYBOARD"));
+    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), proxy.display());
+    program->start({"--tofocus"});
+    verifyEnds(false);
+    program.reset();
+}
+
+// As "ssh -X" has it: a cookie by which the server tells clients apart that it does not trust.
+void Faults::clientIsUntrusted()
+{
+    const QTemporaryDir directory;
+    const QString trusted = directory.filePath(QStringLiteral("trusted"));
+    const QString untrusted = directory.filePath(QStringLiteral("untrusted"));
+    const auto xauth = [](const QStringList& arguments, const QByteArray& display) {
+        return runTool(QStringLiteral("xauth"), arguments, display).status == 0;
+    };
+    const QStringList cookie{".", QString::fromLatin1(QByteArray(16, '7').toHex())};
+    bool isReady = xauth(QStringList{"-f", trusted, "add", ":0"} + cookie, {});
+    const PrivateServer guarded({"-auth", trusted});
+    const QString name = QString::fromLatin1(guarded.display());
+    isReady = isReady && xauth(QStringList{"-f", trusted, "add", name} + cookie, {});
+    qputenv("XAUTHORITY", trusted.toLocal8Bit());
+    connection = openDisplay(guarded.display());
+    isReady = isReady && connection
+        && xauth({"-f", untrusted, "generate", name, ".", "untrusted"}, guarded.display());
+    if (!isReady)
+        return broken(QStringLiteral("no cookie"));
+    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), guarded.display());
+    program->setVariable(QStringLiteral("XAUTHORITY"), untrusted);
+    verifyShownOrRefused();
+    program.reset();
+    connection.reset();
+    qunsetenv("XAUTHORITY");
+}
+
+void Faults::verifyShownOrRefused()
+{
+    program->start({"--tofocus"});
+    window = program->waitForWindow(connection.get());
+    if (window == x11::none)
+        verifyEnds(false);
+    else
+        verifyAnswers();
 }
 
 struct FaultRow {
@@ -271,7 +420,7 @@ struct FaultRow {
     Faults::Fault fault;
 };
 
-constexpr std::array<FaultRow, 7> rows{{
+constexpr std::array<FaultRow, 12> rows{{
     {"server stopped", &Faults::serverIsStopped},
     {"server killed", &Faults::serverIsKilled},
     {"a keyboard every 50 ms", &Faults::keyboardsComeFast},
@@ -279,6 +428,11 @@ constexpr std::array<FaultRow, 7> rows{{
     {"no fonts", &Faults::thereAreNoFonts},
     {"nothing can be written", &Faults::nothingCanBeWritten},
     {"setxkbmap", &Faults::toolsLie},
+    {"setxkbmap at a choice", &Faults::toolsLieAtAChoice},
+    {"no XTEST", &Faults::xTestIsAbsent},
+    {"no XKB", &Faults::xkbIsAbsent},
+    {"untrusted", &Faults::clientIsUntrusted},
+    {"a hostile table", &Faults::tableIsHostile},
 }};
 
 } // namespace
