@@ -13,19 +13,19 @@
 #include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
 
-void ServerKeymap::Free::operator()(xkb_context* context) const
+void ServerKeymap::Free::operator()(xkb_context* unused) const
 {
-    xkb_context_unref(context);
+    xkb_context_unref(unused);
 }
 
-void ServerKeymap::Free::operator()(xkb_keymap* keymap) const
+void ServerKeymap::Free::operator()(xkb_keymap* unused) const
 {
-    xkb_keymap_unref(keymap);
+    xkb_keymap_unref(unused);
 }
 
-void ServerKeymap::Free::operator()(xkb_state* state) const
+void ServerKeymap::Free::operator()(xkb_state* unused) const
 {
-    xkb_state_unref(state);
+    xkb_state_unref(unused);
 }
 
 ServerKeymap::ServerKeymap(Display* xDisplay, xcb_connection_t* connection)

@@ -46,9 +46,9 @@ private:
     const XkbKeyTypeRec* typeOf(KeyCode keycode, int group) const;
 
     struct Free {
-        void operator()(xkb_context* context) const;
-        void operator()(xkb_keymap* keymap) const;
-        void operator()(xkb_state* state) const;
+        void operator()(xkb_context* unused) const;
+        void operator()(xkb_keymap* unused) const;
+        void operator()(xkb_state* unused) const;
     };
     Display* display;
     std::unique_ptr<xkb_context, Free> context;

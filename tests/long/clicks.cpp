@@ -82,8 +82,8 @@ public:
     }
 
     void live(const Pair& pair, int count);
-    int clicks = 0;
-    int pairs = 0;
+    int clicks() const { return clickCount; }
+    int pairs() const { return pairCount; }
 
 private:
     QString fault(const Pair& pair, int count);
@@ -93,6 +93,8 @@ private:
     LongRun& run;
     Display* display = nullptr; // of the pair that lives
     std::mt19937 chance;
+    int clickCount = 0;
+    int pairCount = 0;
 };
 
 void Clicks::live(const Pair& pair, int count)
@@ -103,7 +105,7 @@ void Clicks::live(const Pair& pair, int count)
     display = connection.get();
     const ExpectedXErrors errors; // of windows that have gone, while managers are asked for them
     const QString found = fault(pair, count);
-    ++pairs;
+    ++pairCount;
     if (!found.isEmpty())
         run.broken(QStringLiteral("%1, %2: %3")
                 .arg(QLatin1StringView(pair.manager), QLatin1StringView(pair.target.word), found));
@@ -148,7 +150,7 @@ void Clicks::click(const KbdGeometry& picture, const KbdKey& key)
     XTestFakeButtonEvent(display, 1, x11::xTrue, CurrentTime);
     XTestFakeButtonEvent(display, 1, x11::xFalse, CurrentTime);
     XFlush(display);
-    ++clicks;
+    ++clickCount;
     QTest::qWait(paceMs);
 }
 
@@ -172,6 +174,6 @@ int main(int argc, char** argv)
     return run.finish({QStringLiteral("%1 window managers, %2 kinds of target")
                            .arg(pairs.size() / static_cast<qsizetype>(targets.size()))
                            .arg(targets.size()),
-        QStringLiteral("%1 pairs").arg(clicks.pairs),
-        QStringLiteral("%1 clicks").arg(clicks.clicks)});
+        QStringLiteral("%1 pairs").arg(clicks.pairs()),
+        QStringLiteral("%1 clicks").arg(clicks.clicks())});
 }

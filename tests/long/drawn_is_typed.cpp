@@ -83,8 +83,8 @@ public:
     }
 
     void compare(const KeyboardSettings& keyboard);
-    int keyboards = 0;
-    int clicks = 0;
+    int keyboards() const { return keyboardCount; }
+    int clicks() const { return clickCount; }
 
 private:
     bool start(const KeyboardSettings& keyboard);
@@ -105,6 +105,8 @@ private:
     ProgramHere program;
     std::unique_ptr<KeyTargetProcess> target;
     std::unique_ptr<ServerKeymap> keymap;
+    int keyboardCount = 0;
+    int clickCount = 0;
 };
 
 // The program shows the keyboard that it finds in the server.
@@ -120,7 +122,7 @@ bool Trial::start(const KeyboardSettings& keyboard)
 void Trial::compare(const KeyboardSettings& keyboard)
 {
     if (start(keyboard)) {
-        ++keyboards;
+        ++keyboardCount;
         judge.setKeyboard(keyboard, keymap.get());
         const ExpectedXErrors errors;
         for (int group = 0; group < keymap->groupCount(); ++group) {
@@ -175,7 +177,7 @@ void Trial::compareKey(KbdKey& key, int group)
         });
         return found;
     };
-    ++clicks;
+    ++clickCount;
     target->clear();
     click(key);
     if (!waitUntil([&] { return !lines(KeyTargetLine::Kind::Release).isEmpty(); }))
@@ -262,7 +264,7 @@ int main(int argc, char** argv)
     }
     judge.report();
     return run.finish(QStringList{QStringLiteral("%1 keyboards offered").arg(keyboards.size()),
-                          QStringLiteral("%1 tried").arg(trial.keyboards),
-                          QStringLiteral("%1 clicks").arg(trial.clicks)}
+                          QStringLiteral("%1 tried").arg(trial.keyboards()),
+                          QStringLiteral("%1 clicks").arg(trial.clicks())}
         + judge.counts());
 }

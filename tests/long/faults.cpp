@@ -112,7 +112,7 @@ public:
     void clientIsUntrusted();
     void tableIsHostile();
 
-    int suffered = 0;
+    int count() const { return suffered; }
 
 private:
     void useBadTool(const ToolRow& row, const QTemporaryDir& directory);
@@ -122,10 +122,11 @@ private:
     void verifyAnswers();
     void verifyEnds(bool mayBeZero);
     void broken(const QString& what) { run.broken(current + QStringLiteral(": ") + what); }
-    QPoint somewhereIn(Window window);
+    QPoint somewhereIn(Window where);
 
     LongRun& run;
     std::mt19937 chance;
+    int suffered = 0;
     QString current;
     std::unique_ptr<PrivateServer> server;
     XConnection connection;
@@ -449,5 +450,5 @@ int main(int argc, char** argv)
         if (run.isOurs(static_cast<qsizetype>(i)))
             faults.suffer(rows[i].word, rows[i].fault);
     }
-    return run.finish({QStringLiteral("%1 suffered").arg(faults.suffered)});
+    return run.finish({QStringLiteral("%1 suffered").arg(faults.count())});
 }
