@@ -1,6 +1,6 @@
 #include "harness/KeyTargetProcess.h"
 
-#include <QTest>
+#include <QtTest/qtestsystem.h>
 
 namespace {
 

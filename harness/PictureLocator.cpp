@@ -1,6 +1,6 @@
 #include "harness/PictureLocator.h"
 
-#include <QTest>
+#include <QtTest/qtestsystem.h>
 
 #include <cmath>
 #include <functional>

@@ -3,7 +3,7 @@
 #include "harness/ProgramWindows.h"
 #include "harness/UserEnvironment.h"
 
-#include <QTest>
+#include <QtTest/qtestsystem.h>
 
 namespace {
 

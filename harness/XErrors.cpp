@@ -2,7 +2,7 @@
 
 #include "x11/X11.h"
 
-#include <QTest>
+#include <QtTest/qtestcase.h>
 
 #include <array>
 

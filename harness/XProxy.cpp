@@ -95,16 +95,16 @@ XProxy::XProxy(const QByteArray& display, XProxyManners ownManners)
     , manners(std::move(ownManners))
 {
     listen();
-    if (pipe2(endPipe.data(), O_CLOEXEC) != 0)
+    if (pipe2(wakePipe.data(), O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe for a proxy");
     thread = std::thread([this] { serve(); });
 }
 
 XProxy::~XProxy()
 {
-    close(endPipe[1]);
+    close(wakePipe[1]);
     thread.join();
-    close(endPipe[0]);
+    close(wakePipe[0]);
     close(listener);
     unlink(ownSocket.constData());
 }
@@ -164,6 +164,13 @@ void XProxy::pass(Sender sender, QByteArray& message)
     passed.count(sender, message);
 }
 
+void XProxy::setRequests(Requests wanted)
+{
+    requests = wanted;
+    const char wakeUp = 0;
+    [[maybe_unused]] const ssize_t written = write(wakePipe[1], &wakeUp, sizeof wakeUp);
+}
+
 std::vector<DelayLine*> XProxy::lines()
 {
     std::vector<DelayLine*> result;
@@ -174,16 +181,35 @@ std::vector<DelayLine*> XProxy::lines()
     return result;
 }
 
+std::vector<DelayLine*> XProxy::movingLines(Requests wanted)
+{
+    std::vector<DelayLine*> result;
+    for (Connection& connection : connections) {
+        if (wanted != Requests::Stay)
+            result.push_back(&connection.toServer);
+        result.push_back(&connection.toClient);
+    }
+    return result;
+}
+
+bool XProxy::isToEnd(const pollfd& wakeUp) const
+{
+    if (!(wakeUp.revents & POLLIN))
+        return wakeUp.revents != 0;
+    char byte = 0;
+    return read(wakePipe[0], &byte, sizeof byte) < 0;
+}
+
 void XProxy::serve()
 {
     while (true) {
         const std::vector<DelayLine*> open = lines();
-        std::vector<pollfd> sources{{endPipe[0], POLLIN, 0}, {listener, POLLIN, 0}};
+        std::vector<pollfd> sources{{wakePipe[0], POLLIN, 0}, {listener, POLLIN, 0}};
         for (const DelayLine* line : open)
             sources.push_back({line->takesInput() ? line->input() : -1, POLLIN, 0});
-        const timespec wait = untilNextDelivery(open);
+        const timespec wait = untilNextDelivery(movingLines(requests));
         ppoll(sources.data(), sources.size(), &wait, nullptr);
-        if (sources[0].revents != 0)
+        if (isToEnd(sources[0]))
             return;
         for (std::size_t i = 0; i < open.size(); ++i) {
             if (sources[i + 2].revents != 0)
@@ -209,8 +235,11 @@ void XProxy::accept()
 
 void XProxy::handOn()
 {
-    for (DelayLine* line : lines())
+    Requests wanted = requests;
+    for (DelayLine* line : movingLines(wanted))
         line->deliver();
+    if (wanted == Requests::PassOnce)
+        requests.compare_exchange_strong(wanted, Requests::Stay);
     connections.remove_if([](const Connection& connection) {
         return connection.toServer.isOver() && connection.toClient.isOver();
     });

@@ -4,18 +4,21 @@
 #include "harness/XMessages.h"
 
 #include <array>
+#include <atomic>
 #include <functional>
 #include <list>
 #include <mutex>
 #include <thread>
 #include <vector>
 
+struct pollfd;
+
 // What becomes of that which passes a proxy.
 struct XProxyManners {
     // Everything is held back for this long, in each direction.
     DelayLine::Clock::duration delay{};
 
-    // Gets every request before it is passed on and may change it; called in the proxy's thread.
+    // Gets every request when it comes and may change it; called in the proxy's thread.
     std::function<void(QByteArray& request)> changeRequest;
 };
 
@@ -43,7 +46,16 @@ public:
     // Of all connections so far.
     XTraffic traffic() const;
 
+    // While requests are held the server seems far away: it answers nothing, but what happens there
+    // still comes to the clients. passHeldRequests() hands on those that have come, and the later
+    // ones stay.
+    void holdRequests() { setRequests(Requests::Stay); }
+    void passHeldRequests() { setRequests(Requests::PassOnce); }
+    void passRequests() { setRequests(Requests::Pass); }
+
 private:
+    enum class Requests { Pass, PassOnce, Stay };
+
     class Connection {
     public:
         Connection(XProxy& owner, int clientSocket, int serverSocket);
@@ -61,8 +73,11 @@ private:
     bool listenOn(int displayNumber);
     DelayLine::Filter filterOf(XMessages::Sender sender);
     void pass(XMessages::Sender sender, QByteArray& message);
+    void setRequests(Requests wanted);
     std::vector<DelayLine*> lines();
+    std::vector<DelayLine*> movingLines(Requests wanted);
     void serve();
+    bool isToEnd(const pollfd& wakeUp) const;
     void accept();
     void handOn();
 
@@ -71,7 +86,8 @@ private:
     QByteArray displayName;
     QByteArray ownSocket; // its path
     int listener = -1;
-    std::array<int, 2> endPipe{-1, -1}; // closed to end the thread
+    std::array<int, 2> wakePipe{-1, -1}; // written to wake the thread, and closed to end it
+    std::atomic<Requests> requests = Requests::Pass;
     std::list<Connection> connections;
     mutable std::mutex trafficMutex;
     XTraffic passed;

@@ -63,6 +63,11 @@ void KeymapSnapshot::put(ByteWriter& bytes) const
     putKeymap(bytes, *keymap);
 }
 
+unsigned int KeymapSnapshot::device() const
+{
+    return keymap->device_spec;
+}
+
 void KeymapSnapshot::putBack(Display* display) const
 {
     const XkbDescription present = read(display, device());

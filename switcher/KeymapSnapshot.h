@@ -18,7 +18,7 @@ public:
     static KeymapSnapshot takeFrom(ByteReader& bytes, unsigned int device);
     void put(ByteWriter& bytes) const;
 
-    unsigned int device() const { return keymap->device_spec; }
+    unsigned int device() const;
 
     // Gives the keyboard this keymap again; the core keyboard hands it on to those that feed it.
     // Does nothing when the keyboard has gone.

@@ -30,5 +30,5 @@ private:
 
     Display* display;
     Atom property;
-    XID mark; // an id of this connection: no other that is open has it
+    unsigned long mark; // an id of this connection: no other that is open has it
 };

@@ -38,7 +38,7 @@ function(kbd_test name)
   target_link_libraries(${name} PRIVATE
     ${TEST_LIBRARIES} ${TEST_PATHS} Qt6::Test Qt6::Widgets)
   target_compile_definitions(${name} PRIVATE ${TEST_DEFINITIONS})
-  kbd_use_harness_headers(${name})
+  kbd_use_test_headers(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300 ENVIRONMENT "${KBD_TEST_ENVIRONMENT};${TEST_ENVIRONMENT}")

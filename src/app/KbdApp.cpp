@@ -134,10 +134,7 @@ constexpr std::array<KbdApp::SettingRow, 4> KbdApp::settingRows{{
     {&KbdApp::xkbOptions, "root/keyboard/XkbOptions", "options"},
 }};
 
-int KbdApp::argumentCount = 0;
-
-KeyboardSettings KbdApp::askedFor;
-
+// NOLINTNEXTLINE(readability-non-const-parameter): Qt takes out of it what it understands
 KbdApp::KbdApp(int* argc, char** argv, bool flag)
     : BrindleApplication(*argc, argv, flag, true, true)
 {

@@ -89,7 +89,9 @@ private:
     void launchSwitcher();
     void tellWhatCannotWork() const;
 
-    static int argumentCount; // QApplication keeps a reference to argc; this outlives it
+    // QApplication keeps a reference to argc, from before there is an object; this outlives it.
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+    inline static int argumentCount = 0;
 
     // The settings as they are read, in UTF-8; null where there is none. That they are byte strings
     // made with strdup is given.
@@ -100,7 +102,8 @@ private:
     KeyboardSettings settings; // the same once the command line is read, for all other classes
 
     // The keyboard that was asked for last: what report() says of it outlives the application.
-    static KeyboardSettings askedFor;
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+    inline static KeyboardSettings askedFor;
 
     bool standalone = false;
     bool toFocus = false;

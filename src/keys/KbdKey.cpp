@@ -104,7 +104,7 @@ void KbdKey::pressByUser()
     reportStroke(&KbdKey::virtualKeyPress, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyPressOut(x11Keycode());
-    else if (keySymbols.isLockKey())
+    else if (keySymbols.hasLockModifier())
         reportModifier(&KbdKey::modifierPressed);
     else
         toggleModifier();
@@ -139,7 +139,7 @@ void KbdKey::releaseByUser()
     reportStroke(&KbdKey::virtualKeyRelease, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyReleaseOut(x11Keycode());
-    else if (keySymbols.isLockKey())
+    else if (keySymbols.hasLockModifier())
         reportModifier(&KbdKey::modifierReleased);
 }
 

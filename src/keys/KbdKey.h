@@ -32,8 +32,8 @@ public:
     KeySym activeKeysym() const;
     QString activeLabel() const;
 
-    // Whether the physical key is down.
-    bool isPressed() const { return keyState.pressed; }
+    // Whether the physical key is down, be the key held on the picture or not.
+    bool isPhysicallyDown() const { return keyState.pressed; }
 
     // Whether a modifier of the key's own is held or locked.
     bool isModifierOn() const { return keySymbols.hasModifierOf(keyState.currentModifiers); }
@@ -87,6 +87,8 @@ signals:
     void mouseKeyReleaseOut(KeyCode x11Keycode);
 
 protected:
+    // Given. KbdGeometry takes the mouse events of its viewport: these come to a key in another
+    // view.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
 

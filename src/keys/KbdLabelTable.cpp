@@ -2,6 +2,8 @@
 
 #include "x11/Keysyms.h"
 
+#include <algorithm>
+#include <bit>
 #include <iterator>
 #include <string_view>
 
@@ -120,6 +122,25 @@ constexpr bool glyphRowsAscend()
     return true;
 }
 static_assert(glyphRowsAscend(), "a keysym has two rows, or a row stands in the wrong place");
+
+constexpr bool nationalRowsDiffer()
+{
+    for (const NationalRow* row = std::begin(nationalRows); row != std::end(nationalRows); ++row) {
+        const auto isSame = [row](const NationalRow& other) {
+            return other.keysym == row->keysym && other.language == row->language;
+        };
+        if (std::any_of(row + 1, std::end(nationalRows), isSame))
+            return false;
+    }
+    return true;
+}
+static_assert(nationalRowsDiffer(), "a keysym has two rows in one language");
+
+// label() joins the languages of layout and variant: two must not pass for a third.
+static_assert(
+    std::all_of(std::begin(nationalRows), std::end(nationalRows),
+        [](const NationalRow& row) { return std::has_single_bit<quint32>(row.language); }),
+    "a language is not a bit of its own");
 
 // The rows live as long as the program: the QString refers to the text instead of copying it.
 QString textOf(std::u16string_view text)

@@ -24,7 +24,7 @@ KeyAnnouncement::Look KeyAnnouncement::lookAt(const KbdKey& key)
 {
     const ShiftMask_t now = key.state().currentModifiers;
     return {symbolOf(key.symbols(), now), symbolOf(key.symbols(), now | x11::shiftMask),
-        key.isPressed(), key.isModifierOn()};
+        key.isPhysicallyDown(), key.isModifierOn()};
 }
 
 void KeyAnnouncement::tellDifference(const Look& was, const Look& is) const

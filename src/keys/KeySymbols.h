@@ -63,7 +63,7 @@ public:
     bool isModifier() const { return modifierType != 0; }
 
     // Whether the key sets or locks the modifier of Caps Lock, Num Lock or Scroll Lock.
-    bool isLockKey() const { return modifierMask & context.lockModifiers; }
+    bool hasLockModifier() const { return modifierMask & context.lockModifiers; }
 
     // Whether one, or every one, of the modifiers that the key sets or locks is among these.
     bool hasModifierOf(ShiftMask_t modifiers) const { return modifiers & modifierMask; }

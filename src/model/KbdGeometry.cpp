@@ -264,7 +264,7 @@ void KbdGeometry::gotVirtualKeyRelease(QString& symbol, QString& desc)
 
 void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
 {
-    if (sender->isEcho(*event))
+    if (sender->takeEcho(*event))
         return;
     // A lock is not written back to the server: that would undo what the user has done there since.
     const QScopedValueRollback reporting(takesServersLock, true);
@@ -276,16 +276,16 @@ void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
 // release brings no event any more.
 void KbdGeometry::x11KeyReleaseEventIn(XKeyEvent* event)
 {
-    const bool isEcho = sender->isEcho(*event);
+    const bool isEcho = sender->takeEcho(*event);
     KbdKey* key = keyboardItems->keyOf(static_cast<KeyCode>(event->keycode));
-    if (key && (!isEcho || key->isPressed()))
+    if (key && (!isEcho || key->isPhysicallyDown()))
         key->keyReleaseEventIn(static_cast<ShiftMask_t>(event->state));
 }
 
 void KbdGeometry::releasePhysicalKeys()
 {
     for (KbdKey* key : keyboardItems->allKeys()) {
-        if (key->isPressed())
+        if (key->isPhysicallyDown())
             key->keyReleaseEventIn();
     }
 }
@@ -293,7 +293,7 @@ void KbdGeometry::releasePhysicalKeys()
 void KbdGeometry::releaseKeysThatAreUp()
 {
     QList<KbdKey*> lit = keyboardItems->allKeys();
-    lit.removeIf([](const KbdKey* key) { return !key->isPressed(); });
+    lit.removeIf([](const KbdKey* key) { return !key->isPhysicallyDown(); });
     if (lit.isEmpty())
         return;
     const std::bitset<256> down = server->keysDown();

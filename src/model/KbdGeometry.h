@@ -27,6 +27,7 @@ struct LoadedKeyboard;
 // In and Out are given.
 class KbdGeometry : public QGraphicsView {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(KbdGeometry)
 
 public:
     enum ExceptionType {

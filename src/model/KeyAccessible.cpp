@@ -73,7 +73,7 @@ QAccessible::State KeyAccessible::state() const
     result.disabled = !view()->isEnabled();
     result.checkable = key()->symbols().isModifier();
     result.checked = key()->isModifierOn();
-    result.pressed = key()->isPressed();
+    result.pressed = key()->isPhysicallyDown();
     return result;
 }
 

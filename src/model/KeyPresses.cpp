@@ -24,7 +24,7 @@ KeyPresses::KeyPresses(QGraphicsView* picture)
 
 void KeyPresses::mousePressed(const QMouseEvent& event)
 {
-    if (presses.hasReported(event))
+    if (presses.takeReported(event))
         return;
     qtButtons |= event.button();
     pressed({idOf(event), event.position().toPoint(), static_cast<Time>(event.timestamp())});

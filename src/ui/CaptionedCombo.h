@@ -26,6 +26,10 @@ protected:
     // another layout. Icon-only mode hides the caption.
     CaptionedCombo(const QString& caption, bool onlyIcons, QWidget* parent);
 
+    bool isIconOnly() const { return iconOnly; }
+    QComboBox* comboBox() const { return combo; }
+
+private:
     bool iconOnly;
     // The widget that the layout is installed on owns these and may delete them first.
     QPointer<QLabel> label;

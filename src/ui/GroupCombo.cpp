@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QIcon>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -35,8 +36,9 @@ GroupCombo::GroupCombo(
     const QStringList& items, bool onlyIcons, QWidget* parent, const SpecTable& table)
     : CaptionedCombo(tr("Group: "), onlyIcons, parent)
 {
-    connect(combo, &QComboBox::activated, this, &GroupCombo::internalActivated);
-    connect(combo, &QComboBox::currentIndexChanged, this, &GroupCombo::internalCurrentIndexChanged);
+    connect(comboBox(), &QComboBox::activated, this, &GroupCombo::internalActivated);
+    connect(comboBox(), &QComboBox::currentIndexChanged, this,
+        &GroupCombo::internalCurrentIndexChanged);
     readFlagMap(table);
     if (!items.isEmpty())
         setItems(items);
@@ -44,21 +46,30 @@ GroupCombo::GroupCombo(
 
 void GroupCombo::setItems(const QStringList& items)
 {
-    const int remembered = combo->currentIndex();
-    for (int i = combo->count() - 1; i >= 0; --i)
-        combo->removeItem(i);
-    combo->insertItems(combo->count(), items);
+    const bool wasEmpty = comboBox()->count() == 0;
+    {
+        // The window locks every group that is reported: not those on the way to the last.
+        const QSignalBlocker filling(comboBox());
+        refill(items);
+    }
+    if (!wasEmpty || !items.isEmpty())
+        internalCurrentIndexChanged(comboBox()->currentIndex());
+}
 
-    if (remembered < 0)
-        combo->setCurrentIndex(0);
-    else if (remembered < combo->count())
-        combo->setCurrentIndex(remembered);
+// Keeps the index where there still is one. The combo box itself selects the first of new items.
+void GroupCombo::refill(const QStringList& items)
+{
+    const int remembered = comboBox()->currentIndex();
+    comboBox()->clear();
+    comboBox()->addItems(items);
+    if (remembered >= 0 && remembered < comboBox()->count())
+        comboBox()->setCurrentIndex(remembered);
 }
 
 void GroupCombo::setCurrentIndex(int index)
 {
-    if (index >= 0 && index < combo->count())
-        combo->setCurrentIndex(index);
+    if (index >= 0 && index < comboBox()->count())
+        comboBox()->setCurrentIndex(index);
 }
 
 void GroupCombo::setGroupLayouts(const QStringList& layouts)
@@ -66,17 +77,17 @@ void GroupCombo::setGroupLayouts(const QStringList& layouts)
     for (int i = 0; i < layouts.size(); ++i) {
         const QString path = flagPath(layouts.at(i));
         ensureItem(i);
-        combo->setItemIcon(i, FileIconEngine::iconOf(path));
-        if (iconOnly)
-            combo->setItemText(i, path.isEmpty() ? QString::number(i + 1) : QString());
+        comboBox()->setItemIcon(i, FileIconEngine::iconOf(path));
+        if (isIconOnly())
+            comboBox()->setItemText(i, path.isEmpty() ? QString::number(i + 1) : QString());
     }
 }
 
 void GroupCombo::setData(const QStringList& data)
 {
     dataList = std::make_unique<QStringList>(data);
-    while (iconOnly && combo->count() < data.size())
-        combo->addItem(QString::number(combo->count() + 1));
+    while (isIconOnly() && comboBox()->count() < data.size())
+        comboBox()->addItem(QString::number(comboBox()->count() + 1));
 }
 
 void GroupCombo::internalActivated(int index)
@@ -111,6 +122,6 @@ QString GroupCombo::flagPath(const QString& layout) const
 
 void GroupCombo::ensureItem(int index)
 {
-    while (combo->count() <= index)
-        combo->addItem(QString());
+    while (comboBox()->count() <= index)
+        comboBox()->addItem(QString());
 }

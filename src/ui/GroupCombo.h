@@ -24,7 +24,8 @@ public:
     // The same with a table that it reads itself.
     GroupCombo(const QStringList& items, bool onlyIcons, QWidget* parent);
 
-    // Replaces all items. The current index stays where it is if there is still such an item.
+    // Replaces all items. The current index stays where it is if there is still such an item; in
+    // any case it is reported once, as a change: it is another group by now.
     void setItems(const QStringList& items);
 
     // Selects the item and reports the change; ignored when there is no item of this index.
@@ -50,6 +51,7 @@ private slots:
     void internalCurrentIndexChanged(int index);
 
 private:
+    void refill(const QStringList& items);
     void readFlagMap(const SpecTable& table);
     QString flagPath(const QString& layout) const;
     void ensureItem(int index);

@@ -20,12 +20,14 @@ QIcon iconOf(const QString& fileName)
 KeycapCombo::KeycapCombo(bool onlyIcons, QWidget* parent)
     : CaptionedCombo(tr("Keycap Display: "), onlyIcons, parent)
 {
-    combo->addItem(iconOf(u"/singlekey.png"_s), iconOnly ? QString() : tr("Active Character Only"));
-    combo->addItem(iconOf(u"/fullkey.png"_s), iconOnly ? QString() : tr("Multiple Characters"));
-    combo->setToolTip(tr("Keycap display mode"));
-    connect(combo, &QComboBox::activated, this, &KeycapCombo::internalActivated);
-    connect(
-        combo, &QComboBox::currentIndexChanged, this, &KeycapCombo::internalCurrentIndexChanged);
+    comboBox()->addItem(
+        iconOf(u"/singlekey.png"_s), isIconOnly() ? QString() : tr("Active Character Only"));
+    comboBox()->addItem(
+        iconOf(u"/fullkey.png"_s), isIconOnly() ? QString() : tr("Multiple Characters"));
+    comboBox()->setToolTip(tr("Keycap display mode"));
+    connect(comboBox(), &QComboBox::activated, this, &KeycapCombo::internalActivated);
+    connect(comboBox(), &QComboBox::currentIndexChanged, this,
+        &KeycapCombo::internalCurrentIndexChanged);
 }
 
 void KeycapCombo::internalActivated(int index)

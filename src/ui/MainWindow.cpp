@@ -34,6 +34,7 @@ constexpr int textLineStretch = 1000;
 
 constexpr double screenShare = 0.75; // of the screen's width
 constexpr int screenMargin = 8; // pixels left for the window manager's frame
+constexpr int frameWidth = 40; // pixels that its frame takes at most
 
 // All keyboards of the entry together; it does not choose options.
 KeyboardSettings settingsOf(const kbdSpec_t& spec)
@@ -245,8 +246,9 @@ void MainWindow::placeOnScreen(bool toBottom)
     resize(static_cast<int>(width), static_cast<int>(height) + controls);
     if (!toBottom)
         return;
-    setGeometry(QRect(available.center().x() - size().width() / 2,
-        available.bottom() + 1 - size().height() - screenMargin, size().width(), size().height()));
+    placed = QRect(available.center().x() - size().width() / 2,
+        available.bottom() + 1 - size().height() - screenMargin, size().width(), size().height());
+    setGeometry(placed);
 }
 
 void MainWindow::stayAtBottom()
@@ -254,11 +256,24 @@ void MainWindow::stayAtBottom()
     placeOnScreen(true);
     const auto* screen = new ScreenFollower(this);
     connect(screen, &ScreenFollower::screenChanged, this, &MainWindow::returnToBottom);
-    connect(screen, &ScreenFollower::roomChanged, this, [this] {
-        const QScreen* primary = QGuiApplication::primaryScreen();
-        if (primary && !primary->availableGeometry().contains(frameGeometry()))
-            returnToBottom();
-    });
+    connect(screen, &ScreenFollower::roomChanged, this, &MainWindow::followRoom);
+}
+
+// A window manager tells only after a change of the screen what its panels leave of it.
+void MainWindow::followRoom()
+{
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    const bool fits = primary && primary->availableGeometry().contains(frameGeometry());
+    if (!fits || isWherePlaced())
+        returnToBottom();
+}
+
+// About so: window managers move a window by the width of its frame.
+bool MainWindow::isWherePlaced() const
+{
+    const QMargins about(frameWidth, frameWidth, frameWidth, frameWidth);
+    return placed.marginsAdded(about).contains(geometry())
+        && geometry().marginsAdded(about).contains(placed);
 }
 
 // A maximised window is the window manager's to place.
@@ -285,7 +300,7 @@ void MainWindow::modeChanged(int which)
 
 void MainWindow::levelChanged(int which)
 {
-    // The combo reports -1 while its items are replaced: that is no choice of a group.
+    // The combo reports -1 when it has no items: that is no choice of a group.
     if (which < 0)
         return;
     view->setGroupNum(static_cast<KeyGroup_t>(which));

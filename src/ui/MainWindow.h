@@ -46,7 +46,8 @@ public:
     void placeOnScreen(bool toBottom);
 
     // Places the window at the bottom of the screen, and again whenever the screen is rotated or
-    // resized, or what panels leave of it no longer holds the window.
+    // resized. When panels leave more or less of it than before, a window that the user has put
+    // elsewhere stays there if it can be seen whole.
     void stayAtBottom();
 
     // Another program has the keyboard focus now: the picture lets go of the physical keys that it
@@ -121,6 +122,8 @@ private:
     void connectView();
     void connectTypingArea();
     void returnToBottom();
+    void followRoom();
+    bool isWherePlaced() const;
     void dropCustomEntry();
     QStringList translatedGroupNames() const;
 
@@ -137,4 +140,5 @@ private:
     QHBoxLayout* bottomRow = nullptr;
     GroupCombo* groupCombo = nullptr;
     KeycapCombo* keycapCombo = nullptr;
+    QRect placed; // where stayAtBottom has put the window last
 };

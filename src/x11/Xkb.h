@@ -3,6 +3,7 @@
 // XKB by way of XCB: requests whose answers are taken later, and the events as they come. One of
 // its records has a member by the name of a keyword of C++.
 
+// NOLINTNEXTLINE(clang-diagnostic-keyword-macro,readability-identifier-naming)
 #define explicit explicitComponents
 #include <xcb/xkb.h>
 #undef explicit

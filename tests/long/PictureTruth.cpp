@@ -20,7 +20,7 @@ QString keyFault(const KbdGeometry& picture, const QByteArray& displayName)
     const QList<int> down = pressedKeys(displayName);
     if (!down.isEmpty())
         return QStringLiteral("key %1 is down").arg(down.first());
-    const KbdKey* lit = keyThat(picture, [](const KbdKey& key) { return key.isPressed(); });
+    const KbdKey* lit = keyThat(picture, [](const KbdKey& key) { return key.isPhysicallyDown(); });
     return lit ? QStringLiteral("key %1 is lit").arg(lit->x11Keycode()) : QString();
 }
 

@@ -60,6 +60,9 @@ private slots:
     void inIconOnlyModeThereIsNoCaption();
     void newItemsKeepTheCurrentIndex_data();
     void newItemsKeepTheCurrentIndex();
+    void newItemsReportTheirIndexOnce_data() { newItemsKeepTheCurrentIndex_data(); }
+    void newItemsReportTheirIndexOnce();
+    void noItemsInPlaceOfNoneReportNothing();
     void aLayoutFindsItsFlag_data();
     void aLayoutFindsItsFlag();
     void theFlagTableIsLookedForInTwoPlaces();
@@ -140,6 +143,26 @@ void GroupComboTest::newItemsKeepTheCurrentIndex()
     control.setItems(items);
     QCOMPARE(textsOf(control), items);
     QTEST(comboOf(control)->currentIndex(), "after");
+}
+
+void GroupComboTest::newItemsReportTheirIndexOnce()
+{
+    QFETCH(int, before);
+    QFETCH(const QStringList, items);
+    QFETCH(int, after);
+    GroupCombo control(twoGroups, false, nullptr);
+    comboOf(control)->setCurrentIndex(before);
+    const QSignalSpy changed(&control, &GroupCombo::currentIndexChanged);
+    control.setItems(items);
+    QCOMPARE(changed, QList<QVariantList>{{after}});
+}
+
+void GroupComboTest::noItemsInPlaceOfNoneReportNothing()
+{
+    GroupCombo control({}, false, nullptr);
+    const QSignalSpy changed(&control, &GroupCombo::currentIndexChanged);
+    control.setItems({});
+    QCOMPARE(changed.count(), 0);
 }
 
 void GroupComboTest::aLayoutFindsItsFlag_data()

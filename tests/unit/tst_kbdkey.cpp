@@ -336,7 +336,7 @@ void KbdKeyTest::theCapHasTheColoursOfItsState_data()
 {
     QTest::addColumn<KeySym>("keysym");
     QTest::addColumn<bool>("setsModifiers");
-    QTest::addColumn<bool>("isPressed");
+    QTest::addColumn<bool>("isPhysicallyDown");
     QTest::addColumn<ColourScheme>("scheme");
     QTest::addColumn<CapRow>("cap");
 
@@ -361,13 +361,13 @@ void KbdKeyTest::theCapHasTheColoursOfItsState()
 {
     QFETCH(KeySym, keysym);
     QFETCH(bool, setsModifiers);
-    QFETCH(bool, isPressed);
+    QFETCH(bool, isPhysicallyDown);
     QFETCH(ColourScheme, scheme);
     QFETCH(CapRow, cap);
     if (setsModifiers)
         keymap->setAction(keyA, XkbSA_SetMods, shift);
     const auto item = keyOf(keymap->oneLevel(), {keysym});
-    if (isPressed)
+    if (isPhysicallyDown)
         item->keyPressEventIn();
     item->setColourScheme(scheme);
 
@@ -839,7 +839,7 @@ void KbdKeyTest::anOrdinaryKeyTypes()
     KeyLog log(*item);
     press(*item);
     QCOMPARE(log.take(), QStringList({"virtualKeyPress Delete Delete", "mouseKeyPressOut 38"}));
-    QVERIFY(!item->isPressed());
+    QVERIFY(!item->isPhysicallyDown());
     release(*item);
     QCOMPARE(log.take(), QStringList({"virtualKeyRelease Delete Delete", "mouseKeyReleaseOut 38"}));
 }
@@ -944,11 +944,11 @@ void KbdKeyTest::aPhysicalKeyLightsUp()
     const auto item = keyOf(keymap->oneLevel(), {XK_a});
     KeyLog log(*item);
     item->keyPressEventIn(noModifiers);
-    QVERIFY(item->isPressed());
+    QVERIFY(item->isPhysicallyDown());
     QCOMPARE(at(paintedOn(*item), 9, 90), QColor(pressedCap.body[0]));
     QCOMPARE(log.take(), QStringList{"virtualKeyPress a a"});
     item->keyReleaseEventIn(noModifiers);
-    QVERIFY(!item->isPressed());
+    QVERIFY(!item->isPhysicallyDown());
     QCOMPARE(at(paintedOn(*item), 9, 90), QColor(normalCap.body[0]));
     QCOMPARE(log.take(), QStringList{"virtualKeyRelease a a"});
 }

@@ -349,7 +349,7 @@ void KeySymbolsTest::aLockKeyHasALockModifier_data()
 {
     QTest::addColumn<int>("action");
     QTest::addColumn<ShiftMask_t>("mask");
-    QTest::addColumn<bool>("isLockKey");
+    QTest::addColumn<bool>("hasLockModifier");
     QTest::newRow("locks Lock") << int(XkbSA_LockMods) << lock << true;
     QTest::newRow("sets Lock") << int(XkbSA_SetMods) << lock << true;
     QTest::newRow("locks Lock and more") << int(XkbSA_LockMods) << both(lock, shift) << true;
@@ -363,7 +363,8 @@ void KeySymbolsTest::aLockKeyHasALockModifier()
     QFETCH(ShiftMask_t, mask);
     keymap->lockModifiers = both(lock, mod1);
     keymap->setAction(capsLock, static_cast<unsigned char>(action), mask);
-    QTEST(keymap->keyOf(keymap->oneLevel(), {XK_Caps_Lock}, capsLock).isLockKey(), "isLockKey");
+    QTEST(keymap->keyOf(keymap->oneLevel(), {XK_Caps_Lock}, capsLock).hasLockModifier(),
+        "hasLockModifier");
 }
 
 void KeySymbolsTest::aModifierIsOnInPartOrAsAWhole()

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include <xkbcommon/xkbcommon.h>
 
@@ -207,6 +208,36 @@ constexpr TextRow textRows[] = {
 #include "keys/labels/vendor.inc"
 };
 
+enum Language { FrenchCanadian, Brazilian, Spanish, Italian, German, French, Finnish };
+
+struct NationalRow {
+    quint32 keysym;
+    Language language;
+    std::u16string_view text;
+};
+
+constexpr NationalRow nationalRows[] = {
+#include "keys/labels/national.inc"
+};
+
+using NationalKey = std::pair<quint32, Language>;
+
+// What the list above says of labels that differ from the default.
+QSet<NationalKey> expectedNationalKeys()
+{
+    QSet<NationalKey> keys;
+    for (const NationalLabels& row : nationalLabels) {
+        const std::pair<Language, const char*> labels[] = {{FrenchCanadian, row.ca},
+            {Brazilian, row.br}, {Spanish, row.es}, {Italian, row.it}, {German, row.de},
+            {French, row.fr}, {Finnish, row.fi}};
+        for (const auto& [language, label] : labels) {
+            if (label != same)
+                keys.insert({row.keysym, language});
+        }
+    }
+    return keys;
+}
+
 } // namespace
 
 class LabelTableTest : public QObject {
@@ -240,6 +271,7 @@ private slots:
 
     void aLayoutLabelsItsKeysInItsLanguage_data();
     void aLayoutLabelsItsKeysInItsLanguage();
+    void noLanguageHasMoreLabelsThanTheseTestsKnow();
     void aVariantAloneGivesTheLanguage();
     void theLayoutSpeaksWhereTheVariantNamesAnotherLanguage();
     void unknownNamesGiveTheDefault_data();
@@ -570,6 +602,18 @@ void LabelTableTest::aLayoutLabelsItsKeysInItsLanguage()
     QFETCH(quint32, keysym);
     QFETCH(QString, layout);
     QTEST(KbdLabelTable().label(keysym, layout, QString()), "label");
+}
+
+void LabelTableTest::noLanguageHasMoreLabelsThanTheseTestsKnow()
+{
+    QSet<NationalKey> keys;
+    for (const NationalRow& row : nationalRows)
+        keys.insert({row.keysym, row.language});
+    const QSet<NationalKey> unknown = keys - expectedNationalKeys();
+    for (const auto& [keysym, language] : unknown)
+        QVERIFY2(
+            false, qPrintable(QString("0x%1 in language %2").arg(keysym, 0, 16).arg(language)));
+    QCOMPARE(keys, expectedNationalKeys());
 }
 
 void LabelTableTest::aVariantAloneGivesTheLanguage()

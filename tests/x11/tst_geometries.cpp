@@ -64,6 +64,8 @@ constexpr std::array<OwnMap, 5> ownMaps{{
     {"abnt2", "abnt2", "br", 107},
 }};
 
+constexpr int ownDoodads = 7; // of each: three lamps, their captions and the flag
+
 // Parts of other maps that the system's data do not mark as such: the compiler refuses them, since
 // the shapes that they name are elsewhere.
 constexpr std::array<const char*, 5> refusedMaps{
@@ -186,10 +188,18 @@ QStringList litLampsOf(const KbdGeometry& picture)
     return lit;
 }
 
-bool overlap(const KbdKey& one, const KbdKey& other)
+bool overlap(const QGraphicsItem& one, const QGraphicsItem& other)
 {
     return areaOf(one).intersects(areaOf(other))
         && one.mapToScene(one.shape()).intersects(other.mapToScene(other.shape()));
+}
+
+QString nameOf(const QGraphicsItem& item)
+{
+    if (const auto* key = dynamic_cast<const KbdKey*>(&item))
+        return key->name();
+    const QPointF corner = item.scenePos();
+    return QString("the doodad at %1, %2").arg(corner.x()).arg(corner.y());
 }
 
 // Of the keymap compiler for a map as "file(map)".
@@ -251,8 +261,8 @@ private slots:
     void ourMapsCompileWithoutAWarning();
     void ourMapsHaveAllTheirKeys_data();
     void ourMapsHaveAllTheirKeys();
-    void noTwoKeysOfOursOverlap_data();
-    void noTwoKeysOfOursOverlap();
+    void keysLampsAndDoodadsOfOursDoNotOverlap_data();
+    void keysLampsAndDoodadsOfOursDoNotOverlap();
     void ourLampsShowTheLocks_data();
     void ourLampsShowTheLocks();
     void ourFlagTakesItsFileFromTheIcons_data();
@@ -332,20 +342,25 @@ void GeometriesTest::ourMapsHaveAllTheirKeys()
     }
 }
 
-void GeometriesTest::noTwoKeysOfOursOverlap_data()
+void GeometriesTest::keysLampsAndDoodadsOfOursDoNotOverlap_data()
 {
     ourMapsCompileWithoutAWarning_data();
 }
 
-void GeometriesTest::noTwoKeysOfOursOverlap()
+void GeometriesTest::keysLampsAndDoodadsOfOursDoNotOverlap()
 {
     QFETCH(QString, map);
     const auto picture = pictureOf("pc-arvane(" + map + ')');
-    const QList<KbdKey*> keys = picture->keyItems();
-    for (int i = 0; i < keys.size(); ++i) {
+    QList<const QGraphicsItem*> items;
+    for (const KbdKey* key : picture->keyItems())
+        items << key;
+    for (const KbdDoodad* doodad : picture->doodadItems())
+        items << doodad;
+    QCOMPARE(items.size(), picture->keyItems().size() + ownDoodads);
+    for (int i = 0; i < items.size(); ++i) {
         for (int j = 0; j < i; ++j)
-            QVERIFY2(!overlap(*keys.at(i), *keys.at(j)),
-                qPrintable(keys.at(i)->name() + " and " + keys.at(j)->name()));
+            QVERIFY2(!overlap(*items.at(i), *items.at(j)),
+                qPrintable(nameOf(*items.at(i)) + " and " + nameOf(*items.at(j))));
     }
 }
 

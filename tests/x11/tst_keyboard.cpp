@@ -204,7 +204,7 @@ QList<int> litKeysOf(const KbdGeometry& picture)
 {
     QList<int> lit;
     for (const KbdKey* key : picture.keyItems()) {
-        if (key->isPressed())
+        if (key->isPhysicallyDown())
             lit << key->x11Keycode();
     }
     return lit;

@@ -362,6 +362,7 @@ void MainWindowTest::componentsThatCannotBeHadChangeNothing()
     choose(QStringLiteral("fr"));
     QCOMPARE(window->picture(), before);
     QVERIFY(before->isVisible());
+    QCOMPARE(selector()->currentLayout(), QStringLiteral("fr"));
 }
 
 void MainWindowTest::customIsHandedToSetxkbmapAsItStands()
@@ -422,7 +423,7 @@ void MainWindowTest::theX11EventsAreHandedOn()
     const QList<KbdKey*> keys = window->picture()->keyItems();
     const auto lit = [&keys] {
         return std::count_if(
-            keys.begin(), keys.end(), [](const KbdKey* key) { return key->isPressed(); });
+            keys.begin(), keys.end(), [](const KbdKey* key) { return key->isPhysicallyDown(); });
     };
     QCOMPARE(lit(), 1);
     window->x11KeyReleaseEventIn(&event);

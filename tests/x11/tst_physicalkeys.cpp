@@ -235,7 +235,7 @@ QStringList PhysicalKeysTest::litKeys() const
     QStringList lit;
     const QList<KbdKey*> keys = picture().keyItems();
     for (const KbdKey* each : keys) {
-        if (each->isPressed())
+        if (each->isPhysicallyDown())
             lit << each->name();
     }
     return lit;

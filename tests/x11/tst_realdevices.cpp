@@ -368,10 +368,10 @@ void RealDevicesTest::aPhysicalKeyIsLitUntilItIsReleased()
     QVERIFY(startWithTarget());
     const KbdKey* lit = key("AC01");
     server.keyboard().press(lit->x11Keycode());
-    QTRY_VERIFY(lit->isPressed());
+    QTRY_VERIFY(lit->isPhysicallyDown());
     QTRY_COMPARE(presses(), QStringList{"a"});
     server.keyboard().release(lit->x11Keycode());
-    QTRY_VERIFY(!lit->isPressed());
+    QTRY_VERIFY(!lit->isPhysicallyDown());
     QVERIFY(!mainWindow()->isActiveWindow());
 }
 
@@ -383,11 +383,11 @@ void RealDevicesTest::aKeyboardOfAnotherLayoutLightsTheSameKeysAndLeavesThePictu
         {"-device", QString::number(device), "-model", "pc105", "-layout", "fr"}));
     const KbdKey* lit = key("AD01");
     server.otherKeyboard().press(lit->x11Keycode());
-    QTRY_VERIFY(lit->isPressed());
+    QTRY_VERIFY(lit->isPhysicallyDown());
     QTRY_COMPARE(presses(), QStringList{"a"}); // where the first keyboard has q
     QCOMPARE(lit->activeLabel(), "q");
     server.otherKeyboard().release(lit->x11Keycode());
-    QTRY_VERIFY(!lit->isPressed());
+    QTRY_VERIFY(!lit->isPhysicallyDown());
 
     server.keyboard().strike(lit->x11Keycode());
     QTRY_COMPARE(presses(), QStringList({"a", "q"}));

@@ -103,10 +103,10 @@ void TryOutTest::click(const char* name) const
     movePointerTo(name);
     button(true);
     if (shown->symbols().keyType() == 0)
-        QTRY_VERIFY(shown->isPressed());
+        QTRY_VERIFY(shown->isPhysicallyDown());
     button(false);
     if (shown->symbols().keyType() == 0)
-        QTRY_VERIFY(!shown->isPressed());
+        QTRY_VERIFY(!shown->isPhysicallyDown());
     else
         QTRY_VERIFY(window()->picture()->modifiers() != before);
 }
@@ -158,10 +158,10 @@ void TryOutTest::aClickedKeyIsTypedAndLitWhileItIsDown()
 {
     movePointerTo("AD03");
     button(true);
-    QTRY_VERIFY(key("AD03")->isPressed());
+    QTRY_VERIFY(key("AD03")->isPhysicallyDown());
     QTRY_COMPARE(typed(), QStringLiteral("e"));
     button(false);
-    QTRY_VERIFY(!key("AD03")->isPressed());
+    QTRY_VERIFY(!key("AD03")->isPhysicallyDown());
     QCOMPARE(typed(), QStringLiteral("e"));
 }
 
@@ -236,7 +236,7 @@ void TryOutTest::theClickDoesNotLeaveTheWindowsFocus()
 void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 {
     physicalKey(XK_Shift_L, true);
-    QTRY_VERIFY(key("LFSH")->isPressed());
+    QTRY_VERIFY(key("LFSH")->isPhysicallyDown());
     QWidget other;
     other.setGeometry(10, 10, 100, 60);
     other.show();
@@ -245,7 +245,7 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
     XSetInputFocus(
         display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
     XSync(display.get(), x11::xFalse);
-    QTRY_VERIFY(!key("LFSH")->isPressed());
+    QTRY_VERIFY(!key("LFSH")->isPhysicallyDown());
     QCOMPARE(int(window()->picture()->modifiers()), 0);
     physicalKey(XK_Shift_L, false);
     other.close();
@@ -257,14 +257,14 @@ void TryOutTest::aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus()
 void TryOutTest::aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo()
 {
     physicalKey(XK_b, true);
-    QTRY_VERIFY(key("AB05")->isPressed());
+    QTRY_VERIFY(key("AB05")->isPhysicallyDown());
     XSetInputFocus(
         display.get(), DefaultRootWindow(display.get()), RevertToPointerRoot, CurrentTime);
     physicalKey(XK_b, false);
     XSetInputFocus(display.get(), window()->winId(), RevertToPointerRoot, CurrentTime);
     stroke(XK_n);
     QTRY_COMPARE(typed().right(1), QStringLiteral("n"));
-    QVERIFY(!key("AB05")->isPressed());
+    QVERIFY(!key("AB05")->isPhysicallyDown());
 }
 
 void TryOutTest::chooseAnotherKeyboard()
@@ -318,9 +318,9 @@ void TryOutTest::aPhysicalShiftCountsAfterOursHasGoneToAnotherWindow()
     click("LFSH");
     for (const auto& [keysym, name] : {std::pair(XK_Shift_L, "LFSH"), {XK_Shift_R, "RTSH"}}) {
         physicalKey(keysym, true);
-        QTRY_VERIFY(key(name)->isPressed());
+        QTRY_VERIFY(key(name)->isPhysicallyDown());
         physicalKey(keysym, false);
-        QTRY_VERIFY(!key(name)->isPressed());
+        QTRY_VERIFY(!key(name)->isPhysicallyDown());
     }
     QCOMPARE(int(window()->picture()->modifiers()), 0);
 }
@@ -332,17 +332,17 @@ void TryOutTest::aShiftThatTheUserHoldsAsWellGoesOutWithOurs()
     click("LCTL");
     movePointerTo("AC01");
     button(true);
-    QTRY_VERIFY(key("AC01")->isPressed());
+    QTRY_VERIFY(key("AC01")->isPhysicallyDown());
     physicalKey(XK_Shift_L, true);
     physicalKey(XK_Shift_R, true);
-    QTRY_VERIFY(key("RTSH")->isPressed());
+    QTRY_VERIFY(key("RTSH")->isPhysicallyDown());
     window()->picture()->click(keyNamed(*window()->picture(), "AC02"));
     physicalKey(XK_Shift_L, false);
     physicalKey(XK_Shift_R, false);
     button(false);
-    QTRY_VERIFY(!key("AC01")->isPressed());
-    QTRY_VERIFY(!key("LFSH")->isPressed());
-    QTRY_VERIFY(!key("RTSH")->isPressed());
+    QTRY_VERIFY(!key("AC01")->isPhysicallyDown());
+    QTRY_VERIFY(!key("LFSH")->isPhysicallyDown());
+    QTRY_VERIFY(!key("RTSH")->isPhysicallyDown());
     click("LCTL");
     QCOMPARE(int(window()->picture()->modifiers()), 0);
 }

@@ -47,6 +47,7 @@ private slots:
     void eventsAndErrorsAreCounted();
     void aChangedRequestArrivesAsItWasChanged();
     void aLongRequestAndItsAnswerArriveWhole();
+    void requestsThatAreHeldArriveOnceTheyMay();
     void aServerThatEndsTakesItsClientsAlong();
 
 private:
@@ -128,6 +129,40 @@ void XProxyTest::aLongRequestAndItsAnswerArriveWhole()
     XChangeProperty(connection.get(), root, name, XA_STRING, 8, PropModeReplace,
         reinterpret_cast<const unsigned char*>(text.constData()), static_cast<int>(text.size()));
     QCOMPARE(x11::property(connection.get(), root, "LONG").bytes, text.toStdString());
+}
+
+// What others do meanwhile is heard of.
+void XProxyTest::requestsThatAreHeldArriveOnceTheyMay()
+{
+    XProxy proxy(display());
+    const XConnection far = openDisplay(proxy.display());
+    const XConnection near = openDisplay(display());
+    const Window root = XDefaultRootWindow(far.get());
+    const Window window = XCreateSimpleWindow(far.get(), root, 0, 0, 10, 10, 0, 0, 0);
+    XSelectInput(far.get(), window, PropertyChangeMask);
+    XSync(far.get(), x11::xFalse);
+    const auto nextChange = [&] {
+        XEvent event;
+        XNextEvent(far.get(), &event);
+        return event.xproperty.atom;
+    };
+
+    proxy.holdRequests();
+    XSetIconName(far.get(), window, "first");
+    XFlush(far.get());
+    XStoreName(near.get(), window, "second");
+    XFlush(near.get());
+    QCOMPARE(nextChange(), Atom{XA_WM_NAME});
+    proxy.passHeldRequests();
+    QCOMPARE(nextChange(), Atom{XA_WM_ICON_NAME});
+
+    XSetIconName(far.get(), window, "third");
+    XFlush(far.get());
+    XStoreName(near.get(), window, "fourth");
+    XFlush(near.get());
+    QCOMPARE(nextChange(), Atom{XA_WM_NAME});
+    proxy.passRequests();
+    QCOMPARE(nextChange(), Atom{XA_WM_ICON_NAME});
 }
 
 void XProxyTest::aServerThatEndsTakesItsClientsAlong()

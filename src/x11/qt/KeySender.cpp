@@ -79,7 +79,7 @@ void KeySender::fakeModifier(KeyCode keycode, int type, unsigned long delay)
 }
 
 // Another key of the user's follows a later request: the sender never asks for a modifier key last.
-bool KeySender::isEcho(const XKeyEvent& event)
+bool KeySender::takeEcho(const XKeyEvent& event)
 {
     const Echo echo{
         static_cast<std::uint32_t>(event.serial), static_cast<KeyCode>(event.keycode), event.type};

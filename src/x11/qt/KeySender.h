@@ -47,8 +47,9 @@ public:
     // Whether the event is the echo of a modifier key that this sender pressed or released around a
     // key, so not the user's: the server sends it to this program if a window of ours has the
     // focus. It is told by the number of the request that the event followed, in event.serial (0
-    // for an event that came another way), and counts once: the answer uses it up.
-    bool isEcho(const XKeyEvent& event);
+    // for an event that came another way). Takes the echo off those expected: ask once for each
+    // event.
+    bool takeEcho(const XKeyEvent& event);
 
     // Whether a key is held down through XTest.
     bool holdsKeys() const { return !held.isEmpty(); }

@@ -155,7 +155,7 @@ void PointerPresses::watch()
     select(static_cast<xcb_window_t>(window), selected.forAllDevices);
 }
 
-bool PointerPresses::hasReported(const QMouseEvent& event)
+bool PointerPresses::takeReported(const QMouseEvent& event)
 {
     const auto same = std::find_if(reported.cbegin(), reported.cend(), [&](const QtPress& press) {
         return press.time == event.timestamp() && press.button == event.button();

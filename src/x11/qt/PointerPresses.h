@@ -18,7 +18,7 @@ struct xcb_focus_in_event_t;
 struct xcb_input_button_press_event_t;
 struct xcb_input_hierarchy_event_t;
 
-// Tells presses apart that are down at the same time.
+// What tells one press from another while both are down.
 struct PressId {
     int device = 0; // of the X input extension; 0 for a press that comes from Qt
     std::uint32_t detail = 0; // the button's number, or the touch's
@@ -33,24 +33,24 @@ struct PointerPress {
     Time time = 0; // of the server, in milliseconds
 };
 
-// Brings a widget the presses of mouse buttons and fingers straight from the devices, each by
-// itself, through the X input extension.
+// Reports presses of mouse buttons and fingers on a widget. It hears of them from each device,
+// through the X input extension.
 //
-// Qt's own mouse events come from the master pointer. A window manager holds that while it decides
-// what a click does to the windows, and the server loses clicks that come meanwhile; of several
-// fingers it has only the first. A grab of the master does not hold the devices that are attached
-// to it.
+// Qt's own mouse events come from the master pointer, which all devices together move. A window
+// manager grabs the master while it decides what a click does to the windows, and the server loses
+// the clicks made meanwhile. Of several fingers the master follows only the first. A grab of the
+// master does not stop the events of the single devices.
 //
-// Presses that others have a claim on are left to Qt: beside the widget, while a popup or a dialog
-// of this program is open, in a window that takes the focus and does not have it yet, and those of
-// the mouse with a modifier other than Shift held (window managers move windows so). Without the
-// input extension everything is.
+// These presses are not reported here but left to Qt's mouse events: presses beside the widget;
+// all while a popup or a dialog of this program is open; all in a window that takes the focus and
+// does not have it yet; and those of the mouse while a modifier other than Shift and Lock is held,
+// because window managers move windows so. Without the input extension Qt has all presses.
 class PointerPresses : public QAbstractNativeEventFilter {
 public:
     class Receiver {
     public:
-        // A button or a finger has gone down. Its release follows in any case, if need be when its
-        // device goes; a press of the same id ends the one before.
+        // A button or a finger has gone down. released() follows in any case: when the device is
+        // removed, at the latest. It also comes before a second press of the same id.
         virtual void pressed(const PointerPress& press) = 0;
 
         // A finger that is down has moved; mouse moves are not reported.
@@ -69,8 +69,9 @@ public:
     // To be called whenever the widget is shown: its X window may be another one by then.
     void watch();
 
-    // Whether the receiver has had this press already. It is asked once for each press.
-    bool hasReported(const QMouseEvent& event);
+    // Whether the receiver has had this press already. Takes it, and those before it, off the list
+    // of presses that Qt has still to report: ask once for each of Qt's.
+    bool takeReported(const QMouseEvent& event);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
@@ -98,10 +99,10 @@ private:
     QWidget* widget;
     Receiver* receiver;
     int opcode = 0; // the input extension's; 0 where there is none
-    bool focusIsElsewhere = false; // Qt takes 0.4 s to notice, in case it comes back
+    bool focusIsElsewhere = false; // Qt itself waits 0.4 s for the focus to come back
     WId watchedWindow = 0;
-    bool isForQtToo = false; // Qt has asked for the devices' own events at that window
+    bool isForQtToo = false; // Qt has asked for the events of the single devices there too
     std::set<PressId> down; // reported and not yet released
-    QList<QtPress> reported; // presses that Qt will report too, in the order of time
-    QHash<int, bool> directTouch; // by device, whether it is a touch screen; those asked for
+    QList<QtPress> reported; // presses that Qt has still to report, in the order of time
+    QHash<int, bool> directTouch; // by device: is it a touch screen? Those asked about so far
 };
