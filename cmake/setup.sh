@@ -12,11 +12,12 @@ packages_run=(
 packages_headless=(xvfb openbox xterm)
 packages_check=(
   xvfb xserver-xephyr xserver-xorg-core xserver-xorg-dev xserver-xorg-video-dummy
-  tigervnc-standalone-server weston xwayland
-  openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
-  poppler-utils libxkbcommon-dev clang-format-19 clang-tidy git
+  tigervnc-standalone-server weston xwayland tk
+  openbox xfwm4 metacity xterm x11-utils x11-xserver-utils xauth dbus
+  poppler-utils libxkbcommon-dev libxkbcommon-x11-dev clang clang-format-19 clang-tidy libclang-rt-dev git
   desktop-file-utils appstream mandoc groff mold
 )
+packages_long=(fluxbox icewm jwm) # window managers that ./check does without
 packages_package=(git debhelper dpkg-dev lintian)
 packages_clean_root=(debootstrap util-linux)
 packages_bench=(xvfb openbox libxcb-damage0-dev)
@@ -53,19 +54,30 @@ ensure_packages() {
     apt-get install -y -q --no-install-recommends "${missing[@]}" >&2
 }
 
+# quietly COMMAND… — runs it, and prints what it has said only if it fails.
+quietly() {
+  local log status=0
+  log=$(mktemp)
+  "$@" >"$log" 2>&1 || status=$?
+  [ $status -eq 0 ] || cat "$log" >&2
+  rm -f "$log"
+  return $status
+}
+
 # build_preset PRESET [CMAKE-OPTION…] — configures at the first call and builds what has changed.
 build_preset() {
-  local preset=$1 log
+  local preset=$1
   shift
-  log=$(mktemp)
-  if { [ -e "build/$preset/build.ninja" ] && [ $# -eq 0 ] || cmake --preset "$preset" "$@"; } >"$log" 2>&1 \
-    && cmake --build --preset "$preset" >>"$log" 2>&1; then
-    rm -f "$log"
-  else
-    cat "$log" >&2
-    rm -f "$log"
-    return 1
+  if [ ! -e "build/$preset/build.ninja" ] || [ $# -gt 0 ]; then
+    quietly cmake --preset "$preset" "$@" || return
   fi
+  quietly cmake --build --preset "$preset"
+}
+
+# build_target PRESET TARGET — the same of one target, with what it needs.
+build_target() {
+  [ -e "build/$1/build.ninja" ] || quietly cmake --preset "$1" || return
+  quietly cmake --build --preset "$1" --target "$2"
 }
 
 # copy_source DIRECTORY — copies what git knows of or would take in; without git, all but what was

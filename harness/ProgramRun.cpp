@@ -27,6 +27,11 @@ ProgramRun::ProgramRun(const QString& program, const QByteArray& display)
 
 ProgramRun::~ProgramRun()
 {
+    kill();
+}
+
+void ProgramRun::kill()
+{
     process.kill();
     process.waitForFinished(endLimitMs);
 }

@@ -26,6 +26,9 @@ public:
     // is over.
     Window waitForWindow(Display* display, int milliseconds = 20000) const;
 
+    // Ends the program at once (SIGKILL).
+    void kill();
+
     // True once the program has ended; false when the deadline is over.
     bool waitForEnd(int milliseconds = 20000);
 

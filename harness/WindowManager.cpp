@@ -5,6 +5,8 @@
 #include "x11/X11.h"
 
 #include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -21,21 +23,41 @@ constexpr int lookAgainMs = 50;
 struct ManagerCommand {
     const char* name = nullptr;
     QByteArrayList command;
+    const char* settings = nullptr; // a file below the home directory, where it needs one
+    const char* content = nullptr;
 };
 
-// xfwm4 keeps its settings behind a session bus and does not start without one.
-QByteArrayList commandOf(const QByteArray& name)
+// xfwm4 keeps its settings behind a session bus and does not start without one. fluxbox has another
+// program paint the background, which opens a window when it cannot.
+ManagerCommand commandOf(const QByteArray& name)
 {
-    const std::array<ManagerCommand, 3> known{{
+    const std::array<ManagerCommand, 6> known{{
         {"openbox", {"openbox", "--sm-disable"}},
         {"xfwm4", {"dbus-run-session", "--", "xfwm4", "--compositor=off", "--vblank=off"}},
         {"metacity", {"metacity", "--sm-disable", "--no-composite"}},
+        {"fluxbox", {"fluxbox", "-no-slit", "-no-toolbar"}, ".fluxbox/overlay",
+            "background: none\n"},
+        {"icewm", {"icewm"}},
+        {"jwm", {"jwm"}},
     }};
     const auto* const row = std::find_if(
         known.begin(), known.end(), [&](const ManagerCommand& each) { return name == each.name; });
     if (row == known.end())
         throw std::runtime_error("unknown window manager: " + name.toStdString());
-    return row->command;
+    return *row;
+}
+
+// The command, once its settings are written.
+QByteArrayList prepared(const ManagerCommand& manager, const QDir& home)
+{
+    if (!manager.settings)
+        return manager.command;
+    const QString path = home.filePath(QString::fromLatin1(manager.settings));
+    QFile file(path);
+    if (!home.mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly)
+        || file.write(manager.content) < 0)
+        throw std::runtime_error("no settings for " + std::string(manager.name));
+    return manager.command;
 }
 
 // A window manager neither reads nor changes the user's settings, and starts without the user's
@@ -91,8 +113,8 @@ bool waitUntilManaged(const QByteArray& displayName, ChildProcess& manager)
 } // namespace
 
 WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
-    : manager(std::make_unique<ChildProcess>(
-          commandOf(name), privateEnvironment(display, home.path().toLocal8Bit())))
+    : manager(std::make_unique<ChildProcess>(prepared(commandOf(name), QDir(home.path())),
+          privateEnvironment(display, home.path().toLocal8Bit())))
 {
     if (!waitUntilManaged(display, *manager)) {
         throw std::runtime_error(name.toStdString()

@@ -10,10 +10,10 @@
 // or written) and without compositing.
 class WindowManager {
 public:
-    // `name` is "openbox", "xfwm4" or "metacity". Returns when the manager has announced itself on
-    // the root window (EWMH, _NET_SUPPORTING_WM_CHECK) and manages windows. Throws
-    // std::runtime_error, with what the manager said, for another name or when that takes more than
-    // fifteen seconds.
+    // `name` is "openbox", "xfwm4", "metacity", "fluxbox", "icewm" or "jwm". Returns when the
+    // manager has announced itself on the root window (EWMH, _NET_SUPPORTING_WM_CHECK) and manages
+    // windows. Throws std::runtime_error, with what the manager said, for another name or when that
+    // takes more than fifteen seconds.
     WindowManager(const QByteArray& name, const QByteArray& display);
 
     // A manager that is late: from suspend() to resume() it answers nothing.

@@ -56,11 +56,13 @@ void check(bool isSound)
         throw std::invalid_argument("the bytes are no keymap");
 }
 
-// Xlib's functions for making a description return 0 when they succeed.
+// Xlib's functions for making a description return 0 when they succeed, and refuse sizes that no
+// keymap has.
 void checkMade(int status)
 {
-    if (status != 0)
+    if (status == BadAlloc)
         throw std::bad_alloc();
+    check(status == 0);
 }
 
 std::size_t keyCount(const XkbDescRec& keymap)

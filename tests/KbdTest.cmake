@@ -15,17 +15,24 @@ kbd_test_paths(kbd_paths_nowhere ${CMAKE_CURRENT_BINARY_DIR}/nowhere)
 kbd_test_paths(kbd_paths_built ${KBD_LAYOUT_DIR})
 add_dependencies(kbd_paths_built kbd_icons)
 
+# What every test is started with: keeps the user's locale and settings out, and makes a sanitizer's
+# finding a failure.
+#
 # Without intercept_tls_get_addr the runtime does not guess where the thread-local data of loaded
 # libraries begin. With GCC 12 and glibc 2.36 it sometimes guesses wrongly, and then the search for
 # leaks ends with "Tracer caught signal 11": in one run of tst_printing in twenty, whose threads have
 # all ended by then.
-set(KBD_ASAN_OPTIONS detect_leaks=1:abort_on_error=0:intercept_tls_get_addr=0)
+set(no_config ${CMAKE_CURRENT_BINARY_DIR}/no-config)
+set(KBD_TEST_ENVIRONMENT
+  LC_ALL=C.UTF-8 LANGUAGE= XDG_CONFIG_HOME=${no_config} XDG_CONFIG_DIRS=${no_config}
+  ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:intercept_tls_get_addr=0
+  LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0
+  UBSAN_OPTIONS=print_stacktrace=1)
 
 # kbd_test(NAME LIBRARIES… [PATHS…] [DEFINITIONS…] [ENVIRONMENT…])
 #
-# A QtTest program NAME from NAME.cpp. Its environment keeps the user's locale and settings out,
-# and makes a sanitizer's finding a failure. Unless PATHS names an object library of paths, nothing
-# is installed for it.
+# A QtTest program NAME from NAME.cpp. Unless PATHS names an object library of paths, nothing is
+# installed for it.
 function(kbd_test name)
   cmake_parse_arguments(TEST "" "PATHS" "LIBRARIES;DEFINITIONS;ENVIRONMENT" ${ARGN})
   if(NOT TEST_PATHS)
@@ -39,7 +46,5 @@ function(kbd_test name)
   kbd_use_test_headers(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
-    TIMEOUT 300
-    ENVIRONMENT "LC_ALL=C.UTF-8;LANGUAGE=;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/no-config;XDG_CONFIG_DIRS=${CMAKE_CURRENT_BINARY_DIR}/no-config;ASAN_OPTIONS=${KBD_ASAN_OPTIONS};LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;${TEST_ENVIRONMENT}"
-  )
+    TIMEOUT 300 ENVIRONMENT "${KBD_TEST_ENVIRONMENT};${TEST_ENVIRONMENT}")
 endfunction()

@@ -142,7 +142,7 @@ void KbdGeometry::load(
     groupAtLoad = state.lockedGroup;
     keyboardItems = std::make_unique<KeyboardItems>(
         *keyboard, settings, modifierState.lockMask(), keyboardScene);
-    sender = std::make_unique<KeySender>(display, this, serverState.get());
+    sender = std::make_unique<KeySender>(display, serverState.get());
 }
 
 QStringList KbdGeometry::groupNames() const
@@ -272,17 +272,18 @@ void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
         key->keyPressEventIn(static_cast<ShiftMask_t>(event->state));
 }
 
+// A key that the user holds as well is up in the server after our release, and the user's own
+// release brings no event any more.
 void KbdGeometry::x11KeyReleaseEventIn(XKeyEvent* event)
 {
-    if (sender->takeEcho(*event))
-        return;
-    if (KbdKey* key = keyboardItems->keyOf(static_cast<KeyCode>(event->keycode)))
+    const bool isEcho = sender->takeEcho(*event);
+    KbdKey* key = keyboardItems->keyOf(static_cast<KeyCode>(event->keycode));
+    if (key && (!isEcho || key->isPhysicallyDown()))
         key->keyReleaseEventIn(static_cast<ShiftMask_t>(event->state));
 }
 
 void KbdGeometry::releasePhysicalKeys()
 {
-    sender->forgetEchoes();
     for (KbdKey* key : keyboardItems->allKeys()) {
         if (key->isPhysicallyDown())
             key->keyReleaseEventIn();

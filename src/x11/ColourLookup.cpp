@@ -23,7 +23,7 @@ std::optional<Colour> answer(xcb_connection_t* connection, xcb_lookup_color_cook
 std::vector<std::optional<Colour>> lookUpColours(
     Display* display, const std::vector<std::string>& names)
 {
-    if (names.empty())
+    if (names.empty() || !display)
         return {};
     xcb_connection_t* connection = XGetXCBConnection(display);
     const auto colormap =

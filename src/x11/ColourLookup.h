@@ -16,7 +16,8 @@ struct Colour {
 };
 
 // The colours that the server has under these names, in their order; nothing for a name that it
-// does not know. All names are asked for together, in one round trip. The display is borrowed.
+// does not know. All names are asked for together, in one round trip. The display is borrowed;
+// where it is null no colour is known.
 std::vector<std::optional<Colour>> lookUpColours(
     Display* display, const std::vector<std::string>& names);
 

@@ -49,14 +49,14 @@ bool actionsExist(const XkbDescRec& xkb)
     return true;
 }
 
+} // namespace
+
 bool isComplete(const XkbDescRec& xkb)
 {
     return xkb.geom && xkb.names && xkb.names->keys && xkb.map && xkb.map->types
         && xkb.map->key_sym_map && xkb.server && keyTypesExist(xkb) && symbolsExist(xkb)
         && actionsExist(xkb);
 }
-
-} // namespace
 
 // XkbFreeKeyboard does not free the overlays of a geometry's sections.
 void FreeXkbDescription::operator()(XkbDescPtr xkb) const

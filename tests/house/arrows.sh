@@ -32,6 +32,8 @@ declare -A below=(
   [tests/paths]='paths'
   [tests/unit]="$app $harness keys/labels"
   [tests/x11]="$app $harness"
+  [tests/long]="$app $harness tests/long"
+  [tests/fuzz]="$app switcher tests/unit tests/fuzz"
 )
 status=0
 

@@ -1,5 +1,5 @@
 #include "FakeGeometry.h"
-#include "PaintRecorder.h"
+#include "harness/PaintRecorder.h"
 #include "harness/StandardErrorCapture.h"
 
 #include "keys/GeometryColours.h"

@@ -1,5 +1,5 @@
 #include "FakeKeymap.h"
-#include "PaintRecorder.h"
+#include "harness/PaintRecorder.h"
 
 #include "keys/KbdKey.h"
 #include "keys/KeyDetails.h"

@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QMap>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTemporaryFile>
 #include <QTest>
 
@@ -60,6 +61,7 @@ private slots:
     void aLoanThatIsOnIsNoneThatWasLeft();
     void aRecordThatMakesNoSenseIsDropped_data();
     void aRecordThatMakesNoSenseIsDropped();
+    void aRecordOfTooFewKeyTypesIsDropped();
 
 private:
     QByteArray display() const { return qgetenv("DISPLAY"); }
@@ -426,6 +428,24 @@ void LoanTest::aRecordThatMakesNoSenseIsDropped()
         // Whatever the keyboard is now, it is one that can be used.
         QVERIFY(keymapText(display()).contains("xkb_symbols"));
     }
+}
+
+// A keymap has four at least; Xlib makes none with fewer.
+void LoanTest::aRecordOfTooFewKeyTypesIsDropped()
+{
+    const Switcher killed = lend(german);
+    QTRY_VERIFY(isLent(germanSymbols));
+    QByteArray changed = record();
+    killed->kill();
+    // The sizes of a keymap: interpretations, radio groups, key types, aliases, key codes 8 to 255.
+    static const QRegularExpression sizes(QStringLiteral("\\x00\\x00([\\x04-\\x40]).\\x08\\xff"),
+        QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch found = sizes.match(QString::fromLatin1(changed));
+    QVERIFY(found.hasMatch());
+    changed[found.capturedStart(1)] = 1;
+    writeRecord(changed);
+    runOnce();
+    QCOMPARE(record(), QByteArray());
 }
 
 int main(int argc, char** argv)

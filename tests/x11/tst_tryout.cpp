@@ -13,6 +13,7 @@
 #include "ui/TypingArea.h"
 #include "x11/Property.h"
 #include "x11/X11.h"
+#include "x11/qt/ToolkitDisplay.h"
 
 #include <QTest>
 
@@ -44,8 +45,12 @@ private slots:
     void aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus();
     void aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo();
     void modifiersStayHeldAfterAnotherKeyboardWasChosen();
+    void aPhysicalShiftCountsAfterOursHasGoneToAnotherWindow();
+    void aShiftThatTheUserHoldsAsWellGoesOutWithOurs();
 
 private:
+    static void chooseAnotherKeyboard();
+    Window unmanagedWindow() const;
     static MainWindow* window();
     static TypingArea* sampleLine() { return window()->findChild<TypingArea*>(); }
     static const KbdKey* key(const char* name);
@@ -262,13 +267,18 @@ void TryOutTest::aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo()
     QVERIFY(!key("AB05")->isPhysicallyDown());
 }
 
-// The new picture types through XTest, and its own window gets the modifiers around each key.
-void TryOutTest::modifiersStayHeldAfterAnotherKeyboardWasChosen()
+void TryOutTest::chooseAnotherKeyboard()
 {
     auto* selector = window()->findChild<CKbdSpecSelector*>();
     selector->setCurrent(QStringLiteral("pc105"), QStringLiteral("at"), QString());
     QTRY_VERIFY(window()->picture()->isVisible());
     QTRY_COMPARE(QApplication::focusWidget(), window());
+}
+
+// The new picture types through XTest, and its own window gets the modifiers around each key.
+void TryOutTest::modifiersStayHeldAfterAnotherKeyboardWasChosen()
+{
+    chooseAnotherKeyboard();
     click("RALT");
     click("AD01");
     QTRY_COMPARE(typed(), QStringLiteral("@"));
@@ -281,6 +291,60 @@ void TryOutTest::modifiersStayHeldAfterAnotherKeyboardWasChosen()
     QTRY_COMPARE(int(window()->picture()->modifiers()), int(x11::controlMask));
     physicalKey(XK_Control_L, false);
     QTRY_COMPARE(int(window()->picture()->modifiers()), 0);
+}
+
+Window TryOutTest::unmanagedWindow() const
+{
+    XSetWindowAttributes attributes{};
+    attributes.override_redirect = x11::xTrue;
+    const Window made = XCreateWindow(display.get(), DefaultRootWindow(display.get()), 0, 0, 1, 1,
+        0, 0, InputOnly, nullptr, CWOverrideRedirect, &attributes);
+    XMapWindow(display.get(), made);
+    return made;
+}
+
+// The focus comes back before Qt has noticed that it was away.
+void TryOutTest::aPhysicalShiftCountsAfterOursHasGoneToAnotherWindow()
+{
+    chooseAnotherKeyboard();
+    click("LFSH");
+    const Window other = unmanagedWindow();
+    XSetInputFocus(display.get(), other, RevertToPointerRoot, CurrentTime);
+    XSync(display.get(), x11::xFalse);
+    window()->picture()->click(keyNamed(*window()->picture(), "AC01"));
+    XSync(toolkitDisplay(), x11::xFalse);
+    XSetInputFocus(display.get(), window()->winId(), RevertToPointerRoot, CurrentTime);
+    XDestroyWindow(display.get(), other);
+    click("LFSH");
+    for (const auto& [keysym, name] : {std::pair(XK_Shift_L, "LFSH"), {XK_Shift_R, "RTSH"}}) {
+        physicalKey(keysym, true);
+        QTRY_VERIFY(key(name)->isPhysicallyDown());
+        physicalKey(keysym, false);
+        QTRY_VERIFY(!key(name)->isPhysicallyDown());
+    }
+    QCOMPARE(int(window()->picture()->modifiers()), 0);
+}
+
+// The server has one state for a key that two devices press: the first release counts.
+void TryOutTest::aShiftThatTheUserHoldsAsWellGoesOutWithOurs()
+{
+    chooseAnotherKeyboard();
+    click("LCTL");
+    movePointerTo("AC01");
+    button(true);
+    QTRY_VERIFY(key("AC01")->isPhysicallyDown());
+    physicalKey(XK_Shift_L, true);
+    physicalKey(XK_Shift_R, true);
+    QTRY_VERIFY(key("RTSH")->isPhysicallyDown());
+    window()->picture()->click(keyNamed(*window()->picture(), "AC02"));
+    physicalKey(XK_Shift_L, false);
+    physicalKey(XK_Shift_R, false);
+    button(false);
+    QTRY_VERIFY(!key("AC01")->isPhysicallyDown());
+    QTRY_VERIFY(!key("LFSH")->isPhysicallyDown());
+    QTRY_VERIFY(!key("RTSH")->isPhysicallyDown());
+    click("LCTL");
+    QCOMPARE(int(window()->picture()->modifiers()), 0);
 }
 
 int main(int argc, char** argv)

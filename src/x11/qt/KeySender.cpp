@@ -4,15 +4,19 @@
 #include "x11/X11.h"
 #include "x11/qt/FollowedKeyboard.h"
 
-#include <QWidget>
-
 #include <algorithm>
-#include <utility>
+#include <iterator>
 #include <vector>
 
-KeySender::KeySender(Display* xDisplay, const QWidget* ourWidget, FollowedKeyboard* serversKeyboard)
+namespace {
+
+// Those that go to other programs are never taken out; far fewer are on their way at a time.
+constexpr std::size_t mostEchoes = 100;
+
+} // namespace
+
+KeySender::KeySender(Display* xDisplay, FollowedKeyboard* serversKeyboard)
     : display(xDisplay)
-    , widget(ourWidget)
     , keyboard(serversKeyboard)
     , rootWindow(DefaultRootWindow(xDisplay))
     , toldKeys(xDisplay)
@@ -28,21 +32,20 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
 {
     if (held.contains(keycode))
         return;
-    expect(pressEchoes, modifierKeys);
     held.insert(keycode, modifierKeys);
     tellHeldKeys();
     if (!modifierKeys.isEmpty())
         keyboard->beginOwnModifiers();
     unsigned long delay = 0; // milliseconds after the key before it
     for (const KeyCode modifier : modifierKeys)
-        XTestFakeKeyEvent(display, modifier, x11::xTrue, delay++);
+        fakeModifier(modifier, x11::keyPress, delay++);
     XTestFakeKeyEvent(display, keycode, x11::xTrue, delay);
     XFlush(display);
 }
 
 void KeySender::releaseThroughXTest(KeyCode keycode)
 {
-    expect(releaseEchoes, letGo(keycode));
+    letGo(keycode);
 }
 
 void KeySender::typeThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys)
@@ -51,46 +54,40 @@ void KeySender::typeThroughXTest(KeyCode keycode, const QList<KeyCode>& modifier
     releaseThroughXTest(keycode);
 }
 
-// Returns the modifier keys that it has released with the key.
-QList<KeyCode> KeySender::letGo(KeyCode keycode)
+void KeySender::letGo(KeyCode keycode)
 {
     if (!held.contains(keycode))
-        return {};
-    QList<KeyCode> modifierKeys = held.take(keycode);
+        return;
+    const QList<KeyCode> modifierKeys = held.take(keycode);
     unsigned long delay = 0;
     XTestFakeKeyEvent(display, keycode, x11::xFalse, delay++);
-    for (const KeyCode modifier : std::as_const(modifierKeys))
-        XTestFakeKeyEvent(display, modifier, x11::xFalse, delay++);
+    for (const KeyCode modifier : modifierKeys)
+        fakeModifier(modifier, x11::keyRelease, delay++);
     if (!modifierKeys.isEmpty() && !holdsModifierKeys())
         keyboard->endOwnModifiers();
     tellHeldKeys();
     XFlush(display);
-    return modifierKeys;
 }
 
-void KeySender::expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const
+void KeySender::fakeModifier(KeyCode keycode, int type, unsigned long delay)
 {
-    if (!widget->isActiveWindow())
-        return;
-    for (const KeyCode keycode : modifierKeys)
-        ++echoes[keycode];
+    XTestFakeKeyEvent(display, keycode, type == x11::keyPress, delay);
+    const auto request = static_cast<std::uint32_t>(XNextRequest(display) - 1);
+    echoes.push_back({request, keycode, type});
+    if (echoes.size() > mostEchoes)
+        echoes.pop_front();
 }
 
+// Another key of the user's follows a later request: the sender never asks for a modifier key last.
 bool KeySender::takeEcho(const XKeyEvent& event)
 {
-    Echoes& echoes = event.type == x11::keyPress ? pressEchoes : releaseEchoes;
-    const auto expected = echoes.find(static_cast<KeyCode>(event.keycode));
+    const Echo echo{
+        static_cast<std::uint32_t>(event.serial), static_cast<KeyCode>(event.keycode), event.type};
+    const auto expected = std::find(echoes.begin(), echoes.end(), echo);
     if (expected == echoes.end())
         return false;
-    if (--*expected == 0)
-        echoes.erase(expected);
+    echoes.erase(echoes.begin(), std::next(expected)); // the server sends them in this order
     return true;
-}
-
-void KeySender::forgetEchoes()
-{
-    pressEchoes.clear();
-    releaseEchoes.clear();
 }
 
 bool KeySender::holdsModifierKeys() const

@@ -6,8 +6,10 @@
 #include <QHash>
 #include <QList>
 
+#include <cstdint>
+#include <deque>
+
 class FollowedKeyboard;
-class QWidget;
 
 // What a synthetic key event carries beside the key.
 struct SyntheticKey {
@@ -23,10 +25,8 @@ struct SyntheticKey {
 // killed.
 class KeySender {
 public:
-    // All are borrowed; the keyboard is told of modifier keys that this sender holds down. While
-    // the widget's window is active the server sends what XTest presses back to this program: see
-    // takeEcho.
-    KeySender(Display* xDisplay, const QWidget* ourWidget, FollowedKeyboard* serversKeyboard);
+    // Both are borrowed; the keyboard is told of modifier keys that this sender holds down.
+    KeySender(Display* xDisplay, FollowedKeyboard* serversKeyboard);
 
     // Releases what is still held.
     ~KeySender();
@@ -45,12 +45,11 @@ public:
     void typeThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys);
 
     // Whether the event is the echo of a modifier key that this sender pressed or released around a
-    // key, so not the user's. Takes the echo off those expected: ask once for each event.
+    // key, so not the user's: the server sends it to this program if a window of ours has the
+    // focus. It is told by the number of the request that the event followed, in event.serial (0
+    // for an event that came another way). Takes the echo off those expected: ask once for each
+    // event.
     bool takeEcho(const XKeyEvent& event);
-
-    // For the time when this program loses the focus: the echoes that are still expected go to
-    // another program.
-    void forgetEchoes();
 
     // Whether a key is held down through XTest.
     bool holdsKeys() const { return !held.isEmpty(); }
@@ -62,20 +61,25 @@ public:
     void sendEvent(int type, const SyntheticKey& key);
 
 private:
-    using Echoes = QHash<KeyCode, int>; // by key code, how many events are still to come
+    // What a request for a modifier key brings back.
+    struct Echo {
+        std::uint32_t request;
+        KeyCode keycode;
+        int type; // x11::keyPress or x11::keyRelease
 
-    QList<KeyCode> letGo(KeyCode keycode);
-    void expect(Echoes& echoes, const QList<KeyCode>& modifierKeys) const;
+        friend bool operator==(const Echo&, const Echo&) = default;
+    };
+
+    void letGo(KeyCode keycode);
+    void fakeModifier(KeyCode keycode, int type, unsigned long delay);
     Window focusWindow() const;
     void tellHeldKeys();
     bool holdsModifierKeys() const;
 
     Display* display;
-    const QWidget* widget;
     FollowedKeyboard* keyboard;
     Window rootWindow; // of the default screen; gets the key events while no window has the focus
     x11::HeldKeys toldKeys;
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it
-    Echoes pressEchoes;
-    Echoes releaseEchoes;
+    std::deque<Echo> echoes; // that may still come, in the order of their requests
 };

@@ -16,7 +16,7 @@ XEvent keyEvent(Display* display, const xcb_key_press_event_t& source, int type)
     XEvent event{};
     XKeyEvent& key = event.xkey;
     key.type = type;
-    key.serial = source.sequence;
+    key.serial = reinterpret_cast<const xcb_generic_event_t&>(source).full_sequence;
     key.send_event = (source.response_type & sentBySendEvent) != 0;
     key.display = display;
     key.window = source.event;

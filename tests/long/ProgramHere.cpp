@@ -1,0 +1,57 @@
+#include "tests/long/ProgramHere.h"
+
+#include "app/KbdApp.h"
+#include "harness/TopLevelWindow.h"
+#include "harness/WaitUntil.h"
+#include "harness/XTools.h"
+#include "ui/MainWindow.h"
+#include "x11/X11.h"
+
+#include <QTest>
+
+ProgramHere::ProgramHere(Display* testDisplay)
+    : display(testDisplay)
+{
+}
+
+ProgramHere::~ProgramHere() = default;
+
+bool ProgramHere::start(
+    const QByteArray& option, const QStringList& keyboard, const std::function<void()>& before)
+{
+    arguments[1] = option;
+    argumentVector = {arguments[0].data(), arguments[1].data(), nullptr};
+    if (!prepare(keyboard, before))
+        return false;
+    application = std::make_unique<KbdApp>(2, argumentVector.data());
+    return QTest::qWaitForWindowExposed(&window());
+}
+
+// The application would end this process if another one typed for others.
+bool ProgramHere::prepare(const QStringList& keyboard, const std::function<void()>& before)
+{
+    int count = 1;
+    const QCoreApplication forTheTools(count, argumentVector.data());
+    const Atom guard = XInternAtom(display, "orvix-kbd-display-tofocus", x11::xFalse);
+    const auto isOnly = [&] { return XGetSelectionOwner(display, guard) == x11::none; };
+    if (!waitUntil(isOnly) || !setKeyboard(XDisplayString(display), keyboard))
+        return false;
+    if (before)
+        before();
+    return waitUntil(isOnly);
+}
+
+void ProgramHere::end()
+{
+    application.reset();
+}
+
+MainWindow& ProgramHere::window() const
+{
+    return *topLevelWindow<MainWindow>();
+}
+
+KbdGeometry& ProgramHere::picture() const
+{
+    return *window().picture();
+}

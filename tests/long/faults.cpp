@@ -1,0 +1,454 @@
+// Faults around the program: the server stopped or gone, keyboards that come faster than anyone can
+// look, tools that lie, no fonts, no room to write. The program goes on, or ends with a status and
+// words; it never crashes, never hangs, and leaves no key down.
+
+#include "harness/KeyTargetProcess.h"
+#include "harness/PrivateServer.h"
+#include "harness/ProgramRun.h"
+#include "harness/ProgramWindows.h"
+#include "harness/WaitUntil.h"
+#include "harness/XErrors.h"
+#include "harness/XProxy.h"
+#include "harness/XTools.h"
+#include "tests/long/LongRun.h"
+#include "x11/X11.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <array>
+#include <csignal>
+#include <memory>
+#include <random>
+#include <sys/socket.h>
+
+namespace {
+
+constexpr int stopMs = 2000;
+constexpr int keyboardEveryMs = 50;
+constexpr int newKeyboards = 40;
+constexpr int strokes = 40;
+
+// A setxkbmap in place of the real one, as a shell script.
+struct ToolRow {
+    const char* word;
+    const char* script;
+};
+
+constexpr std::array<ToolRow, 8> badTools{{
+    {"says nothing", "exit 0"},
+    {"fails", "exit 1"},
+    {"is killed", "kill -9 $$"},
+    {"prints bytes", "head -c 100000 /dev/urandom"},
+    {"never ends a line", "head -c 900000 /dev/zero | tr '\\0' x"},
+    {"prints without end", "exec yes xkb_symbols"},
+    {"names what is not there",
+        "echo 'xkb_keycodes { include \"none\" };'\n"
+        "echo 'xkb_types { include \"none\" };'\n"
+        "echo 'xkb_compat { include \"none\" };'\n"
+        "echo 'xkb_symbols { include \"none\" };'\n"
+        "echo 'xkb_geometry { include \"none\" };'"},
+    {"names what is too long",
+        "n=$(head -c 5000 /dev/zero | tr '\\0' x)\n"
+        "for s in keycodes types compat symbols geometry; do\n"
+        "  echo \"xkb_$s { include \\\"$n\\\" };\"\ndone"},
+}};
+
+// Lines of kbdSpecs.tab.
+constexpr std::array<const char*, 9> hostileLines{{
+    "No such layout\tnone.png\tpc105\tnosuchlayout",
+    "No such model\tnone.png\tnosuchmodel\tus\tnosuchvariant",
+    "An option\tnone.png\t-display\t:99",
+    "Another\tnone.png\t-help\t-query\t-version",
+    "A path\t../../../../dev/zero\tpc105\t../../../etc/passwd",
+    "A shell's\t$(id).png\tpc105\t`id`;id|id&id",
+    "A format's\t%s%n.png\tpc105\t%s%n%n%1%2",
+    "<b>Markup</b>\t<img>.png\tpc105\t<img src='/dev/zero'>\t&lt;",
+    "A keymap's\tnone.png\tpc105\tus\" }; xkb_geometry { include \"none",
+}};
+constexpr int tooLong = 100000;
+constexpr int manyGroups = 1000;
+constexpr int noSuchEntry = 3; // see choosing_program.cpp
+
+bool write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size()
+        && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+pid_t serverOf(Display* display)
+{
+    ucred peer{};
+    socklen_t size = sizeof peer;
+    getsockopt(XConnectionNumber(display), SOL_SOCKET, SO_PEERCRED, &peer, &size);
+    return peer.pid;
+}
+
+// One server and one program for each fault.
+class Faults {
+public:
+    explicit Faults(LongRun& longRun)
+        : run(longRun)
+        , chance(run.seed())
+    {
+    }
+
+    using Fault = void (Faults::*)();
+    void suffer(const char* word, Fault fault);
+    void serverIsStopped();
+    void serverIsKilled();
+    void keyboardsComeFast();
+    void targetsGoBetweenPressAndRelease();
+    void thereAreNoFonts();
+    void nothingCanBeWritten();
+    void toolsLie();
+    void toolsLieAtAChoice();
+    void xTestIsAbsent();
+    void xkbIsAbsent();
+    void clientIsUntrusted();
+    void tableIsHostile();
+
+    int count() const { return suffered; }
+
+private:
+    void useBadTool(const ToolRow& row, const QTemporaryDir& directory);
+    bool choose(int entry, const QByteArray& table);
+    void verifyShownOrRefused();
+    bool start(const QStringList& arguments = {"--tofocus"});
+    void verifyAnswers();
+    void verifyEnds(bool mayBeZero);
+    void broken(const QString& what) { run.broken(current + QStringLiteral(": ") + what); }
+    QPoint somewhereIn(Window where);
+
+    LongRun& run;
+    std::mt19937 chance;
+    int suffered = 0;
+    QString current;
+    std::unique_ptr<PrivateServer> server;
+    XConnection connection;
+    std::unique_ptr<ProgramRun> program;
+    Window window = x11::none;
+};
+
+void Faults::suffer(const char* word, Fault fault)
+{
+    current = QLatin1StringView(word);
+    ++suffered;
+    server = std::make_unique<PrivateServer>();
+    connection = openDisplay(server->display());
+    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), server->display());
+    (this->*fault)();
+    program.reset();
+    connection.reset();
+    server.reset();
+}
+
+bool Faults::start(const QStringList& arguments)
+{
+    program->start(arguments);
+    window = program->waitForWindow(connection.get());
+    if (window == x11::none)
+        broken(QStringLiteral("no window: ") + QString::fromUtf8(program->errors()));
+    return window != x11::none;
+}
+
+// It draws: a program that hangs does not repaint a window that comes back.
+void Faults::verifyAnswers()
+{
+    XUnmapWindow(connection.get(), window);
+    XMapWindow(connection.get(), window);
+    XSync(connection.get(), x11::xFalse);
+    const auto isDrawn = [this] {
+        const auto shown = grabWindow(connection.get(), window);
+        if (!shown || shown->image.isNull())
+            return false;
+        const QRgb first = shown->image.pixel(0, 0);
+        for (int x = 0; x < shown->image.width(); ++x) {
+            if (shown->image.pixel(x, shown->image.height() / 3) != first)
+                return true;
+        }
+        return false;
+    };
+    if (!waitUntil(isDrawn) || !program->isRunning())
+        broken(QStringLiteral("does not draw any more"));
+    if (!waitUntil([this] { return pressedKeys(server->display()).isEmpty(); }))
+        broken(QStringLiteral("a key is down"));
+}
+
+void Faults::verifyEnds(bool mayBeZero)
+{
+    if (!program->waitForEnd())
+        return broken(QStringLiteral("does not end"));
+    const int status = program->exitStatus();
+    if (status < 0 || (status == 0 && !mayBeZero))
+        broken(QStringLiteral("ends with status %1").arg(status));
+    if (!mayBeZero && program->errors().isEmpty())
+        broken(QStringLiteral("ends without a word"));
+}
+
+void Faults::serverIsStopped()
+{
+    if (!start())
+        return;
+    const pid_t process = serverOf(connection.get());
+    kill(process, SIGSTOP);
+    if (program->waitForEnd(stopMs))
+        broken(QStringLiteral("ends while the server is stopped"));
+    kill(process, SIGCONT);
+    verifyAnswers();
+}
+
+void Faults::serverIsKilled()
+{
+    if (!start())
+        return;
+    const pid_t process = serverOf(connection.get());
+    connection.reset(); // the end of the server would end this process too
+    kill(process, SIGKILL);
+    verifyEnds(false);
+}
+
+void Faults::keyboardsComeFast()
+{
+    if (!start())
+        return;
+    const QStringList layouts{"us", "de", "ru,us", "fr", "jp"};
+    for (int i = 0; i < newKeyboards; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        setKeyboard(server->display(), {"-layout", layouts.at(i % layouts.size())});
+        program->waitForEnd(std::max<int>(0, keyboardEveryMs - static_cast<int>(clock.elapsed())));
+    }
+    verifyAnswers();
+}
+
+// In the upper two thirds, which are the picture.
+QPoint Faults::somewhereIn(Window where)
+{
+    XWindowAttributes area{};
+    XGetWindowAttributes(connection.get(), where, &area);
+    const auto below = [this](int count) {
+        return static_cast<int>(chance() % static_cast<unsigned>(std::max(1, count)));
+    };
+    return {area.x + below(area.width), area.y + below(area.height * 2 / 3)};
+}
+
+void Faults::targetsGoBetweenPressAndRelease()
+{
+    if (!start())
+        return;
+    for (int i = 0; i < strokes && run.goesOn(); ++i) {
+        auto target = std::make_unique<KeyTargetProcess>(server->display(), QRect(0, 0, 100, 60));
+        if (!target->waitForReady())
+            return broken(QStringLiteral("a target does not start"));
+        const QPoint place = somewhereIn(window);
+        XTestFakeMotionEvent(connection.get(), -1, place.x(), place.y(), CurrentTime);
+        XTestFakeButtonEvent(connection.get(), 1, x11::xTrue, CurrentTime);
+        XSync(connection.get(), x11::xFalse);
+        if (i % 2 == 0) // a key goes down there, unless it is a modifier's or none
+            target->waitForKeys(1, keyboardEveryMs);
+        target.reset();
+        XTestFakeButtonEvent(connection.get(), 1, x11::xFalse, CurrentTime);
+        XSync(connection.get(), x11::xFalse);
+    }
+    verifyAnswers();
+}
+
+void Faults::thereAreNoFonts()
+{
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("fonts.conf")));
+    if (!file.open(QIODevice::WriteOnly) || file.write("<fontconfig></fontconfig>\n") < 0)
+        return broken(QStringLiteral("no settings for fontconfig"));
+    file.close();
+    program->setVariable(QStringLiteral("FONTCONFIG_FILE"), file.fileName());
+    if (start())
+        verifyAnswers();
+}
+
+// The directories of the user are no directories, and every write fails as on a full disk.
+void Faults::nothingCanBeWritten()
+{
+    for (const char* variable :
+        {"HOME", "TMPDIR", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+        program->setVariable(QLatin1StringView(variable), QStringLiteral("/dev/full"));
+    if (start())
+        verifyAnswers();
+}
+
+// Puts the tool into the directory and the directory first in the program's search path.
+void Faults::useBadTool(const ToolRow& row, const QTemporaryDir& directory)
+{
+    ++suffered;
+    current = QStringLiteral("setxkbmap ") + QLatin1StringView(row.word);
+    if (!write(directory.filePath(QStringLiteral("setxkbmap")),
+            QByteArray("#!/bin/sh\n") + row.script + '\n'))
+        broken(QStringLiteral("no tool"));
+    program->setVariable(
+        QStringLiteral("PATH"), directory.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
+}
+
+void Faults::toolsLie()
+{
+    for (const ToolRow& row : badTools) {
+        const QTemporaryDir directory;
+        program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), server->display());
+        useBadTool(row, directory);
+        program->start({"--standalone"});
+        verifyEnds(false);
+    }
+}
+
+// The tool is the real one at the start, and a bad one from then on. The picture stays, or the
+// program says why it ends.
+void Faults::toolsLieAtAChoice()
+{
+    for (const ToolRow& row : badTools) {
+        const QTemporaryDir directory;
+        const QByteArray script = "mv \"$0\" \"$0.first\"\nmv \"$0.then\" \"$0\"\nexec "
+            + QStandardPaths::findExecutable(QStringLiteral("setxkbmap")).toLocal8Bit() + " \"$@\"";
+        program =
+            std::make_unique<ProgramRun>(QStringLiteral(KBD_CHOOSING_PROGRAM), server->display());
+        useBadTool(row, directory);
+        QFile::rename(directory.filePath(QStringLiteral("setxkbmap")),
+            directory.filePath(QStringLiteral("setxkbmap.then")));
+        if (!write(directory.filePath(QStringLiteral("setxkbmap")), "#!/bin/sh\n" + script + '\n'))
+            return broken(QStringLiteral("no tool"));
+        choose(0, "Any\tany.png\tpc105\tfr\n");
+    }
+}
+
+// Whether the list has an entry of this number. The table lies in the working directory.
+bool Faults::choose(int entry, const QByteArray& table)
+{
+    const QTemporaryDir directory;
+    if (!write(directory.filePath(QStringLiteral("kbdSpecs.tab")), table))
+        broken(QStringLiteral("no table"));
+    program->setWorkingDirectory(directory.path());
+    program->setVariable(QStringLiteral("KBD_CHOICE"), QString::number(entry));
+    program->start({"--standalone"});
+    if (!program->waitForEnd())
+        broken(QStringLiteral("does not end"));
+    const int status = program->exitStatus();
+    if (status == noSuchEntry)
+        return false;
+    if (status < 0 || (status != 0 && program->errors().isEmpty()))
+        broken(QStringLiteral("entry %1 ends it with status %2").arg(entry).arg(status));
+    return true;
+}
+
+// Every line of the table is chosen.
+void Faults::tableIsHostile()
+{
+    QByteArray table;
+    for (const char* line : hostileLines)
+        table += QByteArray(line) + '\n';
+    table += "Long\tlong.png\tpc105\t" + QByteArray(tooLong, 'x') + '\n';
+    table += "Groups\tgroups.png\tpc105\t" + QByteArray("us,").repeated(manyGroups) + "us\n";
+    int entry = 0;
+    do {
+        ++suffered;
+        program =
+            std::make_unique<ProgramRun>(QStringLiteral(KBD_CHOOSING_PROGRAM), server->display());
+    } while (choose(entry++, table) && run.goesOn());
+    if (run.goesOn() && entry <= static_cast<int>(hostileLines.size()))
+        broken(QStringLiteral("only %1 entries in the list").arg(entry - 1));
+}
+
+void Faults::xTestIsAbsent()
+{
+    const XProxy proxy(server->display(), hidingExtension("XTEST"));
+    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), proxy.display());
+    program->setVariable(QStringLiteral("QT_XCB_NO_MITSHM"), QStringLiteral("1"));
+    if (start())
+        verifyAnswers();
+    program.reset();
+}
+
+void Faults::xkbIsAbsent()
+{
+    const XProxy proxy(server->display(), hidingExtension("XKEYBOARD"));
+    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), proxy.display());
+    program->start({"--tofocus"});
+    verifyEnds(false);
+    program.reset();
+}
+
+// As "ssh -X" has it: a cookie by which the server tells clients apart that it does not trust.
+void Faults::clientIsUntrusted()
+{
+    const QTemporaryDir directory;
+    const QString trusted = directory.filePath(QStringLiteral("trusted"));
+    const QString untrusted = directory.filePath(QStringLiteral("untrusted"));
+    const auto xauth = [](const QStringList& arguments, const QByteArray& display) {
+        return runTool(QStringLiteral("xauth"), arguments, display).status == 0;
+    };
+    const QStringList cookie{".", QString::fromLatin1(QByteArray(16, '7').toHex())};
+    bool isReady = xauth(QStringList{"-f", trusted, "add", ":0"} + cookie, {});
+    const PrivateServer guarded({"-auth", trusted});
+    const QString name = QString::fromLatin1(guarded.display());
+    isReady = isReady && xauth(QStringList{"-f", trusted, "add", name} + cookie, {});
+    qputenv("XAUTHORITY", trusted.toLocal8Bit());
+    connection = openDisplay(guarded.display());
+    isReady = isReady && connection
+        && xauth({"-f", untrusted, "generate", name, ".", "untrusted"}, guarded.display());
+    if (!isReady)
+        return broken(QStringLiteral("no cookie"));
+    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), guarded.display());
+    program->setVariable(QStringLiteral("XAUTHORITY"), untrusted);
+    verifyShownOrRefused();
+    program.reset();
+    connection.reset();
+    qunsetenv("XAUTHORITY");
+}
+
+void Faults::verifyShownOrRefused()
+{
+    program->start({"--tofocus"});
+    window = program->waitForWindow(connection.get());
+    if (window == x11::none)
+        verifyEnds(false);
+    else
+        verifyAnswers();
+}
+
+struct FaultRow {
+    const char* word;
+    Faults::Fault fault;
+};
+
+constexpr std::array<FaultRow, 12> rows{{
+    {"server stopped", &Faults::serverIsStopped},
+    {"server killed", &Faults::serverIsKilled},
+    {"a keyboard every 50 ms", &Faults::keyboardsComeFast},
+    {"targets that go", &Faults::targetsGoBetweenPressAndRelease},
+    {"no fonts", &Faults::thereAreNoFonts},
+    {"nothing can be written", &Faults::nothingCanBeWritten},
+    {"setxkbmap", &Faults::toolsLie},
+    {"setxkbmap at a choice", &Faults::toolsLieAtAChoice},
+    {"no XTEST", &Faults::xTestIsAbsent},
+    {"no XKB", &Faults::xkbIsAbsent},
+    {"untrusted", &Faults::clientIsUntrusted},
+    {"a hostile table", &Faults::tableIsHostile},
+}};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    LongRun run("faults", argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int none = 1;
+    const QApplication application(none, argv);
+    const ExpectedXErrors errors; // of the test's own connection, whose windows go
+    Faults faults(run);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (run.isOurs(static_cast<qsizetype>(i)))
+            faults.suffer(rows[i].word, rows[i].fault);
+    }
+    return run.finish({QStringLiteral("%1 suffered").arg(faults.count())});
+}
