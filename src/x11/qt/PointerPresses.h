@@ -3,13 +3,16 @@
 #include "x11/Types.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
+#include <QObject>
 #include <QPoint>
 #include <QtGui/qwindowdefs.h>
 
 #include <compare>
 #include <cstdint>
+#include <functional>
 #include <set>
 
 class QMouseEvent;
@@ -42,9 +45,10 @@ struct PointerPress {
 // to it.
 //
 // Presses that others have a claim on are left to Qt: beside the widget, while a popup or a dialog
-// of this program is open, in a window that takes the focus and does not have it yet, and those of
-// the mouse with a modifier other than Shift held (window managers move windows so). Without the
-// input extension everything is.
+// of this program is open, those of the mouse in a window that takes the focus and does not have it
+// yet, and with a modifier other than Shift held (window managers move windows so). Without the
+// input extension everything is. Touches on a window that takes the focus, which the first of them
+// brings, are reported once it has come.
 class PointerPresses : public QAbstractNativeEventFilter {
 public:
     class Receiver {
@@ -82,14 +86,25 @@ private:
         Qt::MouseButton button;
     };
 
+    // What the receiver gets of a touch once the window has the focus.
+    struct Report {
+        PressId id;
+        Time time;
+        std::function<void()> send;
+    };
+
     void followFocus(const xcb_focus_in_event_t& event);
+    void reportPress(const Report& press);
+    void askForFocus(Time time) const;
+    void report(const Report& later);
+    void reportWaiting();
     bool handle(int type, const DeviceEvent& event);
     void handlePress(const DeviceEvent& event, const PressId& id);
     void handleRelease(const PressId& id, Time time);
     void handleHierarchy(const xcb_input_hierarchy_event_t& event);
     void releaseDevice(int device, Time time);
     bool isOurs(const DeviceEvent& event) const;
-    bool mayAct() const;
+    bool hasFocus() const;
     bool isDirectTouch(int device);
     QWidget* eventWidget() const;
     QPoint windowPosition(const DeviceEvent& event) const;
@@ -101,7 +116,10 @@ private:
     bool focusIsElsewhere = false; // Qt takes 0.4 s to notice, in case it comes back
     WId watchedWindow = 0;
     bool isForQtToo = false; // Qt has asked for the devices' own events at that window
-    std::set<PressId> down; // reported and not yet released
+    std::set<PressId> down; // reported or waiting to be, and not yet released
+    QList<Report> waiting; // for the focus
+    QElapsedTimer sinceLastWaiting;
+    QObject focusObserver; // ends what is connected to this object
     QList<QtPress> reported; // presses that Qt will report too, in the order of time
     QHash<int, bool> directTouch; // by device, whether it is a touch screen; those asked for
 };
