@@ -22,6 +22,12 @@ Window focusWindow(Display* display)
     return focus == PointerRoot ? none : focus;
 }
 
+bool hasWindowManager(Display* display)
+{
+    const std::string selection = "WM_S" + std::to_string(XDefaultScreen(display));
+    return XGetSelectionOwner(display, XInternAtom(display, selection.c_str(), xFalse)) != none;
+}
+
 std::optional<XkbExtension> queryXkb(Display* display)
 {
     XkbExtension extension{};

@@ -12,6 +12,9 @@ namespace x11 {
 // The window that has the input focus; none when no window has it, or the one under the pointer.
 Window focusWindow(Display* display);
 
+// Whether a window manager looks after the default screen (ICCCM 4.3). Two round trips.
+bool hasWindowManager(Display* display);
+
 // The keyboard extension as the server numbers it.
 struct XkbExtension {
     int opcode; // of its requests

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const auto rows = SpecTable::rowsOf(file.path());
     if (!rows)
         __builtin_trap();
-    for (const SpecRow& row : *rows) {
+    for (const SpecRow& row : rows->all()) {
         const QString fields = row.name + row.icon + row.model + row.layout + row.variant;
         if (row.name.startsWith(QLatin1Char('#')) || fields.contains(QLatin1Char('\t'))
             || fields.contains(QLatin1Char('\n')))

@@ -2,6 +2,7 @@
 #include "harness/FailurePictures.h"
 #include "harness/KeyTargetProcess.h"
 #include "harness/RealServer.h"
+#include "harness/WindowManager.h"
 #include "harness/XErrors.h"
 #include "harness/XTools.h"
 #include "keys/KbdKey.h"
@@ -22,6 +23,8 @@ namespace {
 constexpr int someRepeats = 5;
 constexpr int repeatDelayMs = 150;
 constexpr int repeatIntervalMs = 30;
+
+constexpr QRect besideTheWindow(0, 800, 300, 200); // which stands at the top of the screen
 
 constexpr QRgb pressedTop = 0xcc6666; // what a cap that is down is painted with
 
@@ -79,6 +82,8 @@ private slots:
 
     void twoThumbsTypeInTheOrderOfTheirTouches();
     void twoThumbsTypeIntoTheTextLine();
+    void twoThumbsThatBringTheFocusTypeIntoTheTextLine_data();
+    void twoThumbsThatBringTheFocusTypeIntoTheTextLine();
     void twoFingersOnOneKeyTypeItTwice();
     void aFingerThatSlidesOffItsKeyReleasesIt();
     void aHeldFingerRepeatsItsKey();
@@ -115,6 +120,7 @@ private:
     XConnection connection;
     std::array<QByteArray, 2> arguments{"tst_realdevices", ""};
     std::array<char*, 3> argumentVector{};
+    std::unique_ptr<WindowManager> manager;
     std::unique_ptr<KbdApp> application;
     std::unique_ptr<KeyTargetProcess> target;
 };
@@ -147,6 +153,11 @@ void RealDevicesTest::cleanup()
     server.touchScreen().liftAll();
     target.reset();
     application.reset();
+    manager.reset();
+    // Managers that are ended leave it behind.
+    XDeleteProperty(connection.get(), XDefaultRootWindow(connection.get()),
+        XInternAtom(connection.get(), "_NET_SUPPORTING_WM_CHECK", x11::xFalse));
+    XSync(connection.get(), x11::xFalse);
     QTRY_COMPARE(pressedKeys(server.display()), QList<int>());
 }
 
@@ -226,6 +237,32 @@ void RealDevicesTest::twoThumbsTypeIntoTheTextLine()
     QVERIFY(QTest::qWaitForWindowActive(mainWindow()));
     rollOverThreeKeys();
     QTRY_COMPARE(mainWindow()->findChild<TypingArea*>()->text(), "vbn");
+}
+
+void RealDevicesTest::twoThumbsThatBringTheFocusTypeIntoTheTextLine_data()
+{
+    QTest::addColumn<bool>("isManaged");
+    QTest::newRow("without a window manager") << false;
+    QTest::newRow("under openbox") << true;
+}
+
+// The touches are all over before the window gets to know that it has the focus.
+void RealDevicesTest::twoThumbsThatBringTheFocusTypeIntoTheTextLine()
+{
+    QFETCH(bool, isManaged);
+    if (isManaged)
+        manager = std::make_unique<WindowManager>("openbox", server.display());
+    QVERIFY(start("--standalone"));
+    mainWindow()->move(0, 0);
+    target = std::make_unique<KeyTargetProcess>(server.display(), besideTheWindow);
+    QVERIFY(target->waitForReady());
+    QTRY_VERIFY(!mainWindow()->isActiveWindow());
+    target->clear();
+    rollOverThreeKeys();
+    QTRY_COMPARE(mainWindow()->findChild<TypingArea*>()->text(), "vbn");
+    QCOMPARE(presses(), QStringList());
+    tap("AB04");
+    QTRY_COMPARE(mainWindow()->findChild<TypingArea*>()->text(), "vbnv");
 }
 
 void RealDevicesTest::twoFingersOnOneKeyTypeItTwice()

@@ -1,11 +1,13 @@
 #include "x11/qt/PointerPresses.h"
 
+#include "x11/Queries.h"
 #include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QWidget>
+#include <QWindow>
 #include <QtMath>
 
 #include <xcb/xinput.h>
@@ -20,6 +22,9 @@ namespace {
 
 // Enough for minutes in which a window manager does not answer.
 constexpr qsizetype mostReported = 2000;
+
+// A touch that has not brought the focus by then does not bring it.
+constexpr int focusPatienceMs = 5000;
 
 constexpr std::uint32_t firstWheelButton = 4;
 constexpr std::uint32_t lastWheelButton = 7;
@@ -133,6 +138,8 @@ PointerPresses::PointerPresses(QWidget* pressedWidget, Receiver* pressReceiver)
         return;
     opcode = extension->major_opcode;
     qApp->installNativeEventFilter(this);
+    QObject::connect(
+        qApp, &QGuiApplication::focusWindowChanged, &focusObserver, [this] { reportWaiting(); });
 }
 
 // Qt 6 selects all of this for all devices already: it needs it while it moves a window, and
@@ -187,6 +194,50 @@ void PointerPresses::followFocus(const xcb_focus_in_event_t& event)
     const bool isGrab = event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
     if (!isGrab && event.detail < XCB_NOTIFY_DETAIL_POINTER && event.event == watchedWindow)
         focusIsElsewhere = event.response_type == XCB_FOCUS_OUT;
+    reportWaiting();
+}
+
+// Presses come in their order.
+void PointerPresses::reportPress(const Report& press)
+{
+    if (waiting.isEmpty() && hasFocus())
+        return press.send();
+    if (waiting.isEmpty())
+        askForFocus(press.time);
+    waiting.append(press);
+    sinceLastWaiting.start();
+}
+
+// A window manager gives the focus to a window that is touched, and Qt asks for it when a button is
+// pressed: without a manager nobody does it for a touch.
+void PointerPresses::askForFocus(Time time) const
+{
+    if (!x11::hasWindowManager(toolkitDisplay()))
+        xcb_set_input_focus(toolkitConnection(), XCB_INPUT_FOCUS_PARENT,
+            static_cast<xcb_window_t>(widget->window()->effectiveWinId()),
+            static_cast<xcb_timestamp_t>(time));
+}
+
+// Of a press that may wait itself.
+void PointerPresses::report(const Report& later)
+{
+    const bool waits = std::any_of(
+        waiting.cbegin(), waiting.cend(), [&](const Report& each) { return each.id == later.id; });
+    if (waits)
+        waiting.append(later);
+    else
+        later.send();
+}
+
+void PointerPresses::reportWaiting()
+{
+    if (waiting.isEmpty() || !hasFocus())
+        return;
+    const QList<Report> reports = std::exchange(waiting, {});
+    if (sinceLastWaiting.hasExpired(focusPatienceMs))
+        return;
+    for (const Report& each : reports)
+        each.send();
 }
 
 // Where Qt has not asked for the devices' own events it must not see them: it would take them for
@@ -198,7 +249,7 @@ bool PointerPresses::handle(int type, const DeviceEvent& event)
         return false;
     // Qt drops all but the last of a row of updates of one touch, whichever device they name.
     if (type == XCB_INPUT_TOUCH_UPDATE && down.contains(id))
-        receiver->moved(pressAt(event, id));
+        report({id, event.time, [this, press = pressAt(event, id)] { receiver->moved(press); }});
     if (event.deviceid != event.sourceid)
         return false;
     if ((type == XCB_INPUT_BUTTON_PRESS && isClick(event))
@@ -218,13 +269,13 @@ void PointerPresses::handlePress(const DeviceEvent& event, const PressId& id)
     reported.append({event.time, qtButton(id)});
     if (reported.size() > mostReported)
         reported.removeFirst();
-    receiver->pressed(pressAt(event, id));
+    reportPress({id, event.time, [this, press = pressAt(event, id)] { receiver->pressed(press); }});
 }
 
 void PointerPresses::handleRelease(const PressId& id, Time time)
 {
     if (down.erase(id) > 0)
-        receiver->released(id, time);
+        report({id, time, [this, id, time] { receiver->released(id, time); }});
 }
 
 void PointerPresses::handleHierarchy(const xcb_input_hierarchy_event_t& event)
@@ -249,7 +300,9 @@ void PointerPresses::releaseDevice(int device, Time time)
 
 bool PointerPresses::isOurs(const DeviceEvent& event) const
 {
-    if (isForWindowManager(event) || !mayAct())
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (isForWindowManager(event) || QApplication::activePopupWidget()
+        || (modal && modal != widget->window()) || !(isTouchEvent(event.event_type) || hasFocus()))
         return false;
     const QWidget* native = eventWidget();
     const QPoint position = windowPosition(event);
@@ -257,12 +310,10 @@ bool PointerPresses::isOurs(const DeviceEvent& event) const
                             : native->childAt(position) == widget;
 }
 
-bool PointerPresses::mayAct() const
+// As far as the window takes it.
+bool PointerPresses::hasFocus() const
 {
     const QWidget* window = widget->window();
-    const QWidget* modal = QApplication::activeModalWidget();
-    if (QApplication::activePopupWidget() || (modal && modal != window))
-        return false;
     return (window->windowFlags() & Qt::WindowDoesNotAcceptFocus)
         || (window->isActiveWindow() && !focusIsElsewhere);
 }

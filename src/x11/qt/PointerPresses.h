@@ -3,13 +3,16 @@
 #include "x11/Types.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
+#include <QObject>
 #include <QPoint>
 #include <QtGui/qwindowdefs.h>
 
 #include <compare>
 #include <cstdint>
+#include <functional>
 #include <set>
 
 class QMouseEvent;
@@ -42,9 +45,11 @@ struct PointerPress {
 // master does not stop the events of the single devices.
 //
 // These presses are not reported here but left to Qt's mouse events: presses beside the widget;
-// all while a popup or a dialog of this program is open; all in a window that takes the focus and
-// does not have it yet; and those of the mouse while a modifier other than Shift and Lock is held,
-// because window managers move windows so. Without the input extension Qt has all presses.
+// all while a popup or a dialog of this program is open; those of the mouse in a window that takes
+// the focus and does not have it yet; and those of the mouse while a modifier other than Shift and
+// Lock is held, because window managers move windows so. Touches on a window that takes the focus
+// are reported once the first of them has brought it. Without the input extension Qt has all
+// presses.
 class PointerPresses : public QAbstractNativeEventFilter {
 public:
     class Receiver {
@@ -83,14 +88,25 @@ private:
         Qt::MouseButton button;
     };
 
+    // What the receiver gets of a touch once the window has the focus.
+    struct Report {
+        PressId id;
+        Time time;
+        std::function<void()> send;
+    };
+
     void followFocus(const xcb_focus_in_event_t& event);
+    void reportPress(const Report& press);
+    void askForFocus(Time time) const;
+    void report(const Report& later);
+    void reportWaiting();
     bool handle(int type, const DeviceEvent& event);
     void handlePress(const DeviceEvent& event, const PressId& id);
     void handleRelease(const PressId& id, Time time);
     void handleHierarchy(const xcb_input_hierarchy_event_t& event);
     void releaseDevice(int device, Time time);
     bool isOurs(const DeviceEvent& event) const;
-    bool mayAct() const;
+    bool hasFocus() const;
     bool isDirectTouch(int device);
     QWidget* eventWidget() const;
     QPoint windowPosition(const DeviceEvent& event) const;
@@ -102,7 +118,10 @@ private:
     bool focusIsElsewhere = false; // Qt itself waits 0.4 s for the focus to come back
     WId watchedWindow = 0;
     bool isForQtToo = false; // Qt has asked for the events of the single devices there too
-    std::set<PressId> down; // reported and not yet released
+    std::set<PressId> down; // reported or waiting to be, and not yet released
+    QList<Report> waiting; // for the focus
+    QElapsedTimer sinceLastWaiting;
+    QObject focusObserver; // ends what is connected to this object
     QList<QtPress> reported; // presses that Qt has still to report, in the order of time
     QHash<int, bool> directTouch; // by device: is it a touch screen? Those asked about so far
 };
