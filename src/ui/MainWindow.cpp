@@ -326,6 +326,7 @@ void MainWindow::newKbdSelected(kbdSpec_t* spec)
     view = new KbdGeometry(settings, names, true, nullptr);
     view->setMultishiftDisplay(keycapCombo->currentIndex() >= 1);
     mainLayout->insertWidget(viewIndex, view);
+    view->show(); // at once: Qt would first paint the gap, and show the picture after that
     connectView();
 
     const QStringList groups = translatedGroupNames();
