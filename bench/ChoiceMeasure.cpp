@@ -1,5 +1,7 @@
 #include "ChoiceMeasure.h"
 
+#include "harness/SlowDisplay.h"
+
 #include <QDir>
 
 #include <stdexcept>
@@ -9,6 +11,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto patience = 60s;
+constexpr auto lineDelay = 10ms; // in each direction
 
 // The lines "choice <milliseconds>" and "tools <milliseconds>" that kbd-choose-layout prints.
 Series figuresIn(const QByteArray& output)
@@ -27,11 +30,12 @@ Series figuresIn(const QByteArray& output)
 
 } // namespace
 
-Series measureChoice(Desktop& desktop, const QString& directory, int runs)
+Series measureChoice(
+    Desktop& desktop, const QByteArray& display, const QString& directory, int runs)
 {
     QDir::setCurrent(directory);
-    ChildProcess chooser({KBD_BENCH_CHOOSE_LAYOUT, QByteArray::number(runs)},
-        desktop.environment(desktop.displayName()));
+    ChildProcess chooser(
+        {KBD_BENCH_CHOOSE_LAYOUT, QByteArray::number(runs)}, desktop.environment(display));
     const auto deadline = ScreenWatch::Clock::now() + patience;
     while (chooser.isRunning() && ScreenWatch::Clock::now() < deadline)
         desktop.screen().waitForQuiet();
@@ -40,4 +44,17 @@ Series measureChoice(Desktop& desktop, const QString& directory, int runs)
     if (figures[0].empty() || figures[1].empty())
         throw std::runtime_error("no layout is chosen: " + chooser.output().toStdString());
     return figures;
+}
+
+Series measureChoiceRoundTrips(Desktop& desktop, const QString& directory, int runs)
+{
+    const SlowDisplay fast(desktop.displayName(), 0ms);
+    const SlowDisplay slow(desktop.displayName(), lineDelay);
+    const Series without = measureChoice(desktop, fast.display(), directory, runs);
+    const Series with = measureChoice(desktop, slow.display(), directory, runs);
+    Series roundTrips;
+    for (std::size_t i = 0; i < with.size(); ++i)
+        roundTrips.push_back(
+            {(median(with[i]) - median(without[i])) / static_cast<double>(2 * lineDelay.count())});
+    return roundTrips;
 }

@@ -9,6 +9,7 @@
 
 #include "ChoiceMeasure.h"
 #include "ClickMeasure.h"
+#include "FarMeasure.h"
 #include "KeyMeasure.h"
 #include "StartMeasure.h"
 #include "Table.h"
@@ -96,6 +97,21 @@ Table compareTryOut(Desktop& desktop, const Bench& bench)
     return table;
 }
 
+// At the end of a line. Without an aim where the floor does not do the like.
+Table compareFar(Desktop& desktop, const Bench& bench)
+{
+    say("what is sent to a server that is far away");
+    Competitors programs(desktop, bench, "--standalone");
+    const FarFigures figures = measureFar(desktop, programs.all(), roundTripRuns);
+    Table table("Sent to a remote display", headings);
+    table.addComparison("Start", figures.start, "kB");
+    table.addComparison("A letter's key lit and out", figures.letter, "kB");
+    table.addComparison("Shift pressed", figures.shift, "kB");
+    table.addComparison("Caps Lock on and off", figures.lock, "kB");
+    table.addComparison("  answers waited for", figures.lockAnswers, "");
+    return table;
+}
+
 // The same keys on a screen where the picture has nine times as many pixels.
 Table compareKeys4K(const Bench& bench)
 {
@@ -127,7 +143,10 @@ Table compareChoice(Desktop& desktop, const Bench& bench)
     say("choice of a layout");
     Table table("Beside the tools underneath", {"ours", "tools", "/ tools", "aim"});
     table.addComparison("Choice of a layout to its picture painted",
-        measureChoice(desktop, bench.directory, bench.runs), "ms", "<= 1.15");
+        measureChoice(desktop, desktop.displayName(), bench.directory, bench.runs), "ms",
+        "<= 1.15");
+    table.addComparison("  serial round trips",
+        measureChoiceRoundTrips(desktop, bench.directory, roundTripRuns), "");
     return table;
 }
 
@@ -139,10 +158,11 @@ void run(const Bench& bench)
     const Table tryOut = compareTryOut(desktop, bench);
     const Table toFocus = compareToFocus(desktop, bench);
     const Table keys4K = compareKeys4K(bench);
+    const Table far = compareFar(desktop, bench);
     const Table choice = compareChoice(desktop, bench);
     std::printf("Medians of %d runs in turns; Qt %s, %u processors, load %.1f at the beginning\n",
         bench.runs, qVersion(), std::thread::hardware_concurrency(), load);
-    for (const Table& table : {tryOut, toFocus, keys4K, choice})
+    for (const Table& table : {tryOut, toFocus, keys4K, far, choice})
         std::printf("\n%s", table.text().constData());
 }
 

@@ -2,7 +2,7 @@
 
 VncServer::VncServer()
     : PrivateServer({"Xvnc", "-SecurityTypes", "None", "-geometry", "1280x1024", "-depth", "24",
-                        "-rfbport", "-1"},
+                        "-rfbport", "-1", "-rfbunixpath", path()},
           currentEnvironment())
 {
 }

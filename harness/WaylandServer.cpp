@@ -1,5 +1,7 @@
 #include "harness/WaylandServer.h"
 
+#include "harness/XTools.h"
+
 #include <QDeadlineTimer>
 #include <QFile>
 
@@ -22,6 +24,16 @@ QByteArrayList environmentWith(const QByteArrayList& entries)
         environment.removeIf([&](const QByteArray& each) { return each.startsWith(name); });
     }
     return environment + entries;
+}
+
+// Newer ones have a small window if they are not told; older ones take the compositor's screen.
+QByteArrayList serverCommand()
+{
+    const ToolResult help = runTool(QStringLiteral("Xwayland"), {QStringLiteral("-help")}, {});
+    QByteArrayList command{"Xwayland"};
+    if ((help.output + help.errors).contains("-geometry "))
+        command << "-geometry" << "1280x1024";
+    return command;
 }
 
 } // namespace
@@ -47,6 +59,6 @@ QByteArrayList Compositor::environment() const
 }
 
 WaylandServer::WaylandServer()
-    : PrivateServer({"Xwayland"}, environment())
+    : PrivateServer(serverCommand(), environment())
 {
 }

@@ -101,9 +101,10 @@ qsizetype XMessages::length() const
 
 void XTraffic::count(XMessages::Sender sender, const QByteArray& message)
 {
-    if (sender == XMessages::Sender::Client)
+    if (sender == XMessages::Sender::Client) {
         ++requests;
-    else if (message.at(0) == reply)
+        requestBytes += message.size();
+    } else if (message.at(0) == reply)
         ++replies;
     else if (message.at(0) == error)
         ++errors;

@@ -29,6 +29,7 @@ private:
 // What has passed since the connections were made, without their setups.
 struct XTraffic {
     int requests = 0;
+    qint64 requestBytes = 0;
     int replies = 0;
     int events = 0;
     int errors = 0;

@@ -16,6 +16,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLabel>
+#include <QPaintEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
@@ -56,6 +57,30 @@ public:
 private:
     QTemporaryDir directory;
     QByteArray path;
+};
+
+// How often a widget's middle is painted, in which the picture lies.
+class PaintCount : public QObject {
+public:
+    explicit PaintCount(QWidget* painted)
+        : widget(painted)
+    {
+        widget->installEventFilter(this);
+    }
+
+    int count() const { return times; }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint
+            && static_cast<QPaintEvent*>(event)->region().contains(widget->rect().center()))
+            ++times;
+        return false;
+    }
+
+private:
+    QWidget* widget;
+    int times = 0;
 };
 
 } // namespace
@@ -111,6 +136,7 @@ private slots:
     void theNewPictureKeepsNothingOfTheOldCaps();
     void theNewPictureKeepsTheKeycapMode();
     void theNewPictureGetsTheFlagAndItsNamesAreHandedOn();
+    void aChoiceIsPaintedOnce();
     void componentsThatCannotBeHadChangeNothing();
     void customIsHandedToSetxkbmapAsItStands();
     void customThatCanBeHadLoadsNoOther();
@@ -405,6 +431,18 @@ void MainWindowTest::theNewPictureGetsTheFlagAndItsNamesAreHandedOn()
             flags << doodad->flagFilename();
     }
     QCOMPARE(flags, QStringList{QStringLiteral("fr.png")});
+}
+
+// Neither the gap without a picture nor a picture of another size, which a remote display would be
+// sent in full.
+void MainWindowTest::aChoiceIsPaintedOnce()
+{
+    open({QStringLiteral("pc105"), QStringLiteral("us"), {}});
+    const PaintCount ofGround(window->centralWidget());
+    choose(QStringLiteral("fr"));
+    const PaintCount ofPicture(window->picture()->viewport());
+    QTRY_COMPARE(ofPicture.count(), 1);
+    QCOMPARE(ofGround.count(), 1);
 }
 
 void MainWindowTest::componentsThatCannotBeHadChangeNothing()

@@ -15,6 +15,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
+constexpr qint64 requestSize = 4; // of those without contents
+
 bool hasExtension(const QByteArray& display, const char* name)
 {
     const XConnection connection = openDisplay(display);
@@ -85,6 +87,7 @@ void XProxyTest::requestsAndAnswersAreCounted()
     XSync(connection.get(), x11::xFalse);
     const XTraffic after = proxy.traffic();
     QCOMPARE(after.requests - before.requests, 5);
+    QCOMPARE(after.requestBytes - before.requestBytes, 5 * requestSize);
     QCOMPARE(after.replies - before.replies, 4);
     QCOMPARE(after.events, before.events);
     QCOMPARE(after.errors, before.errors);
