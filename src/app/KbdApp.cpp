@@ -342,6 +342,7 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
 void KbdApp::askServer()
 {
     Display* display = toolkitDisplay();
+    x11::askForXInput(display);
     x11::releaseKeysOfTheGone(display);
     shownSettings = withServerSettings(settings, display);
     if (!toFocus)

@@ -3,6 +3,7 @@
 #include "x11/X11.h"
 
 #include <xcb/xcbext.h>
+#include <xcb/xinput.h>
 
 #include <X11/Xlib-xcb.h>
 
@@ -53,6 +54,11 @@ bool hasXwayland(Display* display)
 {
     static xcb_extension_t name{"XWAYLAND", 0};
     return hasExtension(display, name);
+}
+
+void askForXInput(Display* display)
+{
+    xcb_prefetch_extension_data(XGetXCBConnection(display), &xcb_input_id);
 }
 
 void prepareXTest(Display* display)

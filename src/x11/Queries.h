@@ -27,6 +27,9 @@ std::optional<XkbExtension> queryXkb(Display* display);
 bool hasXTest(Display* display);
 bool hasXwayland(Display* display);
 
+// Asks for the input extension and does not wait: the first who needs it finds the answer there.
+void askForXInput(Display* display);
+
 // Lets the X library ask what it asks before it sends the first key through XTest, if it has not
 // yet: up to five round trips, which a click must not wait for.
 void prepareXTest(Display* display);
