@@ -15,7 +15,7 @@ packages_check=(
   tigervnc-standalone-server weston xwayland
   openbox xfwm4 metacity xterm x11-utils x11-xserver-utils dbus
   poppler-utils libxkbcommon-dev clang-format-19 clang-tidy git
-  desktop-file-utils appstream mandoc groff mold
+  desktop-file-utils appstream mandoc groff mold strace valgrind
 )
 packages_package=(git debhelper dpkg-dev lintian)
 packages_clean_root=(debootstrap util-linux)
