@@ -15,7 +15,7 @@ packages_check=(
   tigervnc-standalone-server weston xwayland tk
   openbox xfwm4 metacity xterm x11-utils x11-xserver-utils xauth dbus
   poppler-utils libxkbcommon-dev libxkbcommon-x11-dev clang clang-format-19 clang-tidy libclang-rt-dev git
-  desktop-file-utils appstream mandoc groff mold
+  desktop-file-utils appstream mandoc groff mold strace valgrind
 )
 packages_long=(fluxbox icewm jwm) # window managers that ./check does without
 packages_package=(git debhelper dpkg-dev lintian)

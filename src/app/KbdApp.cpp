@@ -170,7 +170,6 @@ void KbdApp::startUp(char** argv)
         throw XkbInitError;
     if (toFocus)
         exitIfRunning(QString::fromLatin1(instanceName));
-    x11::releaseKeysOfTheGone(toolkitDisplay());
     componentNames = getComponentNames();
     selectKeyboardEvents();
     createMainWindow();
@@ -329,6 +328,7 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
 {
     auto names = std::make_unique<XkbComponentNamesRec>();
     ComponentQuery query(toolkitDisplay(), settings);
+    askServer();
     loadFonts();
     if (!query.answer(names.get())) {
         freeComponentNames(names.get());
@@ -336,6 +336,19 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
         throw hasKeyboardExtension() ? RulesError : XkbInitError;
     }
     return names.release();
+}
+
+// Far from the server this takes no time while setxkbmap asks it as often.
+void KbdApp::askServer()
+{
+    Display* display = toolkitDisplay();
+    x11::askForXInput(display);
+    x11::releaseKeysOfTheGone(display);
+    shownSettings = withServerSettings(settings, display);
+    if (!toFocus)
+        return;
+    x11::prepareXTest(display);
+    isWayland = isWaylandsServer();
 }
 
 // Also sets xkbEventBase.
@@ -394,7 +407,7 @@ void KbdApp::createMainWindow()
     }
 
     if (settings.model.isEmpty() || settings.layout.isEmpty())
-        selectServerKeyboard();
+        mainWindow->selectKeyboard(shownSettings);
     mainWindow->showLayoutSelector(standalone);
     mainWindow->setWindowTitle(
         toFocus ? tr("Arvane Virtual Keyboard") : tr("Arvane Trial Keyboard"));
@@ -405,12 +418,6 @@ void KbdApp::createMainWindow()
     } else {
         mainWindow->placeOnScreen(false);
     }
-}
-
-// Settings that were not given are those of the server, whose keyboard is shown then.
-void KbdApp::selectServerKeyboard()
-{
-    mainWindow->selectKeyboard(withServerSettings(settings, toolkitDisplay()));
 }
 
 // Connected by text where that is given.
@@ -436,7 +443,7 @@ void KbdApp::launchSwitcher()
 
 void KbdApp::tellWhatCannotWork() const
 {
-    if (toFocus && isWaylandsServer())
+    if (isWayland)
         std::cerr << waylandLine << '\n';
 }
 

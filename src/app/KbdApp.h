@@ -80,11 +80,11 @@ private:
     void normaliseModel();
     static void usage(const char* program, int code);
     XkbComponentNamesRec* getComponentNames();
+    void askServer();
     bool hasKeyboardExtension();
     void selectKeyboardEvents();
     void installFilters();
     void createMainWindow();
-    void selectServerKeyboard();
     void connectMainWindow();
     void launchSwitcher();
     void tellWhatCannotWork() const;
@@ -100,6 +100,7 @@ private:
     char* xkbVariant = nullptr;
     char* xkbOptions = nullptr;
     KeyboardSettings settings; // the same once the command line is read, for all other classes
+    KeyboardSettings shownSettings; // with those of the server where none are given
 
     // The keyboard that was asked for last: what report() says of it outlives the application.
     // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
@@ -107,6 +108,7 @@ private:
 
     bool standalone = false;
     bool toFocus = false;
+    bool isWayland = false; // the X server is one; only looked at with toFocus
     XkbComponentNamesRec* componentNames = nullptr; // owned, and its strings with it
     MainWindow* mainWindow = nullptr; // owned
     int xkbEventBase = 0; // the keyboard extension's event code

@@ -17,11 +17,7 @@ bool CoreKeyboard::hasXkb() const
 
 bool CoreKeyboard::hasXTest() const
 {
-    int event = 0;
-    int error = 0;
-    int major = 0;
-    int minor = 0;
-    return XTestQueryExtension(display, &event, &error, &major, &minor);
+    return x11::hasXTest(display);
 }
 
 int CoreKeyboard::groupCount() const

@@ -12,7 +12,7 @@ public:
     explicit CoreKeyboard(Display* xDisplay);
 
     // Whether the server has the keyboard extension, without which nothing below may be called, and
-    // whether it has XTest.
+    // whether it has XTest, for which only the first question waits.
     bool hasXkb() const;
     bool hasXTest() const;
 

@@ -2,9 +2,22 @@
 
 #include "x11/X11.h"
 
+#include <xcb/xcbext.h>
+#include <xcb/xinput.h>
+
+#include <X11/Xlib-xcb.h>
+
 namespace x11 {
 
 namespace {
+
+// XCB keeps the answer for each connection, found by the address of the name.
+bool hasExtension(Display* display, xcb_extension_t& name)
+{
+    const xcb_query_extension_reply_t* reply =
+        xcb_get_extension_data(XGetXCBConnection(display), &name);
+    return reply && reply->present;
+}
 
 std::string takeName(char* name)
 {
@@ -35,6 +48,33 @@ std::optional<XkbExtension> queryXkb(Display* display)
     if (!XkbQueryExtension(display, &extension.opcode, &extension.event, &error, nullptr, nullptr))
         return std::nullopt;
     return extension;
+}
+
+bool hasXTest(Display* display)
+{
+    static xcb_extension_t name{"XTEST", 0};
+    return hasExtension(display, name);
+}
+
+bool hasXwayland(Display* display)
+{
+    static xcb_extension_t name{"XWAYLAND", 0};
+    return hasExtension(display, name);
+}
+
+void askForXInput(Display* display)
+{
+    xcb_prefetch_extension_data(XGetXCBConnection(display), &xcb_input_id);
+}
+
+void prepareXTest(Display* display)
+{
+    int event = 0;
+    int error = 0;
+    int major = 0;
+    int minor = 0;
+    if (hasXTest(display))
+        XTestQueryExtension(display, &event, &error, &major, &minor);
 }
 
 std::string atomName(Display* display, Atom atom)

@@ -25,6 +25,18 @@ struct XkbExtension {
 // none, or one of another version than Xlib's.
 std::optional<XkbExtension> queryXkb(Display* display);
 
+// Whether the server has the extension XTest, and whether it is the X server of a Wayland session
+// that says so (Xwayland, by its extension XWAYLAND). Only the first call for a display waits.
+bool hasXTest(Display* display);
+bool hasXwayland(Display* display);
+
+// Asks for the input extension and does not wait: the first who needs it finds the answer there.
+void askForXInput(Display* display);
+
+// Lets the X library ask what it asks before it sends the first key through XTest, if it has not
+// yet: up to five round trips, which a click must not wait for.
+void prepareXTest(Display* display);
+
 // The atom's name; empty for no atom and for one that the server does not know.
 std::string atomName(Display* display, Atom atom);
 

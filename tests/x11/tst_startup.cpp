@@ -228,8 +228,6 @@ private slots:
     void whatSetxkbmapPrintsDecides();
     void aStartRunsOneToolOnce_data();
     void aStartRunsOneToolOnce();
-    void aStartNeedsFewAnswersOfTheServer_data();
-    void aStartNeedsFewAnswersOfTheServer();
     void aRefusedKeyboardIsExplainedByACommandThatShowsTheReason_data();
     void aRefusedKeyboardIsExplainedByACommandThatShowsTheReason();
     void theGeometryFileIsSpokenOfOnlyWhereItIsMissing();
@@ -585,30 +583,6 @@ void StartupTest::aStartRunsOneToolOnce()
     QFile calls(tools.filePath("calls"));
     QVERIFY(calls.open(QIODevice::ReadOnly));
     QCOMPARE(calls.readAll(), "setxkbmap\n");
-}
-
-void StartupTest::aStartNeedsFewAnswersOfTheServer_data()
-{
-    QTest::addColumn<QString>("argument");
-    QTest::newRow("to focus") << "--tofocus";
-    QTest::newRow("with the list of keyboards") << "--standalone";
-}
-
-// Beyond those that Qt itself needs: a start that ends at the command line has all of them.
-void StartupTest::aStartNeedsFewAnswersOfTheServer()
-{
-    QFETCH(const QString, argument);
-    constexpr int mostAnswers = 130;
-    const XProxy server(display());
-    ProgramRun refused(KBD_PROGRAM, server.display());
-    refused.start({"--nonsense"});
-    QVERIFY(refused.waitForEnd());
-    const int answersToQt = server.traffic().replies;
-    ProgramRun run(KBD_PROGRAM, server.display());
-    run.start({argument});
-    QVERIFY(run.waitForWindow(connection.get()));
-    const int answers = server.traffic().replies - 2 * answersToQt;
-    QVERIFY2(answers <= mostAnswers, QByteArray::number(answers).constData());
 }
 
 void StartupTest::aRefusedKeyboardIsExplainedByACommandThatShowsTheReason_data()

@@ -1,6 +1,6 @@
 #include "x11/qt/WaylandSession.h"
 
-#include "x11/X11.h"
+#include "x11/Queries.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QGuiApplication>
@@ -12,8 +12,5 @@ bool isWaylandsServer()
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (screen && screen->name().startsWith(QLatin1StringView("XWAYLAND")))
         return true;
-    int opcode = 0;
-    int event = 0;
-    int error = 0;
-    return XQueryExtension(toolkitDisplay(), "XWAYLAND", &opcode, &event, &error);
+    return x11::hasXwayland(toolkitDisplay());
 }
