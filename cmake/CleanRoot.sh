@@ -92,9 +92,12 @@ run_in_release() {
       mv "$work.part" "$work"
     fi
     cp -L /etc/resolv.conf "$work/etc/"
-    mkdir -p "$work/src"
-    find "$work/src" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
-    copy_source "$work/src"
+    rm -rf "$work/src.new"
+    mkdir -p "$work/src.new"
+    copy_source "$work/src.new"
+    # What has changed gets the date of today: what was built from another checkout may be younger
+    # than the files of this one.
+    rsync -rlp --checksum --delete --exclude=/build "$work/src.new/" "$work/src/"
     in_root "$work" "$directory/archives" env --chdir=/src "$@" 9>&-
   ) 9>"$directory/lock"
 }

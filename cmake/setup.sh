@@ -19,7 +19,7 @@ packages_check=(
 )
 packages_long=(fluxbox icewm jwm) # window managers that ./check does without
 packages_package=(git debhelper dpkg-dev lintian)
-packages_clean_root=(debootstrap util-linux)
+packages_clean_root=(debootstrap rsync util-linux)
 packages_bench=(xvfb openbox libxcb-damage0-dev)
 
 can_be_root() {
