@@ -60,7 +60,8 @@ std::optional<Window> Desktop::windowOf(pid_t process) const
 {
     const std::vector<unsigned long> wanted{static_cast<unsigned long>(process)};
     for (const Window window : property(XDefaultRootWindow(display()), "_NET_CLIENT_LIST")) {
-        if (property(window, "_NET_WM_PID") == wanted)
+        const std::vector<unsigned long> owner = property(window, "_NET_WM_PID");
+        if (owner == wanted || owner.empty())
             return window;
     }
     return std::nullopt;

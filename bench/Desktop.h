@@ -29,8 +29,8 @@ public:
     QByteArrayList environment(
         const QByteArray& display, const QByteArrayList& additions = {}) const;
 
-    // The window of a process, as the window manager lists it (EWMH, _NET_CLIENT_LIST). Throws
-    // std::runtime_error when there is none within ten seconds.
+    // The window of a process, as the window manager lists it (EWMH, _NET_CLIENT_LIST), or one that
+    // does not tell whose it is. Throws std::runtime_error when there is none within ten seconds.
     Window waitForWindow(pid_t process);
 
     // Without the manager's frame, in pixels of the screen.

@@ -10,7 +10,9 @@
 #include "ChoiceMeasure.h"
 #include "ClickMeasure.h"
 #include "FarMeasure.h"
+#include "GrowthMeasure.h"
 #include "KeyMeasure.h"
+#include "PeerMeasure.h"
 #include "StartMeasure.h"
 #include "Table.h"
 
@@ -38,6 +40,7 @@ struct Bench {
 
     int rounds() const { return (runs + repeatsInRound - 1) / repeatsInRound; }
     ProgramSetup setup(const QByteArray& flag) const { return {{program, flag}, directory, {}}; }
+    GrowthSetup growth() const { return {program, directory}; }
 };
 
 constexpr QSize usualScreen(1280, 800);
@@ -68,9 +71,9 @@ private:
     }
 };
 
-void say(const char* what)
+void say(const QByteArray& what)
 {
-    std::fprintf(stderr, "Measuring: %s\n", what);
+    std::fprintf(stderr, "Measuring: %s\n", what.constData());
 }
 
 void compareStart(Desktop& desktop, const Bench& bench, Competitors& programs, Table& table)
@@ -150,6 +153,27 @@ Table compareChoice(Desktop& desktop, const Bench& bench)
     return table;
 }
 
+// The longer one first: the row ends with how much more it costs.
+Table compareTables(const Bench& bench)
+{
+    say("start, with a long table");
+    const int built = tableLength(bench.directory);
+    const QByteArray length = QByteArray::number(built);
+    Table table("Growth with the table of keyboards", {"10,000", length, "/ " + length});
+    table.addComparison("Start to painted window",
+        measureTableGrowth(bench.growth(), {10000, built}, bench.runs), "ms");
+    return table;
+}
+
+Table comparePeers(Desktop& desktop, const Bench& bench)
+{
+    say("other keyboards that are installed");
+    Table table("Other keyboards", {"start"});
+    for (const PeerFigures& peer : measurePeers(desktop, bench.runs, say))
+        table.addComparison(peer.name, {peer.start}, "ms");
+    return table;
+}
+
 void run(const Bench& bench)
 {
     double load = 0;
@@ -160,9 +184,11 @@ void run(const Bench& bench)
     const Table keys4K = compareKeys4K(bench);
     const Table far = compareFar(desktop, bench);
     const Table choice = compareChoice(desktop, bench);
+    const Table tables = compareTables(bench);
+    const Table peers = comparePeers(desktop, bench);
     std::printf("Medians of %d runs in turns; Qt %s, %u processors, load %.1f at the beginning\n",
         bench.runs, qVersion(), std::thread::hardware_concurrency(), load);
-    for (const Table& table : {tryOut, toFocus, keys4K, far, choice})
+    for (const Table& table : {tryOut, toFocus, keys4K, far, choice, tables, peers})
         std::printf("\n%s", table.text().constData());
 }
 
