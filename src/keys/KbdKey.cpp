@@ -109,7 +109,7 @@ void KbdKey::mousePressEvent(QGraphicsSceneMouseEvent* event)
 
 void KbdKey::pressByUser()
 {
-    if (!hasGroups())
+    if (!keySymbols.hasGroups())
         return;
     setHeldByUser(true);
     reportStroke(&KbdKey::virtualKeyPress, keyState.currentModifiers);
@@ -144,7 +144,7 @@ void KbdKey::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 
 void KbdKey::releaseByUser()
 {
-    if (!hasGroups())
+    if (!keySymbols.hasGroups())
         return;
     setHeldByUser(false);
     reportStroke(&KbdKey::virtualKeyRelease, keyState.currentModifiers);
@@ -163,7 +163,7 @@ void KbdKey::setPressed(bool down)
 
 void KbdKey::keyPressEventIn(ShiftMask_t modifiers)
 {
-    if (!hasGroups())
+    if (!keySymbols.hasGroups())
         return;
     setPressed(true);
     if (keySymbols.isModifier())
@@ -173,7 +173,7 @@ void KbdKey::keyPressEventIn(ShiftMask_t modifiers)
 
 void KbdKey::keyReleaseEventIn(ShiftMask_t modifiers)
 {
-    if (!hasGroups())
+    if (!keySymbols.hasGroups())
         return;
     if (keySymbols.isModifier())
         reportModifier(&KbdKey::modifierReleased);
@@ -183,7 +183,7 @@ void KbdKey::keyReleaseEventIn(ShiftMask_t modifiers)
 
 void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget* widget)
 {
-    if (!hasGroups())
+    if (!keySymbols.hasGroups())
         return;
     const ItemPainting painting(painter);
     const bool isOnScreen = widget && keyState.colourScheme == ColourScheme::OnScreen;

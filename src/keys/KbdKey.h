@@ -97,7 +97,6 @@ protected:
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
-    bool hasGroups() const { return keySymbols.groupCount() != 0; }
     void setPressed(bool down);
     void setHeldByUser(bool held);
     void showState();

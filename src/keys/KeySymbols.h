@@ -53,6 +53,7 @@ public:
 
     // 0 for a key that has no symbols: it shows nothing and does nothing.
     int groupCount() const;
+    bool hasGroups() const { return groupCount() != 0; }
 
     // False for a key whose groups have no levels, too.
     bool hasSymbols() const { return !keysyms.isEmpty(); }

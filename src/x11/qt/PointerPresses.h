@@ -27,6 +27,7 @@ struct PressId {
     std::uint32_t detail = 0; // the button's number, or the touch's
     bool isTouch = false;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 sees a null pointer in the comparison
     friend auto operator<=>(const PressId&, const PressId&) = default;
 };
 
