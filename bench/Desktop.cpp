@@ -60,8 +60,16 @@ std::optional<Window> Desktop::windowOf(pid_t process) const
 {
     const std::vector<unsigned long> wanted{static_cast<unsigned long>(process)};
     for (const Window window : property(XDefaultRootWindow(display()), "_NET_CLIENT_LIST")) {
-        const std::vector<unsigned long> owner = property(window, "_NET_WM_PID");
-        if (owner == wanted || owner.empty())
+        if (property(window, "_NET_WM_PID") == wanted)
+            return window;
+    }
+    return std::nullopt;
+}
+
+std::optional<Window> Desktop::windowWithoutProcess() const
+{
+    for (const Window window : property(XDefaultRootWindow(display()), "_NET_CLIENT_LIST")) {
+        if (property(window, "_NET_WM_PID").empty() && !property(window, "WM_STATE").empty())
             return window;
     }
     return std::nullopt;
@@ -69,8 +77,18 @@ std::optional<Window> Desktop::windowOf(pid_t process) const
 
 Window Desktop::waitForWindow(pid_t process)
 {
+    return waitFor([&] { return windowOf(process); });
+}
+
+Window Desktop::waitForWindowWithoutProcess()
+{
+    return waitFor([&] { return windowWithoutProcess(); });
+}
+
+Window Desktop::waitFor(const std::function<std::optional<Window>()>& find)
+{
     std::optional<Window> window;
-    if (!waitUntil(watch, [&] { return (window = windowOf(process)).has_value(); }))
+    if (!waitUntil(watch, [&] { return (window = find()).has_value(); }))
         throw std::runtime_error("a program shows no window");
     return *window;
 }

@@ -9,6 +9,7 @@
 
 #include <QTemporaryDir>
 
+#include <functional>
 #include <optional>
 
 // Where everything is measured: a private X server with a window manager, and what a program that
@@ -29,9 +30,11 @@ public:
     QByteArrayList environment(
         const QByteArray& display, const QByteArrayList& additions = {}) const;
 
-    // The window of a process, as the window manager lists it (EWMH, _NET_CLIENT_LIST), or one that
-    // does not tell whose it is. Throws std::runtime_error when there is none within ten seconds.
+    // The window of a process, as the window manager lists it (EWMH, _NET_CLIENT_LIST); and one
+    // that does not tell whose it is. Both throw std::runtime_error when there is none within ten
+    // seconds.
     Window waitForWindow(pid_t process);
+    Window waitForWindowWithoutProcess();
 
     // Without the manager's frame, in pixels of the screen.
     QRect areaOf(Window window) const;
@@ -40,7 +43,9 @@ public:
     void waitForFocus(Window window);
 
 private:
+    Window waitFor(const std::function<std::optional<Window>()>& find);
     std::optional<Window> windowOf(pid_t process) const;
+    std::optional<Window> windowWithoutProcess() const;
     std::vector<unsigned long> property(Window window, const char* name) const;
 
     PrivateServer server;

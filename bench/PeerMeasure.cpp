@@ -5,21 +5,23 @@
 
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
 // With a keyboard of 105 keys, where that can be chosen.
-const std::array<QByteArrayList, 5> commands{{
-    {"gkbd-keyboard-display", "-l", "us"},
-    {"kbd-layout-viewer5", "-l", "us"},
-    {"onboard"},
-    {"xkeycaps", "-keyboard", "pc105"},
-    {"matchbox-keyboard"},
+const std::array<ProgramSetup, 5> peers{{
+    {.command = {"gkbd-keyboard-display", "-l", "us"}},
+    {.command = {"kbd-layout-viewer5", "-l", "us"}},
+    {.command = {"onboard"}},
+    {.command = {"xkeycaps", "-keyboard", "pc105"}, .tellsProcess = false},
+    {.command = {"matchbox-keyboard"}, .tellsProcess = false},
 }};
 
-Samples startsOf(Desktop& desktop, const QByteArrayList& command, int runs)
+Samples startsOf(Desktop& desktop, ProgramSetup peer, int runs)
 {
-    Program program(desktop, {command, QDir::rootPath(), {}});
+    peer.directory = QDir::rootPath();
+    Program program(desktop, std::move(peer));
     Samples samples;
     for (int run = 0; run < runs; ++run) {
         samples.push_back(program.startUntilPainted());
@@ -33,16 +35,16 @@ Samples startsOf(Desktop& desktop, const QByteArrayList& command, int runs)
 std::vector<PeerFigures> measurePeers(
     Desktop& desktop, int runs, const std::function<void(const QByteArray& line)>& tell)
 {
-    std::vector<PeerFigures> peers;
-    for (const QByteArrayList& command : commands) {
-        const QByteArray& name = command.first();
+    std::vector<PeerFigures> figures;
+    for (const ProgramSetup& peer : peers) {
+        const QByteArray& name = peer.command.first();
         if (QStandardPaths::findExecutable(QString::fromLatin1(name)).isEmpty())
             continue;
         try {
-            peers.push_back({name, startsOf(desktop, command, runs)});
+            figures.push_back({name, startsOf(desktop, peer, runs)});
         } catch (const std::runtime_error& failure) {
             tell(name + " is left out: " + failure.what());
         }
     }
-    return peers;
+    return figures;
 }

@@ -53,7 +53,8 @@ double Program::startUntilPainted(const QByteArray& display)
 
 Window Program::window() const
 {
-    return desktop.waitForWindow(process->processId());
+    return setup.tellsProcess ? desktop.waitForWindow(process->processId())
+                              : desktop.waitForWindowWithoutProcess();
 }
 
 QRect Program::area() const

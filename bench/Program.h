@@ -7,6 +7,7 @@ struct ProgramSetup {
     QByteArrayList command;
     QString directory; // to run in
     QByteArrayList variables; // "NAME=value" entries beside those of the desktop
+    bool tellsProcess = true; // its window has _NET_WM_PID (EWMH); old programs' have not
 };
 
 // A program whose window is looked at from outside, started again and again. It always looks the
