@@ -5,8 +5,8 @@
 // How a program is started.
 struct ProgramSetup {
     QByteArrayList command;
-    QString directory; // to run in
-    QByteArrayList variables; // "NAME=value" entries beside those of the desktop
+    QString directory{}; // to run in
+    QByteArrayList variables{}; // "NAME=value" entries beside those of the desktop
     bool tellsProcess = true; // its window has _NET_WM_PID (EWMH); old programs' have not
 };
 
