@@ -207,6 +207,7 @@ private slots:
     void anIconThatIsNoFileIsLeftOut();
     void anImageIsDecodedWhenItIsDrawn();
     void aFileThatIsNoImageDrawsNothing();
+    void anImageThatBreaksOffDrawsNothing();
     void anIconKeepsItsShape_data();
     void anIconKeepsItsShape();
 
@@ -723,6 +724,17 @@ void SpecSelectorTest::aFileThatIsNoImageDrawsNothing()
     QVERIFY(selector.itemIcon(0).pixmap(24, 18).isNull());
     QVERIFY(selector.itemIcon(1).pixmap(24, 18).isNull());
     QVERIFY(!selector.grab().isNull());
+}
+
+// Its size can be read.
+void SpecSelectorTest::anImageThatBreaksOffDrawsNothing()
+{
+    const QByteArray whole = DataFixture::png(Qt::red);
+    QVERIFY(data->write(QStringLiteral("us.png"), whole.first(whole.size() / 2)));
+    const QIcon icon = FileIconEngine::iconOf(QStringLiteral("us.png"));
+    QVERIFY(!icon.actualSize({24, 18}).isEmpty());
+    QVERIFY(icon.pixmap(24, 18).isNull());
+    QVERIFY(icon.actualSize({24, 18}).isEmpty());
 }
 
 void SpecSelectorTest::anIconKeepsItsShape_data()

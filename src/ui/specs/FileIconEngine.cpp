@@ -38,8 +38,14 @@ QPixmap FileIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State
     const QSize fitting = actualSize(size, mode, state);
     if (fitting.isEmpty())
         return {};
-    if (drawn.size() != fitting)
-        drawn = QPixmap(path).scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (drawn.size() != fitting) {
+        const QPixmap whole(path);
+        if (whole.isNull()) {
+            imageSize = QSize(); // broken behind its head: it is not tried again
+            return {};
+        }
+        drawn = whole.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
     return QIcon(drawn).pixmap(fitting, 1.0, mode, state);
 }
 

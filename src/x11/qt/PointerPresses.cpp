@@ -218,7 +218,7 @@ void PointerPresses::askForFocus(Time time) const
             static_cast<xcb_timestamp_t>(time));
 }
 
-// Of a press that may wait itself.
+// A move or a release waits behind its press, if that waits.
 void PointerPresses::report(const Report& later)
 {
     const bool waits = std::any_of(
@@ -310,7 +310,7 @@ bool PointerPresses::isOurs(const DeviceEvent& event) const
                             : native->childAt(position) == widget;
 }
 
-// As far as the window takes it.
+// A window that never takes the focus needs none.
 bool PointerPresses::hasFocus() const
 {
     const QWidget* window = widget->window();
