@@ -400,7 +400,7 @@ void SpecSelectorTest::aHugeTableTakesLittleMoreThanItsText()
     QVERIFY(data->writeTable(text));
     const auto inUse = [] {
         const struct mallinfo2 info = mallinfo2();
-        return static_cast<qsizetype>(info.uordblks + info.hblkhd);
+        return static_cast<qsizetype>(info.uordblks) + static_cast<qsizetype>(info.hblkhd);
     };
 
     const qsizetype before = inUse();
