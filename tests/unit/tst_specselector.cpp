@@ -353,6 +353,9 @@ void SpecSelectorTest::aForeignTableIsReadAsFarAsItGoes_data()
     QTest::newRow("a byte order mark") << "\xEF\xBB\xBF" + good + '\n' << QStringList{a};
     QTest::newRow("a byte order mark before a comment")
         << "\xEF\xBB\xBF#x\ti\tpc104\tus\n" + good << QStringList{a};
+    QTest::newRow("a byte order mark in the middle, where tables were joined")
+        << good + "\n \xEF\xBB\xBF#x\ti\tpc104\tus\n\xEF\xBB\xBF" + "B\ti\tpc104\tus\n"
+        << QStringList{a, QStringLiteral("B")};
     QTest::newRow("NUL bytes") << QByteArray("B\0\0\ti\tp\0c\tus\n", 13) + good
                                << QStringList{a, QStringLiteral("B")};
     QTest::newRow("a NUL byte in the icon name")

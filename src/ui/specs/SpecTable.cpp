@@ -37,6 +37,12 @@ QByteArray plainText(QByteArray text)
     return text;
 }
 
+// A byte order mark counts as space: files that were joined have some in the middle.
+bool isSpaceOrMark(QChar each)
+{
+    return each.isSpace() || each == QChar(QChar::ByteOrderMark);
+}
+
 // In bytes.
 qsizetype spaceBefore(QByteArrayView line)
 {
@@ -46,9 +52,9 @@ qsizetype spaceBefore(QByteArrayView line)
     if (plain == line.end() || isAscii(*plain))
         return skipped;
     // Unicode has spaces beyond ASCII.
-    const QString rest = QString::fromUtf8(line.sliced(skipped));
-    const auto* text =
-        std::find_if_not(rest.begin(), rest.end(), [](QChar each) { return each.isSpace(); });
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    const QString rest = decoder(line.sliced(skipped));
+    const auto* text = std::find_if_not(rest.begin(), rest.end(), isSpaceOrMark);
     return skipped + rest.first(text - rest.begin()).toUtf8().size();
 }
 
