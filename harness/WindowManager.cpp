@@ -19,6 +19,8 @@ namespace {
 constexpr int startLimitMs = 15000;
 // How long a change may go unseen that the root window does not announce.
 constexpr int lookAgainMs = 50;
+// A server takes no longer for an answer, however busy the machine.
+constexpr int answerLimitMs = 1000;
 
 struct ManagerCommand {
     const char* name = nullptr;
@@ -87,6 +89,14 @@ bool isManagedWindow(Display* display, Window window)
     return std::find(properties.get(), end, XInternAtom(display, "WM_STATE", x11::xFalse)) != end;
 }
 
+Window windowWithNews(Display* display)
+{
+    const Window window =
+        XCreateSimpleWindow(display, XDefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
+    XSelectInput(display, window, PropertyChangeMask);
+    return window;
+}
+
 // Some managers announce themselves before they serve requests, and lose those that come in
 // between: maps a window of its own until one is managed.
 bool waitUntilManaged(const QByteArray& displayName, ChildProcess& manager)
@@ -95,9 +105,7 @@ bool waitUntilManaged(const QByteArray& displayName, ChildProcess& manager)
     if (!connection)
         return false;
     Display* const display = connection.get();
-    const Window probe =
-        XCreateSimpleWindow(display, XDefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
-    XSelectInput(display, probe, PropertyChangeMask);
+    const Window probe = windowWithNews(display);
     XSelectInput(display, XDefaultRootWindow(display), PropertyChangeMask);
     const QDeadlineTimer deadline(startLimitMs);
     while (!isManaged(display) || !isManagedWindow(display, probe)) {
@@ -115,8 +123,10 @@ bool waitUntilManaged(const QByteArray& displayName, ChildProcess& manager)
 WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
     : manager(std::make_unique<ChildProcess>(prepared(commandOf(name), QDir(home.path())),
           privateEnvironment(display, home.path().toLocal8Bit())))
+    , connection(openDisplay(display))
+    , answerWindow(connection ? windowWithNews(connection.get()) : x11::none)
 {
-    if (!waitUntilManaged(display, *manager)) {
+    if (!connection || !waitUntilManaged(display, *manager)) {
         throw std::runtime_error(name.toStdString()
             + " does not manage the display: " + manager->output().toStdString());
     }
@@ -126,9 +136,29 @@ WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
 void WindowManager::suspend() const
 {
     kill(-manager->processId(), SIGSTOP);
+    // What it has asked before may not have been read when the first answer comes.
+    while (!serverAnswers() || !serverAnswers()) {
+        resume();
+        XSync(connection.get(), x11::xTrue);
+        kill(-manager->processId(), SIGSTOP);
+    }
 }
 
 void WindowManager::resume() const
 {
     kill(-manager->processId(), SIGCONT);
+}
+
+// Does not wait for ever, as XSync would.
+bool WindowManager::serverAnswers() const
+{
+    Display* const display = connection.get();
+    XChangeProperty(display, answerWindow, XA_WM_NAME, XA_STRING, 8, PropModeReplace, nullptr, 0);
+    XFlush(display);
+    pollfd server{ConnectionNumber(display), POLLIN, 0};
+    const bool answered = poll(&server, 1, answerLimitMs) > 0;
+    XEvent event;
+    while (XPending(display) > 0)
+        XNextEvent(display, &event);
+    return answered;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "harness/ChildProcess.h"
+#include "harness/XTools.h"
 
 #include <QTemporaryDir>
 
@@ -16,11 +17,16 @@ public:
     // takes more than fifteen seconds.
     WindowManager(const QByteArray& name, const QByteArray& display);
 
-    // A manager that is late: from suspend() to resume() it answers nothing.
+    // A manager that is late: from suspend() to resume() it answers nothing. Never stops it while
+    // it has the server to itself, as managers do for moments (XGrabServer).
     void suspend() const;
     void resume() const;
 
 private:
+    bool serverAnswers() const;
+
     QTemporaryDir home;
     std::unique_ptr<ChildProcess> manager;
+    XConnection connection;
+    Window answerWindow; // never shown; its properties announce that the server has read a request
 };
