@@ -167,10 +167,13 @@ QString labelWithoutRow(quint32 keysym)
 
 } // namespace
 
+// Filled for the first table; all later ones share the same rows.
 KbdLabelTable::KbdLabelTable()
 {
-    fillLanguages();
-    fillLabels();
+    static const Languages allLanguages = filledLanguages();
+    static const Labels allLabels = filledLabels();
+    languages = allLanguages;
+    labels = allLabels;
 }
 
 QString KbdLabelTable::label(
@@ -187,19 +190,23 @@ QString KbdLabelTable::label(
     return labelWithoutRow(keysym);
 }
 
-void KbdLabelTable::fillLanguages()
+KbdLabelTable::Languages KbdLabelTable::filledLanguages()
 {
+    Languages filled;
     for (const LanguageRow& row : languageRows)
-        languages.insert(textOf(row.layout), {0, row.language});
+        filled.insert(textOf(row.layout), {0, row.language});
+    return filled;
 }
 
-void KbdLabelTable::fillLabels()
+KbdLabelTable::Labels KbdLabelTable::filledLabels()
 {
-    labels.reserve(std::size(glyphRows) + std::size(textRows) + std::size(nationalRows));
+    Labels filled;
+    filled.reserve(std::size(glyphRows) + std::size(textRows) + std::size(nationalRows));
     for (const GlyphRow& row : glyphRows)
-        labels.insert({row.keysym, 0}, textOf({&row.glyph, 1}));
+        filled.insert({row.keysym, 0}, textOf({&row.glyph, 1}));
     for (const TextRow& row : textRows)
-        labels.insert({row.keysym, 0}, textOf(row.text));
+        filled.insert({row.keysym, 0}, textOf(row.text));
     for (const NationalRow& row : nationalRows)
-        labels.insert({row.keysym, row.language}, textOf(row.text));
+        filled.insert({row.keysym, row.language}, textOf(row.text));
+    return filled;
 }

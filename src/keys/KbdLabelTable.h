@@ -3,8 +3,8 @@
 #include <QHash>
 #include <QString>
 
-// The short texts that key caps carry for keysyms, in the language of a layout. Built once, then
-// only read.
+// The short texts that key caps carry for keysyms, in the language of a layout. Its rows
+// are put together once in a process, and then only read.
 class KbdLabelTable {
 public:
     KbdLabelTable();
@@ -31,9 +31,12 @@ private:
         }
     };
 
-    void fillLanguages();
-    void fillLabels();
+    using Languages = QHash<QString, Key>; // by layout or variant name; the keysym word is always 0
+    using Labels = QHash<Key, QString>;
 
-    QHash<QString, Key> languages; // by layout or variant name; the keysym word is always 0
-    QHash<Key, QString> labels;
+    static Languages filledLanguages();
+    static Labels filledLabels();
+
+    Languages languages;
+    Labels labels;
 };
