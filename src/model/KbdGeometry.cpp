@@ -140,8 +140,9 @@ void KbdGeometry::load(
     const KeyboardState state = serverState->state();
     modifierState.startWith(state.lockedModifiers);
     groupAtLoad = state.lockedGroup;
-    keyboardItems = std::make_unique<KeyboardItems>(
-        *keyboard, settings, modifierState.lockMask(), keyboardScene);
+    keyboardItems =
+        std::make_unique<KeyboardItems>(*keyboard, modifierState.lockMask(), keyboardScene);
+    keyboardItems->addCaptions(settings);
     sender = std::make_unique<KeySender>(display, serverState.get());
 }
 

@@ -48,8 +48,8 @@ bool isNamed(const QString& name, const char* indicator)
 
 } // namespace
 
-KeyboardItems::KeyboardItems(const LoadedKeyboard& loadedKeyboard, const KeyboardSettings& settings,
-    ShiftMask_t lockMask, QGraphicsScene* scene)
+KeyboardItems::KeyboardItems(
+    const LoadedKeyboard& loadedKeyboard, ShiftMask_t lockMask, QGraphicsScene* scene)
     : keyboard(loadedKeyboard)
     , keyboardScene(scene)
     , labelTable(std::make_unique<KbdLabelTable>())
@@ -65,7 +65,6 @@ KeyboardItems::KeyboardItems(const LoadedKeyboard& loadedKeyboard, const Keyboar
     if (placements.bounds.isEmpty())
         placements.bounds.widen(0, 0, geometry.width_mm, geometry.height_mm);
     addBackground(placements.bounds);
-    addCaptions(placements.bounds, settings);
     keyboardScene->setSceneRect(background->rect().adjusted(0, 0, 0, captionRoom));
 }
 
@@ -192,9 +191,11 @@ void KeyboardItems::addBackground(const PictureBounds& bounds)
     background->setZValue(backgroundZ);
 }
 
-// Side by side below the background.
-void KeyboardItems::addCaptions(const PictureBounds& bounds, const KeyboardSettings& settings)
+// Side by side.
+void KeyboardItems::addCaptions(const KeyboardSettings& settings)
 {
+    const QRect bounds = background->rect().toRect().adjusted(
+        backgroundMargin, backgroundMargin, -backgroundMargin, -backgroundMargin);
     const QStringList texts{tr("Model:  %1").arg(settings.model),
         tr("Layout:  %1").arg(settings.layout), tr("Variant:  %1").arg(settings.variant),
         tr("Options:  %1").arg(settings.options)};
@@ -203,23 +204,25 @@ void KeyboardItems::addCaptions(const PictureBounds& bounds, const KeyboardSetti
     for (const QString& text : texts)
         widths << qCeil(metrics.horizontalAdvance(text)) + captionFrame;
 
-    const CaptionRow row{bounds.minX, bounds.maxX - bounds.minX, bounds.maxX + backgroundMargin,
-        captionGap - captionFrame};
+    const int right = bounds.x() + bounds.width();
+    const int bottom = bounds.y() + bounds.height();
+    const CaptionRow row{
+        bounds.x(), bounds.width(), right + backgroundMargin, captionGap - captionFrame};
     const QList<CaptionPlace> places = placesInRow(row, widths);
     const std::array captions{&modelText, &layoutText, &variantText, &optionsText};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         const auto index = static_cast<qsizetype>(i);
         const QString shown = metrics.elidedText(
             texts.at(index), Qt::ElideRight, places.at(index).room - captionFrame + spareRoom);
-        *captions[i] = addCaption(shown, {places.at(index).x, bounds.maxY + backgroundMargin});
+        *captions[i] = addCaption(shown, {places.at(index).x, bottom + backgroundMargin});
     }
 }
 
 QGraphicsTextItem* KeyboardItems::addCaption(const QString& text, const QPoint& place)
 {
     auto* caption = new QGraphicsTextItem;
-    caption->setHtml(text.toHtmlEscaped());
     caption->setFont(captionFont());
+    caption->setHtml(text.toHtmlEscaped()); // laid out in this font at once
     caption->setPos(place);
     caption->setZValue(captionZ);
     keyboardScene->addItem(caption);

@@ -35,8 +35,11 @@ public:
     // The keyboard and the scene are borrowed and outlive the items; the scene's parent, the view,
     // becomes the QObject parent of the keys and doodads. lockMask: the modifiers whose keys lock.
     // The scene gets the size of the picture, in tenths of a millimetre.
-    KeyboardItems(const LoadedKeyboard& loadedKeyboard, const KeyboardSettings& settings,
-        ShiftMask_t lockMask, QGraphicsScene* scene);
+    KeyboardItems(
+        const LoadedKeyboard& loadedKeyboard, ShiftMask_t lockMask, QGraphicsScene* scene);
+
+    // Adds the captions below the keyboard. To be called once.
+    void addCaptions(const KeyboardSettings& settings);
 
     // Takes the items out of the scene and deletes them.
     ~KeyboardItems();
@@ -62,7 +65,6 @@ private:
     void addKey(const KeyContext& context, const QByteArray& name, const KeyPlacement& place);
     void pairModifierKeys();
     void addBackground(const PictureBounds& bounds);
-    void addCaptions(const PictureBounds& bounds, const KeyboardSettings& settings);
     QGraphicsTextItem* addCaption(const QString& text, const QPoint& place);
 
     const LoadedKeyboard& keyboard;
