@@ -13,7 +13,6 @@
 
 #include <QApplication>
 #include <QGraphicsScene>
-#include <QGraphicsView>
 #include <QImage>
 #include <QPainter>
 
@@ -202,9 +201,9 @@ void show(XkbDescription keymap, Chance& chance)
     LoadedKeyboard keyboard{std::make_unique<XDisplayClass>(nullptr), std::move(keymap), {}, {}, 4,
         {{"de", "us", QString::fromUtf8(chance.text()), ""}, {"", ""}}, {}};
     if (isComplete(*keyboard.xkb)) {
-        QGraphicsView view;
-        QGraphicsScene scene(&view);
-        const KeyboardItems items(keyboard, {}, static_cast<ShiftMask_t>(chance.byte()), &scene);
+        QObject owner;
+        QGraphicsScene scene(&owner);
+        const KeyboardItems items(keyboard, static_cast<ShiftMask_t>(chance.byte()), &scene);
         paintIn(items, scene, chance);
     }
     keyboard.xkb->geom = nullptr; // not Xlib's
