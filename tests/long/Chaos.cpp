@@ -26,8 +26,10 @@ constexpr int firstKeypadKey = 79; // "7"; those with "*" and "/" move no pointe
 constexpr int lastKey = 91; // keypad decimal
 constexpr int lastButton = 3;
 constexpr int pressMs = 200; // as long as a press lasts at the most before the program is killed
+constexpr int dropMs = 1000; // that a picture may show no locks, if nothing else goes on
 constexpr int workspaces = 2;
 constexpr unsigned char locks = 2 | 16; // Caps Lock and Num Lock in the usual keymaps
+constexpr unsigned char noLock = 32; // a modifier that no key of the usual keymaps locks
 
 const QStringList layouts{"us", "de", "us,ru", "fr", "il", "us,gr,ru", "jp"};
 
@@ -69,6 +71,7 @@ void Chaos::live(const QByteArray& programOption)
 {
     option = programOption;
     isBroken = false;
+    mayDropLocks = false;
     if (start())
         goOn();
     end();
@@ -299,6 +302,7 @@ void Chaos::chooseLayout()
     since.last() += QLatin1Char(' ') + layout;
     kbdSpec_t spec{layout, layout, QString(), {"pc105"}, {layout}, {QString()}};
     program.window().newKbdSelected(&spec);
+    mayDropLocks = true;
 }
 
 void Chaos::minimise()
@@ -365,13 +369,24 @@ void Chaos::releaseLockedButtons()
         XTestFakeButtonEvent(display, button, x11::xFalse, CurrentTime);
 }
 
+// It is given that a new picture drops the server's locks at its first modifier key, until the
+// server reports them.
+void Chaos::haveStateReported()
+{
+    XkbLockModifiers(display, x11::coreKeyboard, noLock, noLock);
+    XkbLockModifiers(display, x11::coreKeyboard, noLock, 0);
+}
+
 void Chaos::look()
 {
     since << QStringLiteral("settle");
     settle();
     ++lookCount;
     const auto fault = [this] { return faultOf(program.picture(), display, name); };
-    if (!isBroken && !waitUntil([&] { return fault().isEmpty(); })) {
+    const auto isFine = [&] { return fault().isEmpty(); };
+    if (mayDropLocks && !QTest::qWaitFor(isFine, dropMs))
+        haveStateReported();
+    if (!isBroken && !waitUntil(isFine)) {
         isBroken = true;
         run.broken(QStringLiteral("%1: %2, after %3")
                 .arg(QString::fromLatin1(option), fault(), since.join(QLatin1String(", "))));

@@ -76,6 +76,7 @@ private:
     QPoint somewhere();
     void setMouseKeys(bool on);
     void releaseLockedButtons();
+    void haveStateReported();
     void goToWorkspace(long workspace);
 
     Display* display;
@@ -94,5 +95,6 @@ private:
     int lookCount = 0;
     int killCount = 0;
     bool hasMouseKeys = false;
+    bool mayDropLocks = false; // a choice has replaced the picture
     bool isBroken = false; // in this start: what follows says no more
 };
