@@ -387,9 +387,7 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
     if (!worksPointer(keyboardItems->keyOf(x11Keycode), *server))
         return sender->pressThroughXTest(x11Keycode, modifierKeys);
     // Released before mouse keys are on again: a key that repeats would work the pointer, too.
-    server->setMouseKeys(false);
-    sender->typeThroughXTest(x11Keycode, modifierKeys);
-    server->setMouseKeys(true);
+    server->withoutMouseKeys([&] { sender->typeThroughXTest(x11Keycode, modifierKeys); });
 }
 
 void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)

@@ -1,6 +1,7 @@
 #include "x11/CoreKeyboard.h"
 
 #include "x11/Queries.h"
+#include "x11/ServerGrab.h"
 #include "x11/X11.h"
 
 #include <array>
@@ -57,4 +58,15 @@ void CoreKeyboard::setMouseKeys(bool on) const
     XkbChangeEnabledControls(
         display, x11::coreKeyboard, XkbMouseKeysMask, on ? XkbMouseKeysMask : 0);
     XFlush(display);
+}
+
+void CoreKeyboard::withoutMouseKeys(const std::function<void()>& work) const
+{
+    const ServerGrab grab(display);
+    const bool wereOn = hasMouseKeysOn();
+    if (wereOn)
+        setMouseKeys(false);
+    work();
+    if (wereOn)
+        setMouseKeys(true);
 }

@@ -3,6 +3,7 @@
 #include "x11/Types.h"
 
 #include <bitset>
+#include <functional>
 
 // What the server can do and what its core keyboard is like. An answer is as of the call and costs
 // a round trip. The state of the keyboard is followed instead of asked for (qt/FollowedKeyboard.h).
@@ -26,6 +27,10 @@ public:
     // buttons. The second has left for the server when the call returns.
     bool hasMouseKeysOn() const;
     void setMouseKeys(bool on) const;
+
+    // Does the work while that control is off, and leaves it as it was: no other program can change
+    // it meanwhile. The work is short, for the server serves no other program.
+    void withoutMouseKeys(const std::function<void()>& work) const;
 
 private:
     Display* display;

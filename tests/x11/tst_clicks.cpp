@@ -18,7 +18,9 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <memory>
+#include <poll.h>
 
 namespace {
 
@@ -26,6 +28,7 @@ constexpr int leftButton = 1;
 constexpr int rightButton = 3;
 
 constexpr int suspensionMs = 1000;
+constexpr int patienceMs = 300; // with a server that serves another program
 
 constexpr unsigned int allButtons =
     Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask;
@@ -40,6 +43,22 @@ QStringList typedBy(int clicks)
     for (int click = 0; click < clicks; ++click)
         result << typedByRow.at(static_cast<std::size_t>(click) % typedByRow.size());
     return result;
+}
+
+// XKB protocol, "SetControls".
+bool isChangeOfControls(const QByteArray& request, int xkbOpcode)
+{
+    constexpr char setControls = 7;
+    return static_cast<unsigned char>(request.at(0)) == xkbOpcode && request.at(1) == setControls;
+}
+
+// Returns when the server has done it, or does not listen because it serves another program only.
+void tryToSwitchOffMouseKeys(Display* display)
+{
+    XkbSelectEvents(display, x11::coreKeyboard, XkbControlsNotifyMask, XkbControlsNotifyMask);
+    CoreKeyboard(display).setMouseKeys(false);
+    pollfd readable{XConnectionNumber(display), POLLIN, 0};
+    poll(&readable, 1, patienceMs);
 }
 
 kbdSpec_t germanSpec()
@@ -71,6 +90,7 @@ private slots:
     void noKeyStaysDownWhenTheKeyboardChangesUnderAButton();
     void aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn_data();
     void aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn();
+    void mouseKeysThatAreSwitchedOffDuringAClickStayOff();
 
 private:
     bool start(const QByteArray& option, const QByteArray& programDisplay);
@@ -332,6 +352,30 @@ void ClicksTest::aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn()
     QTRY_COMPARE(pressed(), QList<int>());
     QCOMPARE(buttonsDown(), 0);
     QVERIFY(CoreKeyboard(connection.get()).hasMouseKeysOn());
+}
+
+// The program asks for mouse keys again after the key; just before it another program wants them
+// off.
+void ClicksTest::mouseKeysThatAreSwitchedOffDuringAClickStayOff()
+{
+    const XConnection other = openDisplay(display);
+    int opcode = 0;
+    QVERIFY(XkbQueryExtension(other.get(), &opcode, nullptr, nullptr, nullptr, nullptr));
+    std::atomic<int> changes = 0; // counted in the proxy's thread
+    hider = std::make_unique<XProxy>(
+        display, XProxyManners{{}, [&](QByteArray& request) {
+                                   if (isChangeOfControls(request, opcode) && ++changes == 2)
+                                       tryToSwitchOffMouseKeys(other.get());
+                               }});
+    QVERIFY(start("--tofocus", hider->display()));
+    QVERIFY(startTarget());
+    setMouseKeys(true);
+    click("KPAD");
+    click("AC01"); // once it has come, the program has done all that
+    QTRY_COMPARE(typed(), QStringList({"KP_Add", "a"}));
+    QCOMPARE(changes.load(), 2);
+    QTRY_VERIFY(!CoreKeyboard(connection.get()).hasMouseKeysOn());
+    QTRY_COMPARE(pressed(), QList<int>());
 }
 
 int main(int argc, char** argv)
