@@ -28,7 +28,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPixmapCache>
-#include <QTimer>
 #include <QTranslator>
 
 #include <array>
@@ -49,6 +48,9 @@ constexpr char translationPrefix[] = "orvix-keyboard-layout_";
 // In kilobytes, of Qt's cache of pictures from files: the last flags that were shown. Qt would keep
 // five times as much.
 constexpr int pictureCacheLimit = 2048;
+
+constexpr int litKeysMs =
+    1000; // after the last press; a key that repeats is pressed again and again
 
 constexpr char waylandLine[] = "Keys clicked here reach the windows of X programs only: this X "
                                "server (Xwayland) hands none on to Wayland programs.";
@@ -430,7 +432,17 @@ void KbdApp::connectMainWindow()
     connect(this, SIGNAL(x11NewKbdEventOut()), mainWindow, SLOT(x11NewKbdEventIn()));
     connect(this, SIGNAL(x11LockStateChangedOut()), mainWindow, SLOT(x11LockStateChangedIn()));
     connect(this, &BrindleApplication::focusLost, mainWindow, &MainWindow::releasePhysicalKeys);
+    connect(&litKeysTimer, &QTimer::timeout, this, &KbdApp::lookAfterLitKeys);
     connect(new SignalWatch(this), &SignalWatch::askedToEnd, this, &QCoreApplication::quit);
+}
+
+// Their releases may come to nobody: the server keeps them back while a mouse key is down (XKB's
+// control MouseKeys), and another program that grabs the keyboard gets them. Raw events, which the
+// mode beside other programs takes, always come.
+void KbdApp::lookAfterLitKeys()
+{
+    if (!mainWindow->releaseKeysThatAreUp())
+        litKeysTimer.stop();
 }
 
 void KbdApp::launchSwitcher()
@@ -458,6 +470,8 @@ bool KbdApp::x11EventFilter(XEvent* event)
 {
     if (event->type == x11::keyPress) {
         emit x11KeyPressEventOut(&event->xkey);
+        if (!toFocus)
+            litKeysTimer.start(litKeysMs);
     } else if (event->type == x11::keyRelease) {
         emit x11KeyReleaseEventOut(&event->xkey);
     } else if (event->type == x11::focusIn && mainWindow) {

@@ -4,6 +4,8 @@
 #include "platform/BrindleApplication.h"
 #include "x11/X11.h"
 
+#include <QTimer>
+
 #include <array>
 #include <memory>
 
@@ -88,6 +90,7 @@ private:
     void connectMainWindow();
     void launchSwitcher();
     void tellWhatCannotWork() const;
+    void lookAfterLitKeys();
 
     // QApplication keeps a reference to argc, from before there is an object; this outlives it.
     // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
@@ -116,4 +119,5 @@ private:
     std::unique_ptr<KeymapGate> keymapGate;
     std::unique_ptr<XcbEventBridge> eventBridge;
     std::unique_ptr<PhysicalKeys> physicalKeys; // only with toFocus
+    QTimer litKeysTimer; // runs while the picture shows a key as pressed; without toFocus only
 };

@@ -18,6 +18,7 @@
 #include <QScopedValueRollback>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -291,17 +292,19 @@ void KbdGeometry::releasePhysicalKeys()
     }
 }
 
-void KbdGeometry::releaseKeysThatAreUp()
+bool KbdGeometry::releaseKeysThatAreUp()
 {
     QList<KbdKey*> lit = keyboardItems->allKeys();
     lit.removeIf([](const KbdKey* key) { return !key->isPhysicallyDown(); });
     if (lit.isEmpty())
-        return;
+        return false;
     const std::bitset<256> down = server->keysDown();
+    const auto isUp = [&](const KbdKey* key) { return !down.test(key->x11Keycode()); };
     for (KbdKey* key : std::as_const(lit)) {
-        if (!down.test(key->x11Keycode()))
+        if (isUp(key))
             key->keyReleaseEventIn();
     }
+    return !std::all_of(lit.cbegin(), lit.cend(), isUp);
 }
 
 void KbdGeometry::modifierPressed(KeyCode keycode, KeyType_t type, ShiftMask_t mask)

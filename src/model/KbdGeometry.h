@@ -72,9 +72,9 @@ public:
     KeyGroup_t firstGroup() const;
 
     // Shows no key as pressed, for a time without key events; and, after a short one, only those
-    // that are down still, which it asks the server.
+    // that are down still, which it asks the server. True if there are any.
     void releasePhysicalKeys();
-    void releaseKeysThatAreUp();
+    bool releaseKeysThatAreUp();
 
     QSizeF pictureSize() const { return sceneRect().size(); } // in units of the scene
 

@@ -290,9 +290,9 @@ void MainWindow::releasePhysicalKeys()
     view->releasePhysicalKeys();
 }
 
-void MainWindow::releaseKeysThatAreUp()
+bool MainWindow::releaseKeysThatAreUp()
 {
-    view->releaseKeysThatAreUp();
+    return view->releaseKeysThatAreUp();
 }
 
 void MainWindow::modeChanged(int which)

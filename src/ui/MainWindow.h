@@ -54,9 +54,9 @@ public:
     // shows as pressed.
     void releasePhysicalKeys();
 
-    // This program has the focus again: the picture lets go of the keys that have gone up
-    // meanwhile.
-    void releaseKeysThatAreUp();
+    // The picture lets go of keys that have gone up without an event, as while another program had
+    // the focus. True if it shows others that are down still. Asks the server where it shows any.
+    bool releaseKeysThatAreUp();
 
     // Shows in the selector which entry the picture is, and its flag; loads nothing. Changes
     // nothing where the table has no such keyboard. The options do not count.

@@ -11,6 +11,7 @@
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
 #include "ui/TypingArea.h"
+#include "x11/CoreKeyboard.h"
 #include "x11/Property.h"
 #include "x11/X11.h"
 #include "x11/qt/ToolkitDisplay.h"
@@ -44,6 +45,7 @@ private slots:
     void theClickDoesNotLeaveTheWindowsFocus();
     void aKeyLitIsLetGoWhenAnotherWindowTakesTheFocus();
     void aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo();
+    void aKeyThatGoesUpWhileAMouseKeyIsDownIsLetGo();
     void modifiersStayHeldAfterAnotherKeyboardWasChosen();
     void aPhysicalShiftCountsAfterOursHasGoneToAnotherWindow();
     void aShiftThatTheUserHoldsAsWellGoesOutWithOurs();
@@ -265,6 +267,20 @@ void TryOutTest::aKeyThatGoesUpWhileTheFocusIsAwayForAMomentIsLetGo()
     stroke(XK_n);
     QTRY_COMPARE(typed().right(1), QStringLiteral("n"));
     QVERIFY(!key("AB05")->isPhysicallyDown());
+}
+
+// Which the server tells nobody of.
+void TryOutTest::aKeyThatGoesUpWhileAMouseKeyIsDownIsLetGo()
+{
+    const CoreKeyboard keyboard(display.get());
+    keyboard.setMouseKeys(true);
+    physicalKey(XK_b, true);
+    QTRY_VERIFY(key("AB05")->isPhysicallyDown());
+    physicalKey(XK_KP_Right, true);
+    physicalKey(XK_b, false);
+    physicalKey(XK_KP_Right, false);
+    keyboard.setMouseKeys(false);
+    QTRY_VERIFY(!key("AB05")->isPhysicallyDown());
 }
 
 void TryOutTest::chooseAnotherKeyboard()
