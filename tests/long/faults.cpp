@@ -1,6 +1,6 @@
 // Faults around the program: the server stopped or gone, keyboards that come faster than anyone can
-// look, tools that lie, no fonts, no room to write. The program goes on, or ends with a status and
-// words; it never crashes, never hangs, and leaves no key down.
+// look, tools that lie, geometries that nobody would draw, no fonts, no room to write. The program
+// goes on, or ends with a status and words; it never crashes, never hangs, and leaves no key down.
 
 #include "harness/KeyTargetProcess.h"
 #include "harness/PrivateServer.h"
@@ -10,10 +10,12 @@
 #include "harness/XErrors.h"
 #include "harness/XProxy.h"
 #include "harness/XTools.h"
+#include "tests/long/HostileGeometries.h"
 #include "tests/long/LongRun.h"
 #include "x11/X11.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QStandardPaths>
@@ -69,9 +71,17 @@ constexpr std::array<const char*, 9> hostileLines{{
     "<b>Markup</b>\t<img>.png\tpc105\t<img src='/dev/zero'>\t&lt;",
     "A keymap's\tnone.png\tpc105\tus\" }; xkb_geometry { include \"none",
 }};
+constexpr char tableFile[] = "kbdSpecs.tab";
 constexpr int tooLong = 100000;
 constexpr int manyGroups = 1000;
 constexpr int noSuchEntry = 3; // see choosing_program.cpp
+constexpr qsizetype fewGeometries = 2; // that are tried however short the run is
+constexpr double pictureShare = 2.0 / 3; // of a window, from above
+constexpr double wholeWindow = 1;
+
+// Lines on standard error that nothing from outside may bring about.
+constexpr std::array<const char*, 4> wordsOfFailure{
+    "XCB error", "X Error", "runtime error", "Sanitizer"};
 
 bool write(const QString& path, const QByteArray& content)
 {
@@ -111,15 +121,21 @@ public:
     void xkbIsAbsent();
     void clientIsUntrusted();
     void tableIsHostile();
+    void geometriesAreHostile();
 
     int count() const { return suffered; }
 
 private:
+    void useProgram(const char* file);
     void useBadTool(const ToolRow& row, const QTemporaryDir& directory);
-    bool choose(int entry, const QByteArray& table);
-    void verifyShownOrRefused();
+    void showGeometry(qsizetype index, const HostileXkbData& data);
+    bool choose(int entry, const QString& directory);
+    void verifyShownOrRefused(const QStringList& arguments, double share = pictureShare);
     bool start(const QStringList& arguments = {"--tofocus"});
-    void verifyAnswers();
+    void strikeKeys();
+    bool isDrawn(double share) const;
+    void verifyAnswers(double share = pictureShare);
+    void verifyNoFailure();
     void verifyEnds(bool mayBeZero);
     void broken(const QString& what) { run.broken(current + QStringLiteral(": ") + what); }
     QPoint somewhereIn(Window where);
@@ -140,11 +156,16 @@ void Faults::suffer(const char* word, Fault fault)
     ++suffered;
     server = std::make_unique<PrivateServer>();
     connection = openDisplay(server->display());
-    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), server->display());
+    useProgram(KBD_PROGRAM);
     (this->*fault)();
     program.reset();
     connection.reset();
     server.reset();
+}
+
+void Faults::useProgram(const char* file)
+{
+    program = std::make_unique<ProgramRun>(QString::fromLocal8Bit(file), server->display());
 }
 
 bool Faults::start(const QStringList& arguments)
@@ -156,27 +177,43 @@ bool Faults::start(const QStringList& arguments)
     return window != x11::none;
 }
 
+// Whether there is more than one colour in this share of the window, from above.
+bool Faults::isDrawn(double share) const
+{
+    const auto shown = grabWindow(connection.get(), window);
+    if (!shown || shown->image.isNull())
+        return false;
+    const QImage& image = shown->image;
+    const QRgb first = image.pixel(0, 0);
+    for (int y = 0; y < image.height() * share; ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != first)
+                return true;
+        }
+    }
+    return false;
+}
+
 // It draws: a program that hangs does not repaint a window that comes back.
-void Faults::verifyAnswers()
+void Faults::verifyAnswers(double share)
 {
     XUnmapWindow(connection.get(), window);
     XMapWindow(connection.get(), window);
     XSync(connection.get(), x11::xFalse);
-    const auto isDrawn = [this] {
-        const auto shown = grabWindow(connection.get(), window);
-        if (!shown || shown->image.isNull())
-            return false;
-        const QRgb first = shown->image.pixel(0, 0);
-        for (int x = 0; x < shown->image.width(); ++x) {
-            if (shown->image.pixel(x, shown->image.height() / 3) != first)
-                return true;
-        }
-        return false;
-    };
-    if (!waitUntil(isDrawn) || !program->isRunning())
+    if (!waitUntil([&] { return isDrawn(share); }) || !program->isRunning())
         broken(QStringLiteral("does not draw any more"));
     if (!waitUntil([this] { return pressedKeys(server->display()).isEmpty(); }))
         broken(QStringLiteral("a key is down"));
+    verifyNoFailure();
+}
+
+void Faults::verifyNoFailure()
+{
+    const QByteArray errors = program->errors();
+    for (const char* word : wordsOfFailure) {
+        if (errors.contains(word))
+            broken(QString::fromUtf8(errors));
+    }
 }
 
 void Faults::verifyEnds(bool mayBeZero)
@@ -188,6 +225,7 @@ void Faults::verifyEnds(bool mayBeZero)
         broken(QStringLiteral("ends with status %1").arg(status));
     if (!mayBeZero && program->errors().isEmpty())
         broken(QStringLiteral("ends without a word"));
+    verifyNoFailure();
 }
 
 void Faults::serverIsStopped()
@@ -296,7 +334,7 @@ void Faults::toolsLie()
 {
     for (const ToolRow& row : badTools) {
         const QTemporaryDir directory;
-        program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), server->display());
+        useProgram(KBD_PROGRAM);
         useBadTool(row, directory);
         program->start({"--standalone"});
         verifyEnds(false);
@@ -311,24 +349,22 @@ void Faults::toolsLieAtAChoice()
         const QTemporaryDir directory;
         const QByteArray script = "mv \"$0\" \"$0.first\"\nmv \"$0.then\" \"$0\"\nexec "
             + QStandardPaths::findExecutable(QStringLiteral("setxkbmap")).toLocal8Bit() + " \"$@\"";
-        program =
-            std::make_unique<ProgramRun>(QStringLiteral(KBD_CHOOSING_PROGRAM), server->display());
+        useProgram(KBD_CHOOSING_PROGRAM);
         useBadTool(row, directory);
         QFile::rename(directory.filePath(QStringLiteral("setxkbmap")),
             directory.filePath(QStringLiteral("setxkbmap.then")));
         if (!write(directory.filePath(QStringLiteral("setxkbmap")), "#!/bin/sh\n" + script + '\n'))
             return broken(QStringLiteral("no tool"));
-        choose(0, "Any\tany.png\tpc105\tfr\n");
+        if (!write(directory.filePath(QLatin1StringView(tableFile)), "Any\tany.png\tpc105\tfr\n"))
+            broken(QStringLiteral("no table"));
+        choose(0, directory.path());
     }
 }
 
-// Whether the list has an entry of this number. The table lies in the working directory.
-bool Faults::choose(int entry, const QByteArray& table)
+// Whether the list has an entry of this number. Its table lies in the directory.
+bool Faults::choose(int entry, const QString& directory)
 {
-    const QTemporaryDir directory;
-    if (!write(directory.filePath(QStringLiteral("kbdSpecs.tab")), table))
-        broken(QStringLiteral("no table"));
-    program->setWorkingDirectory(directory.path());
+    program->setWorkingDirectory(directory);
     program->setVariable(QStringLiteral("KBD_CHOICE"), QString::number(entry));
     program->start({"--standalone"});
     if (!program->waitForEnd())
@@ -338,6 +374,7 @@ bool Faults::choose(int entry, const QByteArray& table)
         return false;
     if (status < 0 || (status != 0 && program->errors().isEmpty()))
         broken(QStringLiteral("entry %1 ends it with status %2").arg(entry).arg(status));
+    verifyNoFailure();
     return true;
 }
 
@@ -349,12 +386,14 @@ void Faults::tableIsHostile()
         table += QByteArray(line) + '\n';
     table += "Long\tlong.png\tpc105\t" + QByteArray(tooLong, 'x') + '\n';
     table += "Groups\tgroups.png\tpc105\t" + QByteArray("us,").repeated(manyGroups) + "us\n";
+    const QTemporaryDir directory;
+    if (!write(directory.filePath(QLatin1StringView(tableFile)), table))
+        broken(QStringLiteral("no table"));
     int entry = 0;
     do {
         ++suffered;
-        program =
-            std::make_unique<ProgramRun>(QStringLiteral(KBD_CHOOSING_PROGRAM), server->display());
-    } while (choose(entry++, table) && run.goesOn());
+        useProgram(KBD_CHOOSING_PROGRAM);
+    } while (choose(entry++, directory.path()) && run.goesOn());
     if (run.goesOn() && entry <= static_cast<int>(hostileLines.size()))
         broken(QStringLiteral("only %1 entries in the list").arg(entry - 1));
 }
@@ -400,20 +439,64 @@ void Faults::clientIsUntrusted()
         return broken(QStringLiteral("no cookie"));
     program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), guarded.display());
     program->setVariable(QStringLiteral("XAUTHORITY"), untrusted);
-    verifyShownOrRefused();
+    verifyShownOrRefused({"--tofocus"});
     program.reset();
     connection.reset();
     qunsetenv("XAUTHORITY");
 }
 
-void Faults::verifyShownOrRefused()
+void Faults::verifyShownOrRefused(const QStringList& arguments, double share)
 {
-    program->start({"--tofocus"});
+    program->start(arguments);
     window = program->waitForWindow(connection.get());
     if (window == x11::none)
-        verifyEnds(false);
-    else
-        verifyAnswers();
+        return verifyEnds(false);
+    strikeKeys();
+    verifyAnswers(share);
+}
+
+void Faults::strikeKeys()
+{
+    for (int i = 0; i < strokes; ++i) {
+        const QPoint place = somewhereIn(window);
+        XTestFakeMotionEvent(connection.get(), -1, place.x(), place.y(), CurrentTime);
+        XTestFakeButtonEvent(connection.get(), 1, x11::xTrue, CurrentTime);
+        XTestFakeButtonEvent(connection.get(), 1, x11::xFalse, CurrentTime);
+    }
+    XSync(connection.get(), x11::xFalse);
+}
+
+// A short run tries a few, others each time.
+void Faults::geometriesAreHostile()
+{
+    const HostileXkbData data;
+    connection.reset();
+    server = std::make_unique<PrivateServer>(QStringList{"-xkbdir", data.path()});
+    connection = openDisplay(server->display());
+    const qsizetype count = hostileGeometries().size();
+    const auto first = static_cast<qsizetype>(chance() % static_cast<unsigned>(count));
+    for (qsizetype i = 0; i < count && (i < fewGeometries || run.goesOn()); ++i)
+        showGeometry((first + i) % count, data);
+}
+
+// It is the server's, and it is chosen at the start and in the list.
+void Faults::showGeometry(qsizetype index, const HostileXkbData& data)
+{
+    ++suffered;
+    current = QStringLiteral("geometry: ") + QLatin1StringView(hostileGeometries().at(index).word);
+    const QString name = HostileXkbData::name(index);
+    setKeyboard(server->display(), {"-geometry", name});
+    for (const char* mode : {"--tofocus", "--standalone"}) {
+        useProgram(KBD_PROGRAM);
+        program->setWorkingDirectory(data.path());
+        verifyShownOrRefused(
+            {QLatin1StringView(mode), "-model", name, "-layout", "us"}, wholeWindow);
+    }
+    useProgram(KBD_CHOOSING_PROGRAM);
+    if (!write(QDir(data.path()).filePath(QLatin1StringView(tableFile)),
+            "Hostile\tnone.png\t" + name.toLatin1() + "\tus\n")
+        || !choose(0, data.path()))
+        broken(QStringLiteral("no entry in the list"));
 }
 
 struct FaultRow {
@@ -421,7 +504,7 @@ struct FaultRow {
     Faults::Fault fault;
 };
 
-constexpr std::array<FaultRow, 12> rows{{
+constexpr std::array<FaultRow, 13> rows{{
     {"server stopped", &Faults::serverIsStopped},
     {"server killed", &Faults::serverIsKilled},
     {"a keyboard every 50 ms", &Faults::keyboardsComeFast},
@@ -434,6 +517,7 @@ constexpr std::array<FaultRow, 12> rows{{
     {"no XKB", &Faults::xkbIsAbsent},
     {"untrusted", &Faults::clientIsUntrusted},
     {"a hostile table", &Faults::tableIsHostile},
+    {"hostile geometries", &Faults::geometriesAreHostile},
 }};
 
 } // namespace
