@@ -348,7 +348,10 @@ void ClicksTest::aKeyOfTheKeypadIsTypedWhileMouseKeysAreOn()
     setMouseKeys(true);
     click(name.constData());
     click("AC01");
-    QTRY_COMPARE(typed(), QStringList({keysym, "a"}));
+    click("LFSH"); // its key goes down and up around the next one
+    click(name.constData());
+    QTRY_COMPARE(typed().mid(0, 3), QStringList({keysym, "a", "Shift_R"}));
+    QTRY_COMPARE(typed().size(), 4);
     QTRY_COMPARE(pressed(), QList<int>());
     QCOMPARE(buttonsDown(), 0);
     QVERIFY(CoreKeyboard(connection.get()).hasMouseKeysOn());
