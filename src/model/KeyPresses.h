@@ -12,7 +12,6 @@ class QMouseEvent;
 // which of them holds which key down. Every key that is pressed is released: when the button or
 // finger goes up, when a finger slides off the key, or at the latest by releaseAll(). The
 // destructor releases none: the view's KeySender does.
-// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, and held as what it is
 class KeyPresses final : private PointerPresses::Receiver {
 public:
     // The view shows the keys; it is borrowed and outlives this object.

@@ -298,7 +298,7 @@ void Chaos::chooseLayout()
 {
     if (option != "--standalone")
         return;
-    const QString layout = layouts.at(below(static_cast<int>(layouts.size())));
+    const QString& layout = layouts.at(below(static_cast<int>(layouts.size())));
     since.last() += QLatin1Char(' ') + layout;
     kbdSpec_t spec{layout, layout, QString(), {"pc105"}, {layout}, {QString()}};
     program.window().newKbdSelected(&spec);

@@ -55,6 +55,8 @@ class PointerPresses : public QAbstractNativeEventFilter {
 public:
     class Receiver {
     public:
+        virtual ~Receiver() = default;
+
         // A button or a finger has gone down. released() follows in any case: when the device is
         // removed, at the latest. It also comes before a second press of the same id.
         virtual void pressed(const PointerPress& press) = 0;
@@ -64,9 +66,6 @@ public:
 
         // time is the server's, in milliseconds.
         virtual void released(const PressId& id, Time time) = 0;
-
-    protected:
-        ~Receiver() = default;
     };
 
     // Both are borrowed and outlive this object. Nothing comes before watch().
