@@ -78,6 +78,7 @@ constexpr int noSuchEntry = 3; // see choosing_program.cpp
 constexpr qsizetype fewGeometries = 2; // that are tried however short the run is
 constexpr double pictureShare = 2.0 / 3; // of a window, from above
 constexpr double wholeWindow = 1;
+constexpr double leftShare = 3.0 / 4; // of its width
 
 // Lines on standard error that nothing from outside may bring about.
 constexpr std::array<const char*, 4> wordsOfFailure{
@@ -138,7 +139,7 @@ private:
     void verifyNoFailure();
     void verifyEnds(bool mayBeZero);
     void broken(const QString& what) { run.broken(current + QStringLiteral(": ") + what); }
-    QPoint somewhereIn(Window where);
+    QPoint somewhereIn(Window where, double widthShare = 1);
 
     LongRun& run;
     std::mt19937 chance;
@@ -265,14 +266,15 @@ void Faults::keyboardsComeFast()
 }
 
 // In the upper two thirds, which are the picture.
-QPoint Faults::somewhereIn(Window where)
+QPoint Faults::somewhereIn(Window where, double widthShare)
 {
     XWindowAttributes area{};
     XGetWindowAttributes(connection.get(), where, &area);
     const auto below = [this](int count) {
         return static_cast<int>(chance() % static_cast<unsigned>(std::max(1, count)));
     };
-    return {area.x + below(area.width), area.y + below(area.height * 2 / 3)};
+    const int width = static_cast<int>(area.width * widthShare);
+    return {area.x + below(width), area.y + below(area.height * 2 / 3)};
 }
 
 void Faults::targetsGoBetweenPressAndRelease()
@@ -455,10 +457,12 @@ void Faults::verifyShownOrRefused(const QStringList& arguments, double share)
     verifyAnswers(share);
 }
 
+// A flat picture leaves the upper two thirds to other controls. Those on the right print it and
+// close the window.
 void Faults::strikeKeys()
 {
     for (int i = 0; i < strokes; ++i) {
-        const QPoint place = somewhereIn(window);
+        const QPoint place = somewhereIn(window, leftShare);
         XTestFakeMotionEvent(connection.get(), -1, place.x(), place.y(), CurrentTime);
         XTestFakeButtonEvent(connection.get(), 1, x11::xTrue, CurrentTime);
         XTestFakeButtonEvent(connection.get(), 1, x11::xFalse, CurrentTime);
