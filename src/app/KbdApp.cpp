@@ -49,8 +49,8 @@ constexpr char translationPrefix[] = "orvix-keyboard-layout_";
 // five times as much.
 constexpr int pictureCacheLimit = 2048;
 
-constexpr int litKeysMs =
-    1000; // after the last press; a key that repeats is pressed again and again
+// After the last press; a key that repeats is pressed again and again.
+constexpr int litKeysMs = 1000;
 
 constexpr char waylandLine[] = "Keys clicked here reach the windows of X programs only: this X "
                                "server (Xwayland) hands none on to Wayland programs.";
