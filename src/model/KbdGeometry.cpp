@@ -107,8 +107,8 @@ KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNam
 {
     setUp(*this);
     KbdAccessible::install();
-    keyPresses = std::make_unique<KeyPresses>(this);
     load(settings, names, wantXTest);
+    keyPresses = std::make_unique<KeyPresses>(this, keyboardItems->allKeys());
     connectItems(*keyboardItems, this);
     enterKeys(*keyboardItems, modifierState);
     showModifiers();

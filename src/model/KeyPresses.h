@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/KeyFinder.h"
 #include "x11/qt/PointerPresses.h"
 
 #include <map>
@@ -15,8 +16,8 @@ class QMouseEvent;
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, and held as what it is
 class KeyPresses final : private PointerPresses::Receiver {
 public:
-    // The view shows the keys; it is borrowed and outlives this object.
-    explicit KeyPresses(QGraphicsView* picture);
+    // The view shows the keys; both are borrowed and outlive this object.
+    KeyPresses(QGraphicsView* picture, const QList<KbdKey*>& keys);
 
     // To be called whenever the view is shown.
     void watch() { presses.watch(); }
@@ -47,6 +48,7 @@ private:
     void letGoOf(const KbdKey* key);
 
     QGraphicsView* view;
+    KeyFinder finder;
     PointerPresses presses;
     std::map<PressId, KbdKey*> held;
     Qt::MouseButtons qtButtons; // down by Qt's account, and not straight from the device
