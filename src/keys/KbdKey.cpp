@@ -107,11 +107,11 @@ void KbdKey::mousePressEvent(QGraphicsSceneMouseEvent* event)
     pressByUser();
 }
 
+// A key leaves for the server before its new look is worked out: somebody waits for it.
 void KbdKey::pressByUser()
 {
     if (!keySymbols.hasGroups())
         return;
-    setHeldByUser(true);
     reportStroke(&KbdKey::virtualKeyPress, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyPressOut(x11Keycode());
@@ -119,6 +119,7 @@ void KbdKey::pressByUser()
         reportModifier(&KbdKey::modifierPressed);
     else
         toggleModifier();
+    setHeldByUser(true);
 }
 
 void KbdKey::setHeldByUser(bool held)
@@ -146,12 +147,12 @@ void KbdKey::releaseByUser()
 {
     if (!keySymbols.hasGroups())
         return;
-    setHeldByUser(false);
     reportStroke(&KbdKey::virtualKeyRelease, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyReleaseOut(x11Keycode());
     else if (keySymbols.hasLockModifier())
         reportModifier(&KbdKey::modifierReleased);
+    setHeldByUser(false);
 }
 
 void KbdKey::setPressed(bool down)
