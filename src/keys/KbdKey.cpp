@@ -33,6 +33,8 @@ QString KbdKey::activeLabel() const
 
 void KbdKey::setCurrentModifiers(ShiftMask_t modifiers)
 {
+    if (modifiers == keyState.currentModifiers)
+        return;
     const KeyAnnouncement announcement(this);
     keyState.currentModifiers = modifiers;
     showState();
@@ -40,12 +42,16 @@ void KbdKey::setCurrentModifiers(ShiftMask_t modifiers)
 
 void KbdKey::setMultipleCharacters(bool multiple)
 {
+    if (multiple == keyState.multipleCharacters)
+        return;
     keyState.multipleCharacters = multiple;
     showState();
 }
 
 void KbdKey::setSelectedGroup(KeyGroup_t selected)
 {
+    if (selected == keySymbols.selectedGroup())
+        return;
     const KeyAnnouncement announcement(this);
     keySymbols.setSelectedGroup(selected);
     showState();
