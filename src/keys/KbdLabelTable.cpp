@@ -169,8 +169,10 @@ QString labelWithoutRow(quint32 keysym)
 
 KbdLabelTable::KbdLabelTable()
 {
-    fillLanguages();
-    fillLabels();
+    static const QHash<QString, Key> sharedLanguages = languagesOfRows();
+    static const QHash<Key, QString> sharedLabels = labelsOfRows();
+    languages = sharedLanguages;
+    labels = sharedLabels;
 }
 
 QString KbdLabelTable::label(
@@ -187,14 +189,17 @@ QString KbdLabelTable::label(
     return labelWithoutRow(keysym);
 }
 
-void KbdLabelTable::fillLanguages()
+QHash<QString, KbdLabelTable::Key> KbdLabelTable::languagesOfRows()
 {
+    QHash<QString, Key> languages;
     for (const LanguageRow& row : languageRows)
         languages.insert(textOf(row.layout), {0, row.language});
+    return languages;
 }
 
-void KbdLabelTable::fillLabels()
+QHash<KbdLabelTable::Key, QString> KbdLabelTable::labelsOfRows()
 {
+    QHash<Key, QString> labels;
     labels.reserve(std::size(glyphRows) + std::size(textRows) + std::size(nationalRows));
     for (const GlyphRow& row : glyphRows)
         labels.insert({row.keysym, 0}, textOf({&row.glyph, 1}));
@@ -202,4 +207,5 @@ void KbdLabelTable::fillLabels()
         labels.insert({row.keysym, 0}, textOf(row.text));
     for (const NationalRow& row : nationalRows)
         labels.insert({row.keysym, row.language}, textOf(row.text));
+    return labels;
 }

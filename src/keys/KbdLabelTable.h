@@ -3,8 +3,8 @@
 #include <QHash>
 #include <QString>
 
-// The short texts that key caps carry for keysyms, in the language of a layout. Built once, then
-// only read.
+// The short texts that key caps carry for keysyms, in the language of a layout. Only read once
+// it is there; all tables share their rows, which the first one builds.
 class KbdLabelTable {
 public:
     KbdLabelTable();
@@ -31,8 +31,8 @@ private:
         }
     };
 
-    void fillLanguages();
-    void fillLabels();
+    static QHash<QString, Key> languagesOfRows();
+    static QHash<Key, QString> labelsOfRows();
 
     QHash<QString, Key> languages; // by layout or variant name; the keysym word is always 0
     QHash<Key, QString> labels;
