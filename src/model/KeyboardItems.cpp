@@ -218,8 +218,8 @@ void KeyboardItems::addCaptions(const PictureBounds& bounds, const KeyboardSetti
 QGraphicsTextItem* KeyboardItems::addCaption(const QString& text, const QPoint& place)
 {
     auto* caption = new QGraphicsTextItem;
+    caption->setFont(captionFont()); // a text that is there already would be laid out twice
     caption->setHtml(text.toHtmlEscaped());
-    caption->setFont(captionFont());
     caption->setPos(place);
     caption->setZValue(captionZ);
     keyboardScene->addItem(caption);
