@@ -13,11 +13,12 @@ class QMouseEvent;
 // which of them holds which key down. Every key that is pressed is released: when the button or
 // finger goes up, when a finger slides off the key, or at the latest by releaseAll(). The
 // destructor releases none: the view's KeySender does.
-// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, and held as what it is
 class KeyPresses final : private PointerPresses::Receiver {
 public:
     // The view shows the keys; both are borrowed and outlive this object.
     KeyPresses(QGraphicsView* picture, const QList<KbdKey*>& keys);
+    virtual ~KeyPresses() = default;
+    Q_DISABLE_COPY_MOVE(KeyPresses)
 
     // To be called whenever the view is shown.
     void watch() { presses.watch(); }
