@@ -29,9 +29,10 @@ bool waitUntil(ScreenWatch& screen, Condition condition)
 
 } // namespace
 
-Desktop::Desktop(const QSize& screenSize)
-    : server({QStringLiteral("-screen"), QStringLiteral("0"),
-          QStringLiteral("%1x%2x24").arg(screenSize.width()).arg(screenSize.height())})
+Desktop::Desktop(const QSize& screenSize, const QStringList& serverArguments)
+    : server(QStringList{QStringLiteral("-screen"), QStringLiteral("0"),
+                 QStringLiteral("%1x%2x24").arg(screenSize.width()).arg(screenSize.height())}
+          + serverArguments)
     , windowManager("openbox", server.display())
     , connection(openDisplay(server.display()))
     , watch(server.display())

@@ -16,8 +16,8 @@
 // runs on it finds in its environment.
 class Desktop {
 public:
-    // The screen's size in pixels.
-    explicit Desktop(const QSize& screenSize);
+    // The screen's size in pixels, and further arguments for the server.
+    explicit Desktop(const QSize& screenSize, const QStringList& serverArguments = {});
 
     QByteArray displayName() const { return server.display(); }
 

@@ -1,10 +1,11 @@
 #include "GrowthMeasure.h"
 
+#include "KeyMeasure.h"
+#include "LinkedDirectory.h"
+#include "ManyKeys.h"
 #include "StartMeasure.h"
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <memory>
 #include <stdexcept>
@@ -14,23 +15,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize screenSize(1280, 800);
+
+// Here the smallest key is larger than the letters of the text line, which change with it.
+constexpr QSize screenForManyKeys(1920, 1200);
+
 constexpr QLatin1StringView tableName("kbdSpecs.tab");
-
-void write(const QString& path, const QByteArray& content)
-{
-    QFile::remove(path); // it may be a link
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        throw std::runtime_error("cannot write " + path.toStdString());
-}
-
-void linkEntries(const QString& from, const QString& to)
-{
-    QDir().mkpath(to);
-    const QStringList names = QDir(from).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    for (const QString& name : names)
-        QFile::link(from + u'/' + name, to + u'/' + name);
-}
 
 QByteArrayList keyboardLines(const QString& directory)
 {
@@ -46,6 +35,7 @@ QByteArrayList keyboardLines(const QString& directory)
 class LongTable {
 public:
     LongTable(const QString& builtDirectory, int length)
+        : directory(builtDirectory)
     {
         const QByteArrayList built = keyboardLines(builtDirectory);
         QByteArray text;
@@ -54,14 +44,27 @@ public:
             const QByteArray number = round == 0 ? QByteArray() : QByteArray::number(round) + ' ';
             text += number + built[i % built.size()] + '\n';
         }
-        linkEntries(builtDirectory, directory.path());
-        write(directory.filePath(tableName), text);
+        directory.replace(tableName, text);
     }
 
     QString path() const { return directory.path(); }
 
 private:
-    QTemporaryDir directory;
+    LinkedDirectory directory;
+};
+
+// The program on a server of its own, whose usual keyboard has this many keys.
+struct KeyCountCase {
+    KeyCountCase(const GrowthSetup& setup, int keyCount)
+        : data(keyCount)
+        , desktop(screenForManyKeys, {u"-xkbdir"_s, data.path()})
+        , program(desktop, {{setup.program, "--standalone"}, setup.directory, {}})
+    {
+    }
+
+    ManyKeys data;
+    Desktop desktop;
+    Program program;
 };
 
 } // namespace
@@ -84,4 +87,22 @@ Series measureTableGrowth(const GrowthSetup& setup, const std::vector<int>& tabl
 int tableLength(const QString& directory)
 {
     return static_cast<int>(keyboardLines(directory).size());
+}
+
+KeyGrowth measureKeyGrowth(const GrowthSetup& setup, const std::vector<int>& keyCounts, int rounds)
+{
+    std::vector<std::unique_ptr<KeyCountCase>> cases;
+    for (const int keyCount : keyCounts)
+        cases.push_back(std::make_unique<KeyCountCase>(setup, keyCount));
+    KeyGrowth growth{Series(cases.size()), Series(cases.size())};
+    for (int round = 0; round < rounds; ++round) {
+        for (std::size_t i = 0; i < cases.size(); ++i) {
+            Program& program = cases[i]->program;
+            growth.start[i].push_back(program.startUntilPainted());
+            program.stop();
+            const KeyFigures keys = measureKeys(cases[i]->desktop, {&program}, 1, 1);
+            growth.shift[i].push_back(keys.allLabels.front().front());
+        }
+    }
+    return growth;
 }

@@ -18,3 +18,11 @@ Series measureTableGrowth(const GrowthSetup& setup, const std::vector<int>& tabl
 
 // How many keyboards the built table has.
 int tableLength(const QString& directory);
+
+struct KeyGrowth {
+    Series start; // from fork to the painted window, milliseconds
+    Series shift; // from the press of Shift to the last changed label, milliseconds
+};
+
+// In turns with as many keys as `keyCounts` says, in that order; `rounds` of each.
+KeyGrowth measureKeyGrowth(const GrowthSetup& setup, const std::vector<int>& keyCounts, int rounds);

@@ -165,6 +165,17 @@ Table compareTables(const Bench& bench)
     return table;
 }
 
+// Most of the keys are blank in the longer two (ManyKeys.h).
+Table compareKeyCounts(const Bench& bench)
+{
+    say("start and Shift, with many keys");
+    const KeyGrowth growth = measureKeyGrowth(bench.growth(), {3000, 1000, 100}, bench.runs);
+    Table table("Growth with the number of keys", {"3,000", "1,000", "100", "/ 1,000", "/ 100"});
+    table.addComparison("Start to painted window", growth.start, "ms");
+    table.addComparison("All labels changed after Shift", growth.shift, "ms");
+    return table;
+}
+
 Table comparePeers(Desktop& desktop, const Bench& bench)
 {
     say("other keyboards that are installed");
@@ -185,10 +196,11 @@ void run(const Bench& bench)
     const Table far = compareFar(desktop, bench);
     const Table choice = compareChoice(desktop, bench);
     const Table tables = compareTables(bench);
+    const Table keyCounts = compareKeyCounts(bench);
     const Table peers = comparePeers(desktop, bench);
     std::printf("Medians of %d runs in turns; Qt %s, %u processors, load %.1f at the beginning\n",
         bench.runs, qVersion(), std::thread::hardware_concurrency(), load);
-    for (const Table& table : {tryOut, toFocus, keys4K, far, choice, tables, peers})
+    for (const Table& table : {tryOut, toFocus, keys4K, far, choice, tables, keyCounts, peers})
         std::printf("\n%s", table.text().constData());
 }
 

@@ -3,6 +3,8 @@
 #include "keys/ItemPainting.h"
 #include "x11/X11.h"
 
+#include <QPixmapCache>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -22,6 +24,19 @@ QString symbolText(const QString& text)
     if (!text.startsWith("U+"_L1))
         return text;
     return QChar(static_cast<char16_t>(text.mid(2).toUInt(nullptr, 16)));
+}
+
+// A flag in the size of the screen, from Qt's cache of pixmaps if it is there.
+QPixmap scaledTo(const QSize& pixels, const QPixmap& flag)
+{
+    const QString key =
+        u"flag %1 %2x%3"_s.arg(flag.cacheKey()).arg(pixels.width()).arg(pixels.height());
+    QPixmap scaled;
+    if (QPixmapCache::find(key, &scaled))
+        return scaled;
+    scaled = flag.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QPixmapCache::insert(key, scaled);
+    return scaled;
 }
 
 } // namespace
@@ -91,8 +106,11 @@ void KbdDoodad::loadPixmap(const QString& path)
 
 void KbdDoodad::prepareFlag(const QString& name) const
 {
-    if (!flagDirectory.isEmpty() && !name.isEmpty())
-        const QPixmap flag(flagDirectory + name);
+    if (flagDirectory.isEmpty() || name.isEmpty())
+        return;
+    const QPixmap flag(flagDirectory + name);
+    if (!flag.isNull())
+        scaledTo((QSizeF(drawnSize(flag)) * scale).toSize(), flag);
 }
 
 bool KbdDoodad::isIndicator() const
@@ -195,24 +213,28 @@ void KbdDoodad::paintIndicator(QPainter* painter) const
     paintShape(painter);
 }
 
+// In units of the picture.
+QSize KbdDoodad::drawnSize(const QPixmap& flag) const
+{
+    const QSize onScreen = flag.size().scaled(
+        truncated(scale * shapeData.width, scale * shapeData.height), Qt::KeepAspectRatio);
+    return (onScreen.isEmpty() ? flag.size() : onScreen)
+        .scaled(truncated(shapeData.width, shapeData.height), Qt::KeepAspectRatio);
+}
+
 // On the screen the flag is scaled smoothly to the pixels that it covers. For paper Qt gets the
 // whole image, since a printer has more pixels than its device transform says.
 void KbdDoodad::paintLogo(QPainter* painter)
 {
     if (flagPixmap.isNull())
         return;
-    const QSize onScreen = flagPixmap.size().scaled(
-        truncated(scale * shapeData.width, scale * shapeData.height), Qt::KeepAspectRatio);
-    const QSize size =
-        (onScreen.isEmpty() ? flagPixmap.size() : onScreen)
-            .scaled(truncated(shapeData.width, shapeData.height), Qt::KeepAspectRatio);
-    const QRectF target(QPointF(0, 0), size);
+    const QRectF target(QPointF(0, 0), drawnSize(flagPixmap));
     if (white) {
         painter->drawPixmap(target, flagPixmap, flagPixmap.rect());
         return;
     }
     const QSize pixels = painter->deviceTransform().mapRect(target).size().toSize();
     if (scaledFlag.size() != pixels)
-        scaledFlag = flagPixmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        scaledFlag = scaledTo(pixels, flagPixmap);
     painter->drawPixmap(target, scaledFlag, scaledFlag.rect());
 }

@@ -28,8 +28,8 @@ public:
     qreal scaleFactor() const { return scale; }
     QString flagFilename() const { return filename; }
 
-    // Decodes a flag, so that setFlagFilename finds it in Qt's cache. Says nothing of one that
-    // cannot be loaded.
+    // Decodes a flag and scales it to the size in which this doodad draws it, so that the doodad
+    // that is to show it finds both in Qt's cache. Says nothing of one that cannot be loaded.
     void prepareFlag(const QString& name) const;
 
     // For printing: outlines and solid areas become white.
@@ -61,6 +61,7 @@ private:
     void paintArea(QPainter* painter, int colour) const;
     void paintText(QPainter* painter) const;
     void paintIndicator(QPainter* painter) const;
+    QSize drawnSize(const QPixmap& flag) const;
     void paintLogo(QPainter* painter);
 
     const XkbDoodadRec& doodad;

@@ -33,6 +33,8 @@ QString KbdKey::activeLabel() const
 
 void KbdKey::setCurrentModifiers(ShiftMask_t modifiers)
 {
+    if (modifiers == keyState.currentModifiers)
+        return;
     const KeyAnnouncement announcement(this);
     keyState.currentModifiers = modifiers;
     showState();
@@ -40,12 +42,16 @@ void KbdKey::setCurrentModifiers(ShiftMask_t modifiers)
 
 void KbdKey::setMultipleCharacters(bool multiple)
 {
+    if (multiple == keyState.multipleCharacters)
+        return;
     keyState.multipleCharacters = multiple;
     showState();
 }
 
 void KbdKey::setSelectedGroup(KeyGroup_t selected)
 {
+    if (selected == keySymbols.selectedGroup())
+        return;
     const KeyAnnouncement announcement(this);
     keySymbols.setSelectedGroup(selected);
     showState();
@@ -107,11 +113,11 @@ void KbdKey::mousePressEvent(QGraphicsSceneMouseEvent* event)
     pressByUser();
 }
 
+// A key leaves for the server before its new look is worked out: somebody waits for it.
 void KbdKey::pressByUser()
 {
     if (!keySymbols.hasGroups())
         return;
-    setHeldByUser(true);
     reportStroke(&KbdKey::virtualKeyPress, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyPressOut(x11Keycode());
@@ -119,6 +125,7 @@ void KbdKey::pressByUser()
         reportModifier(&KbdKey::modifierPressed);
     else
         toggleModifier();
+    setHeldByUser(true);
 }
 
 void KbdKey::setHeldByUser(bool held)
@@ -146,12 +153,12 @@ void KbdKey::releaseByUser()
 {
     if (!keySymbols.hasGroups())
         return;
-    setHeldByUser(false);
     reportStroke(&KbdKey::virtualKeyRelease, keyState.currentModifiers);
     if (!keySymbols.isModifier())
         emit mouseKeyReleaseOut(x11Keycode());
     else if (keySymbols.hasLockModifier())
         reportModifier(&KbdKey::modifierReleased);
+    setHeldByUser(false);
 }
 
 void KbdKey::setPressed(bool down)

@@ -17,18 +17,16 @@ QString KeyDetails::of(const KeySymbols& symbols)
 KeyDetails::KeyDetails(const QString& keyName, KeyCode keycode)
     : details(tr("Details about this key:"))
 {
-    details += u'\n'
-        + tr("X11 Identity:  Name='%1', Code=0x%2")
-              .arg(keyName)
-              .arg(static_cast<uint>(keycode), 2, 16, '0'_L1)
-        + u'\n' + tr("Key symbol table:");
+    const QString code = QString::number(keycode, 16).rightJustified(2, u'0');
+    details += u'\n' + tr("X11 Identity:  Name='%1', Code=0x%2").arg(keyName, code) + u'\n'
+        + tr("Key symbol table:");
 }
 
 void KeyDetails::addSymbol(const LayoutSymbol& symbol)
 {
     // Label and names may hold a "%1" of their own, so one call of arg replaces them all.
     const QString layout = QString::number(symbol.layout);
-    const QString keysym = u"%1"_s.arg(static_cast<uint>(symbol.keysym), 2, 16);
+    const QString keysym = QString::number(symbol.keysym, 16).rightJustified(2);
     details += tr("\n   symbol[%1,%2]=0x%3=%4=%5")
                    .arg(layout, symbol.levelName, keysym, symbol.keysymName, symbol.label);
 }

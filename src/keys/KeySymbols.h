@@ -81,6 +81,7 @@ public:
     // Chooses the layout whose language the labels are in and, where the key has this group (from
     // 0), the group that it shows.
     void setSelectedGroup(KeyGroup_t selected);
+    int selectedGroup() const { return layoutIndex; }
 
     // Of the group shown: the level and slot that these modifiers select, the slot of a level, and
     // the levels that a cap with several labels shows. A key without groups has slot -1 only.

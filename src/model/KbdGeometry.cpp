@@ -108,8 +108,8 @@ KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNam
 {
     setUp(*this);
     KbdAccessible::install();
-    keyPresses = std::make_unique<KeyPresses>(this);
     load(settings, names, wantXTest);
+    keyPresses = std::make_unique<KeyPresses>(this, keyboardItems->allKeys());
     connectItems(*keyboardItems, this);
     enterKeys(*keyboardItems, modifierState);
     showModifiers();
@@ -120,8 +120,11 @@ KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNam
 }
 
 // The sender goes before the items: no key may stay pressed in the server whose release can no
-// longer come.
-KbdGeometry::~KbdGeometry() = default;
+// longer come. Nobody sees the items go, so nothing is made ready to be painted where they were.
+KbdGeometry::~KbdGeometry()
+{
+    setViewportUpdateMode(NoViewportUpdate);
+}
 
 void KbdGeometry::load(
     const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest)

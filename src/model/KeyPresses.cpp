@@ -16,8 +16,9 @@ PressId idOf(const QMouseEvent& event)
 
 } // namespace
 
-KeyPresses::KeyPresses(QGraphicsView* picture)
+KeyPresses::KeyPresses(QGraphicsView* picture, const QList<KbdKey*>& keys)
     : view(picture)
+    , finder(keys)
     , presses(picture->viewport(), this)
 {
 }
@@ -100,15 +101,11 @@ void KeyPresses::letGo(const PressId& id)
     key->releaseByUser();
 }
 
-// The one in front: the scene asks for a key's shape, so that the ground between keys is none.
+// The pixel belongs to the key that has a part of it, however small.
 KbdKey* KeyPresses::keyAt(const QPoint& position) const
 {
-    const QList<QGraphicsItem*> items = view->items(position);
-    for (QGraphicsItem* item : items) {
-        if (auto* key = dynamic_cast<KbdKey*>(item))
-            return key;
-    }
-    return nullptr;
+    const QRectF pixel(position, QSizeF(1, 1));
+    return finder.keyAt(view->viewportTransform().inverted().mapRect(pixel));
 }
 
 // Two fingers on one key type it twice.

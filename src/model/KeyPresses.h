@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/KeyFinder.h"
 #include "x11/qt/PointerPresses.h"
 
 #include <map>
@@ -14,8 +15,10 @@ class QMouseEvent;
 // destructor releases none: the view's KeySender does.
 class KeyPresses final : private PointerPresses::Receiver {
 public:
-    // The view shows the keys; it is borrowed and outlives this object.
-    explicit KeyPresses(QGraphicsView* picture);
+    // The view shows the keys; both are borrowed and outlive this object.
+    KeyPresses(QGraphicsView* picture, const QList<KbdKey*>& keys);
+    virtual ~KeyPresses() = default;
+    Q_DISABLE_COPY_MOVE(KeyPresses)
 
     // To be called whenever the view is shown.
     void watch() { presses.watch(); }
@@ -46,6 +49,7 @@ private:
     void letGoOf(const KbdKey* key);
 
     QGraphicsView* view;
+    KeyFinder finder;
     PointerPresses presses;
     std::map<PressId, KbdKey*> held;
     Qt::MouseButtons qtButtons; // down by Qt's account, and not straight from the device

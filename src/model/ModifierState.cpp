@@ -114,6 +114,8 @@ QList<Lock> ModifierState::locksWith(ShiftMask_t mask) const
 QList<KeyCode> ModifierState::keysToPress(ShiftMask_t heldInServer) const
 {
     const ShiftMask_t wanted = heldModifiers() & ~heldInServer;
+    if (wanted == 0)
+        return {};
     ShiftMask_t missing = wanted;
     QList<KeyCode> toPress;
     for (auto mask = modifierMasks.cbegin(); mask != modifierMasks.cend(); ++mask) {

@@ -140,6 +140,7 @@ private slots:
     void aFlagIsDrawnAsLargeAsItFits();
     void aFlagIsSharpOnEveryDevice();
     void onPaperAFlagHasAllItsPixels();
+    void aPreparedFlagLooksLikeAnyOther();
     void aFlagIsReplacedByTheNext();
     void noNameTakesTheFlagAway();
     void aFlagThatCannotBeLoadedIsReported();
@@ -508,6 +509,36 @@ void KbdDoodadTest::onPaperAFlagHasAllItsPixels()
     painter.end();
     for (int x = 0; x < 10; ++x)
         QVERIFY(image.pixel(x, 5) == black || image.pixel(x, 5) == white);
+}
+
+// Which was scaled for the doodad that stood there before, to the size that it had.
+void KbdDoodadTest::aPreparedFlagLooksLikeAnyOther()
+{
+    QImage stripes(40, 30, QImage::Format_RGB32);
+    for (int x = 0; x < stripes.width(); ++x) {
+        for (int y = 0; y < stripes.height(); ++y)
+            stripes.setPixel(x, y, x % 3 == 0 ? black : white);
+    }
+    QVERIFY(stripes.save(directory.filePath("prepared.png")));
+    QVERIFY(stripes.save(directory.filePath("other.png")));
+    const auto drawn = [this](const QString& name, double preparedAt, double scale) {
+        const auto before = logo(directory.path() + '/', square);
+        before->setScale(preparedAt);
+        if (preparedAt > 0)
+            before->prepareFlag(name);
+        const auto item = logo(directory.path() + '/', square);
+        item->setScale(scale);
+        item->setFlagFilename(name);
+        QImage image(40, 40, QImage::Format_RGB32);
+        image.fill(ground);
+        QPainter painter(&image);
+        painter.scale(scale, scale);
+        item->paint(&painter, nullptr, nullptr);
+        painter.end();
+        return image;
+    };
+    QCOMPARE(drawn("prepared.png", 0.7, 0.7), drawn("other.png", 0, 0.7));
+    QCOMPARE(drawn("prepared.png", 0.3, 0.9), drawn("other.png", 0, 0.9));
 }
 
 void KbdDoodadTest::aFlagIsReplacedByTheNext()

@@ -277,6 +277,7 @@ private slots:
     // Clicks and the physical key.
     void anOrdinaryKeyTypes();
     void aClickReportsTheActiveSymbol();
+    void aKeyIsTypedBeforeItLooksPressed();
     void aDoubleClickIsASecondPress();
     void aLockKeyReportsPressAndRelease();
     void aModifierIsToggled();
@@ -855,6 +856,21 @@ void KbdKeyTest::aClickReportsTheActiveSymbol()
     QCOMPARE(log.take(),
         QStringList({"virtualKeyPress ! exclam", "mouseKeyPressOut 38", "virtualKeyRelease 1 1",
             "mouseKeyReleaseOut 38"}));
+}
+
+// What it costs to look so must not keep the key from the window that waits for it.
+void KbdKeyTest::aKeyIsTypedBeforeItLooksPressed()
+{
+    const auto item = keyOf(keymap->oneLevel(), {XK_a});
+    QList<bool> looks;
+    const auto look = [&] { looks << item->state().heldByUser; };
+    connect(item.get(), &KbdKey::mouseKeyPressOut, this, look);
+    connect(item.get(), &KbdKey::mouseKeyReleaseOut, this, look);
+    press(*item);
+    look();
+    release(*item);
+    look();
+    QCOMPARE(looks, QList<bool>({false, true, true, false}));
 }
 
 void KbdKeyTest::aDoubleClickIsASecondPress()

@@ -6,6 +6,7 @@
 #include "keys/KbdDoodad.h"
 #include "keys/KbdKey.h"
 #include "model/KbdGeometry.h"
+#include "model/KeyFinder.h"
 #include "x11/X11.h"
 #include "x11/XkbDescription.h"
 #include "x11/qt/ToolkitDisplay.h"
@@ -240,6 +241,22 @@ QStringList installedMaps()
     return maps;
 }
 
+KbdKey* keyFoundAt(const QPoint& pixel, const QGraphicsView& view, const KeyFinder& finder)
+{
+    const QRectF area(pixel, QSizeF(1, 1));
+    return finder.keyAt(view.viewportTransform().inverted().mapRect(area));
+}
+
+KbdKey* frontKeyAt(const QPoint& pixel, const QGraphicsView& view)
+{
+    const QList<QGraphicsItem*> items = view.items(pixel);
+    for (QGraphicsItem* item : items) {
+        if (auto* key = dynamic_cast<KbdKey*>(item))
+            return key;
+    }
+    return nullptr;
+}
+
 // What the server has changed arrives as an event: to be looked at until it has.
 KbdGeometry& followed(KbdGeometry& picture)
 {
@@ -274,6 +291,8 @@ private slots:
 
     void everyInstalledGeometryIsDrawn_data();
     void everyInstalledGeometryIsDrawn();
+    void theKeyAtAPlaceIsTheOneThatTheSceneHasInFront_data();
+    void theKeyAtAPlaceIsTheOneThatTheSceneHasInFront();
     void aSectionsOwnDoodadsAreNotDrawn();
     void aGeometryThatTheServerLacksIsRefused();
 
@@ -468,6 +487,29 @@ void GeometriesTest::everyInstalledGeometryIsDrawn()
     picture->setMultishiftDisplay(true);
     QVERIFY(!Painting(*picture, enoughToDraw).isUniform());
     XSync(toolkitDisplay(), x11::xFalse);
+}
+
+void GeometriesTest::theKeyAtAPlaceIsTheOneThatTheSceneHasInFront_data()
+{
+    everyInstalledGeometryIsDrawn_data();
+}
+
+// In a picture that is shown smaller, and in one that is shown larger than some of its keys' gaps.
+void GeometriesTest::theKeyAtAPlaceIsTheOneThatTheSceneHasInFront()
+{
+    QFETCH(QString, map);
+    if (contains(refusedMaps, map))
+        return;
+    const auto picture = pictureOf(map);
+    const KeyFinder finder(picture->keyItems());
+    for (const QSize size : {QSize(301, 103), QSize(1399, 497)}) {
+        picture->resize(size);
+        const int step = size.width() / 100; // pixels
+        for (int x = 0; x < size.width(); x += step) {
+            for (int y = 0; y < size.height(); y += step)
+                QCOMPARE(keyFoundAt({x, y}, *picture, finder), frontKeyAt({x, y}, *picture));
+        }
+    }
 }
 
 // The system's data have such doodads.
