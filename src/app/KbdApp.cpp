@@ -7,6 +7,7 @@
 #include "app/SignalWatch.h"
 #include "app/description/ComponentNames.h"
 #include "app/description/ServerSettings.h"
+#include "keys/ImageFile.h"
 #include "keys/KeyCapPainter.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
@@ -24,7 +25,6 @@
 #include "x11/qt/XcbEventBridge.h"
 
 #include <QFontMetrics>
-#include <QIcon>
 #include <QLabel>
 #include <QLocale>
 #include <QPixmapCache>
@@ -161,7 +161,7 @@ void KbdApp::startUp(char** argv)
     QPixmapCache::setCacheLimit(pictureCacheLimit);
     installTranslation();
     setApplicationName(tr("Arvane Virtual Keyboard"));
-    setWindowIcon(QIcon(KbdConstants::iconPath(QString::fromLatin1(iconFile))));
+    setWindowIcon(imageFile::read(KbdConstants::iconPath(QString::fromLatin1(iconFile))));
     readRegistry();
     std::setlocale(LC_ALL, "");
     parseArguments(argumentCount, argv);

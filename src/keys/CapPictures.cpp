@@ -1,5 +1,7 @@
 #include "keys/CapPictures.h"
 
+#include "keys/ItemPainting.h"
+
 #include <algorithm>
 
 namespace {
@@ -45,10 +47,7 @@ void CapPictures::paint(
         picture->pixmap = pixmap;
     else
         remember(face, toPicture);
-    painter->save();
-    painter->setWorldTransform(toDevice.inverted(), true);
-    painter->drawPixmap(pixels.topLeft(), pixmap);
-    painter->restore();
+    copyToDevice(painter, pixels.topLeft(), pixmap);
 }
 
 void CapPictures::remember(const CapFace& face, const QTransform& transform)

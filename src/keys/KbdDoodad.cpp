@@ -1,5 +1,6 @@
 #include "keys/KbdDoodad.h"
 
+#include "keys/ImageFile.h"
 #include "keys/ItemPainting.h"
 #include "x11/X11.h"
 
@@ -84,7 +85,7 @@ void KbdDoodad::readLogo()
 void KbdDoodad::loadPixmap(const QString& path)
 {
     scaledFlag = {};
-    flagPixmap = QPixmap(path);
+    flagPixmap = imageFile::read(path);
     if (flagPixmap.isNull())
         std::fprintf(stderr, "Doodad: cannot load '%s'\n", path.toUtf8().constData());
 }
@@ -92,7 +93,7 @@ void KbdDoodad::loadPixmap(const QString& path)
 void KbdDoodad::prepareFlag(const QString& name) const
 {
     if (!flagDirectory.isEmpty() && !name.isEmpty())
-        const QPixmap flag(flagDirectory + name);
+        imageFile::read(flagDirectory + name);
 }
 
 bool KbdDoodad::isIndicator() const
@@ -195,8 +196,9 @@ void KbdDoodad::paintIndicator(QPainter* painter) const
     paintShape(painter);
 }
 
-// On the screen the flag is scaled smoothly to the pixels that it covers. For paper Qt gets the
-// whole image, since a printer has more pixels than its device transform says.
+// On the screen the flag lies on whole pixels: Qt would scale it once more to parts of pixels, with
+// threads of its own. A printer has more pixels than its device transform says: for paper Qt gets
+// the whole image.
 void KbdDoodad::paintLogo(QPainter* painter)
 {
     if (flagPixmap.isNull())
@@ -207,12 +209,14 @@ void KbdDoodad::paintLogo(QPainter* painter)
         (onScreen.isEmpty() ? flagPixmap.size() : onScreen)
             .scaled(truncated(shapeData.width, shapeData.height), Qt::KeepAspectRatio);
     const QRectF target(QPointF(0, 0), size);
-    if (white) {
+    const QTransform toDevice = painter->deviceTransform();
+    if (white || toDevice.type() > QTransform::TxScale) {
         painter->drawPixmap(target, flagPixmap, flagPixmap.rect());
         return;
     }
-    const QSize pixels = painter->deviceTransform().mapRect(target).size().toSize();
+    const QRectF place = toDevice.mapRect(target);
+    const QSize pixels = place.size().toSize();
     if (scaledFlag.size() != pixels)
         scaledFlag = flagPixmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    painter->drawPixmap(target, scaledFlag, scaledFlag.rect());
+    copyToDevice(painter, place.topLeft().toPoint(), scaledFlag);
 }
