@@ -8,7 +8,6 @@
 #include "app/description/ComponentNames.h"
 #include "app/description/ServerSettings.h"
 #include "keys/ImageFile.h"
-#include "keys/KeyCapPainter.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
@@ -24,7 +23,6 @@
 #include "x11/qt/WaylandSession.h"
 #include "x11/qt/XcbEventBridge.h"
 
-#include <QFontMetrics>
 #include <QLabel>
 #include <QLocale>
 #include <QPixmapCache>
@@ -105,16 +103,6 @@ void assign(char*& target, const char* text)
 bool startsWith(const char* text, const std::string& prefix)
 {
     return std::strncmp(text, prefix.c_str(), prefix.size()) == 0;
-}
-
-// Qt reads the font configuration when the first text is measured, and looks for other fonts at the
-// first character that the usual one may lack, such as an arrow. This takes as long as setxkbmap:
-// so it is done while that runs, in the size of the texts on the caps.
-void loadFonts()
-{
-    QFont font;
-    font.setPixelSize(KeyCapPainter::fontSize);
-    QFontMetrics(font).horizontalAdvance(u"x\u2190"_s);
 }
 
 KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
@@ -331,7 +319,6 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
     auto names = std::make_unique<XkbComponentNamesRec>();
     ComponentQuery query(toolkitDisplay(), settings);
     askServer();
-    loadFonts();
     if (!query.answer(names.get())) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.

@@ -65,6 +65,16 @@ double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 
 } // namespace
 
+// Qt looks for another font at each character that those loaded so far lack: an arrow, the sign of
+// the Menu key. The first font is that of the window's controls.
+void KeyCapPainter::loadFonts()
+{
+    QFont font;
+    QFontMetrics(font).height();
+    font.setPixelSize(fontSize);
+    QFontMetrics(font).horizontalAdvance(u"x\u2190\u2338"_s);
+}
+
 double KeyCapPainter::border(const KeyShape& shape)
 {
     return std::min(shape.width, shape.height) / 10;

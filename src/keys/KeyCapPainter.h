@@ -44,6 +44,10 @@ public:
     // have the same size, so that no further font is loaded for them.
     static constexpr int fontSize = 60;
 
+    // Has Qt read the font configuration and load the fonts of most keyboards, which it would do
+    // when they are drawn. Takes as long as all drawing.
+    static void loadFonts();
+
     // The border between the outline and the upper face, in item units.
     static double border(const KeyShape& shape);
 
