@@ -2,6 +2,7 @@
 
 #include "keys/ImageFile.h"
 #include "keys/ItemPainting.h"
+#include "keys/KeyCapPainter.h"
 #include "x11/X11.h"
 
 #include <algorithm>
@@ -173,14 +174,18 @@ void KbdDoodad::paintShape(QPainter* painter) const
         shapeData.cornerRadius, shapeData.cornerRadius);
 }
 
+// In the caps' font and scaled, since Qt would search for a font of another size for a
+// millisecond and more.
 void KbdDoodad::paintText(QPainter* painter) const
 {
     QFont font = painter->font();
-    font.setPixelSize(std::max<int>(1, doodad.text.height));
+    font.setPixelSize(KeyCapPainter::fontSize);
     painter->setFont(font);
     if (colours.has(doodad.text.color_ndx))
         painter->setPen(colours.at(doodad.text.color_ndx));
-    const QRectF area(0, 0, doodad.text.width - 1, doodad.text.height - 1);
+    const double factor = std::max<double>(1, doodad.text.height) / KeyCapPainter::fontSize;
+    painter->scale(factor, factor);
+    const QRectF area(QPointF(), QSizeF(doodad.text.width - 1, doodad.text.height - 1) / factor);
     constexpr int alignment = Qt::AlignLeft | Qt::AlignBottom;
     // A font as high as the rectangle has letters that reach a little above it: only a text that is
     // too long is clipped.
