@@ -1,19 +1,32 @@
 #include "keys/ImageFile.h"
 
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPixmapCache>
 
 namespace {
 
-class PngReader : public QImageReader {
+class PngFile {
 public:
-    explicit PngReader(const QString& path)
-        : QImageReader(path, "png")
+    explicit PngFile(const QString& path)
+        : file(path)
+        , reader(&file, "png")
     {
-        setAutoDetectImageFormat(false);
+        reader.setAutoDetectImageFormat(false);
     }
+
+    bool canRead()
+    {
+        return !file.fileName().isEmpty() && file.open(QIODevice::ReadOnly) && reader.canRead();
+    }
+    QImage read() { return reader.read(); }
+    QSize size() const { return reader.size(); }
+
+private:
+    QFile file;
+    QImageReader reader;
 };
 
 // Names a state of the file.
@@ -34,16 +47,18 @@ QPixmap imageFile::read(const QString& path)
     QPixmap image;
     if (QPixmapCache::find(key, &image))
         return image;
-    PngReader png(path);
-    if (!png.canRead())
-        return QPixmap(path);
-    image = QPixmap::fromImage(png.read());
-    QPixmapCache::insert(key, image);
+    PngFile png(path);
+    if (png.canRead()) {
+        image = QPixmap::fromImage(png.read());
+        QPixmapCache::insert(key, image);
+    } else {
+        image.load(path);
+    }
     return image;
 }
 
 QSize imageFile::sizeOf(const QString& path)
 {
-    const PngReader png(path);
+    PngFile png(path);
     return png.canRead() ? png.size() : QImageReader(path).size();
 }
