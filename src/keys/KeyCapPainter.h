@@ -56,6 +56,10 @@ public:
 
     void draw(const CapFace& face);
 
+    // The same for a painter whose device is a picture of this cap alone: what lies under the texts
+    // is drawn once for all caps that have it in common.
+    void drawPicture(const CapFace& face);
+
 private:
     // How a text is to be drawn.
     struct Fitted {
@@ -63,7 +67,10 @@ private:
         std::optional<QRectF> sign; // see signOfOtherFont; in the font's own size
     };
 
+    QPixmap sharedCap(CapLook look) const;
+    QString keyOfSharedCap(CapLook look) const;
     void drawCap(CapLook look);
+    void drawLabels(const CapFace& face);
 
     // Draws the text smaller where its cell has no room for it, in four pixels at the least. "Void"
     // and "None" are the labels of keysyms that stand for nothing: these texts are left out.
