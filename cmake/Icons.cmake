@@ -8,8 +8,9 @@ find_program(KBD_RSVG_CONVERT rsvg-convert DOC "Renders SVG files")
 
 set(KBD_ICON_SOURCE_DIR ${CMAKE_CURRENT_LIST_DIR}/../src/icons)
 
-# Sharp in the flag holder of a picture as wide as a screen of 3840 pixels, where it is 200 wide.
-set(KBD_FLAG_SIZE --width=320 --height=240)
+# That of the flag holder in a picture as wide as a screen of 3840 pixels. Each pixel more is decoded
+# at the start and kept.
+set(KBD_FLAG_SIZE --width=200 --height=150)
 # Three times the small icon size and twice the large one, so that both come out crisp.
 set(KBD_OWN_SIZE --width=48 --height=48)
 

@@ -7,7 +7,7 @@
 #include "app/SignalWatch.h"
 #include "app/description/ComponentNames.h"
 #include "app/description/ServerSettings.h"
-#include "keys/KeyCapPainter.h"
+#include "keys/ImageFile.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
@@ -23,8 +23,6 @@
 #include "x11/qt/WaylandSession.h"
 #include "x11/qt/XcbEventBridge.h"
 
-#include <QFontMetrics>
-#include <QIcon>
 #include <QLabel>
 #include <QLocale>
 #include <QPixmapCache>
@@ -107,16 +105,6 @@ bool startsWith(const char* text, const std::string& prefix)
     return std::strncmp(text, prefix.c_str(), prefix.size()) == 0;
 }
 
-// Qt reads the font configuration when the first text is measured, and looks for other fonts at the
-// first character that the usual one may lack, such as an arrow. This takes as long as setxkbmap:
-// so it is done while that runs, in the size of the texts on the caps.
-void loadFonts()
-{
-    QFont font;
-    font.setPixelSize(KeyCapPainter::fontSize);
-    QFontMetrics(font).horizontalAdvance(u"x\u2190"_s);
-}
-
 KbdApp::ExceptionType translated(KbdGeometry::ExceptionType exception)
 {
     switch (exception) {
@@ -161,7 +149,7 @@ void KbdApp::startUp(char** argv)
     QPixmapCache::setCacheLimit(pictureCacheLimit);
     installTranslation();
     setApplicationName(tr("Arvane Virtual Keyboard"));
-    setWindowIcon(QIcon(KbdConstants::iconPath(QString::fromLatin1(iconFile))));
+    setWindowIcon(imageFile::read(KbdConstants::iconPath(QString::fromLatin1(iconFile))));
     readRegistry();
     std::setlocale(LC_ALL, "");
     parseArguments(argumentCount, argv);
@@ -331,7 +319,6 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
     auto names = std::make_unique<XkbComponentNamesRec>();
     ComponentQuery query(toolkitDisplay(), settings);
     askServer();
-    loadFonts();
     if (!query.answer(names.get())) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.

@@ -1,6 +1,9 @@
 #include "keys/CapPictures.h"
 
+#include "keys/ItemPainting.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -25,14 +28,17 @@ QPixmap pictureOf(const QPainter& like, const QSize& size, const QTransform& tra
 
 } // namespace
 
-// The picture lies on whole pixels, so that it is copied as it is. One that is not kept is made
-// too: lines drawn on the keyboard itself mix with its colour a little differently.
+// The cap is moved by a part of a pixel, so that its picture is copied as it is and caps of one
+// shape look the same wherever they are. A picture that is not kept is made too: lines drawn on the
+// keyboard itself mix with its colour a little differently.
 void CapPictures::paint(
     QPainter* painter, const CapFace& face, const QRectF& area, const Draw& draw)
 {
-    const QTransform toDevice = painter->deviceTransform();
-    if (toDevice.type() > QTransform::TxScale)
+    const QTransform onDevice = painter->deviceTransform();
+    if (onDevice.type() > QTransform::TxScale)
         return draw(painter);
+    const QTransform toDevice(
+        onDevice.m11(), 0, 0, onDevice.m22(), std::round(onDevice.dx()), std::round(onDevice.dy()));
     // A line is at least a pixel wide, however small the picture.
     const QRect pixels = toDevice.mapRect(area).toAlignedRect().adjusted(-1, -1, 1, 1);
     const QTransform toPicture =
@@ -45,10 +51,7 @@ void CapPictures::paint(
         picture->pixmap = pixmap;
     else
         remember(face, toPicture);
-    painter->save();
-    painter->setWorldTransform(toDevice.inverted(), true);
-    painter->drawPixmap(pixels.topLeft(), pixmap);
-    painter->restore();
+    copyToDevice(painter, pixels.topLeft(), pixmap);
 }
 
 void CapPictures::remember(const CapFace& face, const QTransform& transform)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPainter>
+#include <QPixmap>
 
 // While an item paints: the keyboard looks the same in every language, so the painter writes from
 // left to right even where the desktop is read from right to left (brackets would turn round). At
@@ -22,3 +23,12 @@ public:
 private:
     QPainter* painter;
 };
+
+// Copies the picture to the painter's device, pixel by pixel; topLeft is in the device's pixels.
+inline void copyToDevice(QPainter* painter, const QPoint& topLeft, const QPixmap& picture)
+{
+    const QTransform before = painter->worldTransform();
+    painter->setWorldTransform(painter->deviceTransform().inverted(), true);
+    painter->drawPixmap(topLeft, picture);
+    painter->setWorldTransform(before);
+}

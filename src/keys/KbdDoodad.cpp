@@ -1,6 +1,8 @@
 #include "keys/KbdDoodad.h"
 
+#include "keys/ImageFile.h"
 #include "keys/ItemPainting.h"
+#include "keys/KeyCapPainter.h"
 #include "x11/X11.h"
 
 #include <QPixmapCache>
@@ -99,7 +101,7 @@ void KbdDoodad::readLogo()
 void KbdDoodad::loadPixmap(const QString& path)
 {
     scaledFlag = {};
-    flagPixmap = QPixmap(path);
+    flagPixmap = imageFile::read(path);
     if (flagPixmap.isNull())
         std::fprintf(stderr, "Doodad: cannot load '%s'\n", path.toUtf8().constData());
 }
@@ -108,7 +110,7 @@ void KbdDoodad::prepareFlag(const QString& name) const
 {
     if (flagDirectory.isEmpty() || name.isEmpty())
         return;
-    const QPixmap flag(flagDirectory + name);
+    const QPixmap flag = imageFile::read(flagDirectory + name);
     if (!flag.isNull())
         scaledTo((QSizeF(drawnSize(flag)) * scale).toSize(), flag);
 }
@@ -190,14 +192,18 @@ void KbdDoodad::paintShape(QPainter* painter) const
         shapeData.cornerRadius, shapeData.cornerRadius);
 }
 
+// In the caps' font and scaled, since Qt would search for a font of another size for a
+// millisecond and more.
 void KbdDoodad::paintText(QPainter* painter) const
 {
     QFont font = painter->font();
-    font.setPixelSize(std::max<int>(1, doodad.text.height));
+    font.setPixelSize(KeyCapPainter::fontSize);
     painter->setFont(font);
     if (colours.has(doodad.text.color_ndx))
         painter->setPen(colours.at(doodad.text.color_ndx));
-    const QRectF area(0, 0, doodad.text.width - 1, doodad.text.height - 1);
+    const double factor = std::max<double>(1, doodad.text.height) / KeyCapPainter::fontSize;
+    painter->scale(factor, factor);
+    const QRectF area(QPointF(), QSizeF(doodad.text.width - 1, doodad.text.height - 1) / factor);
     constexpr int alignment = Qt::AlignLeft | Qt::AlignBottom;
     // A font as high as the rectangle has letters that reach a little above it: only a text that is
     // too long is clipped.
@@ -222,19 +228,22 @@ QSize KbdDoodad::drawnSize(const QPixmap& flag) const
         .scaled(truncated(shapeData.width, shapeData.height), Qt::KeepAspectRatio);
 }
 
-// On the screen the flag is scaled smoothly to the pixels that it covers. For paper Qt gets the
-// whole image, since a printer has more pixels than its device transform says.
+// On the screen the flag lies on whole pixels: Qt would scale it once more to parts of pixels, with
+// threads of its own. A printer has more pixels than its device transform says: for paper Qt gets
+// the whole image.
 void KbdDoodad::paintLogo(QPainter* painter)
 {
     if (flagPixmap.isNull())
         return;
     const QRectF target(QPointF(0, 0), drawnSize(flagPixmap));
-    if (white) {
+    const QTransform toDevice = painter->deviceTransform();
+    if (white || toDevice.type() > QTransform::TxScale) {
         painter->drawPixmap(target, flagPixmap, flagPixmap.rect());
         return;
     }
-    const QSize pixels = painter->deviceTransform().mapRect(target).size().toSize();
+    const QRectF place = toDevice.mapRect(target);
+    const QSize pixels = place.size().toSize();
     if (scaledFlag.size() != pixels)
         scaledFlag = scaledTo(pixels, flagPixmap);
-    painter->drawPixmap(target, scaledFlag, scaledFlag.rect());
+    copyToDevice(painter, place.topLeft().toPoint(), scaledFlag);
 }

@@ -196,8 +196,9 @@ void KbdKey::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget* 
     const bool isOnScreen = widget && keyState.colourScheme == ColourScheme::OnScreen;
     if (!isOnScreen)
         return draw(painter);
-    pictures.paint(painter, face, KeyCapPainter::drawnArea(keyShape),
-        [this](QPainter* picture) { draw(picture); });
+    pictures.paint(painter, face, KeyCapPainter::drawnArea(keyShape), [this](QPainter* picture) {
+        KeyCapPainter(picture, keyShape, keyState.colourScheme).drawPicture(face);
+    });
 }
 
 void KbdKey::draw(QPainter* painter) const

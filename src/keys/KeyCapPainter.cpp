@@ -1,7 +1,10 @@
 #include "keys/KeyCapPainter.h"
 
+#include "keys/ItemPainting.h"
+
 #include <QFontMetricsF>
 #include <QPainterPath>
+#include <QPixmapCache>
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +15,7 @@ namespace {
 
 constexpr double smallestSize = 4; // pixels
 constexpr double fitMargin = 0.05;
+constexpr double keyPrecision = 1e6; // parts of a unit, or of a factor, that tell caps apart
 
 // A line this many times as high as the painter's font has a character of another font.
 constexpr double ordinaryLine = 1.1;
@@ -65,6 +69,16 @@ double fittingSize(double size, const QSizeF& text, const QSizeF& room)
 
 } // namespace
 
+// Qt looks for another font at each character that those loaded so far lack: an arrow, the sign of
+// the Menu key. The first font is that of the window's controls.
+void KeyCapPainter::loadFonts()
+{
+    QFont font;
+    QFontMetrics(font).height();
+    font.setPixelSize(fontSize);
+    QFontMetrics(font).horizontalAdvance(u"x\u2190\u2338"_s);
+}
+
 double KeyCapPainter::border(const KeyShape& shape)
 {
     return std::min(shape.width, shape.height) / 10;
@@ -81,6 +95,49 @@ QRectF KeyCapPainter::drawnArea(const KeyShape& shape)
 void KeyCapPainter::draw(const CapFace& face)
 {
     drawCap(face.look);
+    drawLabels(face);
+}
+
+void KeyCapPainter::drawPicture(const CapFace& face)
+{
+    copyToDevice(painter, {}, sharedCap(face.look));
+    drawLabels(face);
+}
+
+// Most caps of a keyboard are of a few shapes. Drawing a rounded face takes as long as a text.
+QPixmap KeyCapPainter::sharedCap(CapLook look) const
+{
+    const QString key = keyOfSharedCap(look);
+    QPixmap cap;
+    if (!key.isEmpty() && QPixmapCache::find(key, &cap))
+        return cap;
+    cap = QPixmap(painter->device()->width(), painter->device()->height());
+    cap.fill(Qt::transparent);
+    QPainter capPainter(&cap);
+    capPainter.setRenderHints(painter->renderHints());
+    capPainter.setTransform(painter->transform());
+    KeyCapPainter(&capPainter, shape, scheme).drawCap(look);
+    capPainter.end();
+    if (!key.isEmpty())
+        QPixmapCache::insert(key, cap);
+    return cap;
+}
+
+// Empty for caps of an odd outline, of which a keyboard has one or two.
+QString KeyCapPainter::keyOfSharedCap(CapLook look) const
+{
+    if (!shape.outline.isEmpty() || !shape.topOutline.isEmpty())
+        return {};
+    const QTransform place = painter->transform();
+    QString key = u"cap %1 %2"_s.arg(static_cast<int>(look)).arg(static_cast<int>(scheme));
+    for (const double number : {shape.width, shape.height, shape.cornerRadius, place.m11(),
+             place.m22(), place.dx(), place.dy()})
+        key += u' ' + QString::number(qRound64(number * keyPrecision));
+    return key;
+}
+
+void KeyCapPainter::drawLabels(const CapFace& face)
+{
     for (const CapLabel& label : face.labels)
         drawLabel(label);
 }

@@ -44,6 +44,10 @@ public:
     // have the same size, so that no further font is loaded for them.
     static constexpr int fontSize = 60;
 
+    // Has Qt read the font configuration and load the fonts of most keyboards, which it would do
+    // when they are drawn. Takes as long as all drawing.
+    static void loadFonts();
+
     // The border between the outline and the upper face, in item units.
     static double border(const KeyShape& shape);
 
@@ -52,6 +56,10 @@ public:
 
     void draw(const CapFace& face);
 
+    // The same for a painter whose device is a picture of this cap alone: what lies under the texts
+    // is drawn once for all caps that have it in common.
+    void drawPicture(const CapFace& face);
+
 private:
     // How a text is to be drawn.
     struct Fitted {
@@ -59,7 +67,10 @@ private:
         std::optional<QRectF> sign; // see signOfOtherFont; in the font's own size
     };
 
+    QPixmap sharedCap(CapLook look) const;
+    QString keyOfSharedCap(CapLook look) const;
     void drawCap(CapLook look);
+    void drawLabels(const CapFace& face);
 
     // Draws the text smaller where its cell has no room for it, in four pixels at the least. "Void"
     // and "None" are the labels of keysyms that stand for nothing: these texts are left out.

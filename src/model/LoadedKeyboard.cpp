@@ -1,12 +1,25 @@
 #include "model/LoadedKeyboard.h"
+
+#include "keys/KeyCapPainter.h"
 #include "x11/X11.h"
 
 #include <algorithm>
+#include <future>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Waiting for the server takes a thread, because Xlib asks and reads in one call. Nothing else uses
+// Xlib meanwhile.
+XkbDescription compileWhileFontsLoad(Display* display, const XkbComponentNamesRec& names)
+{
+    std::future<XkbDescription> compiled =
+        std::async([&] { return compileKeyboard(display, names); });
+    KeyCapPainter::loadFonts();
+    return compiled.get();
+}
 
 QList<Atom> atomsOf(const XkbDescRec& xkb)
 {
@@ -90,7 +103,7 @@ std::optional<LoadedKeyboard> loadKeyboard(
     Display* display, const XkbComponentNamesRec& names, const KeyboardSettings& settings)
 {
     LoadedKeyboard keyboard;
-    keyboard.xkb = compileKeyboard(display, names);
+    keyboard.xkb = compileWhileFontsLoad(display, names);
     if (!keyboard.xkb)
         return std::nullopt;
 

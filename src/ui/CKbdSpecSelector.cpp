@@ -4,6 +4,8 @@
 
 #include <QTimer>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,8 +35,6 @@ void CKbdSpecSelector::build(bool withCustom, const SpecTable& table)
     if (!table.rows)
         throw TableNotOpened;
 
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(usualNameLength);
     specs = new SpecListModel(*table.rows, tr("<Custom>"), withCustom, this);
     setModel(specs);
     connect(this, &QComboBox::currentIndexChanged, this, &CKbdSpecSelector::selectionChanged);
@@ -43,14 +43,14 @@ void CKbdSpecSelector::build(bool withCustom, const SpecTable& table)
 
 QSize CKbdSpecSelector::sizeHint() const
 {
-    const QSize usual = ControlCombo::sizeHint();
-    const int wanted = std::max(usual.width(), widthOf(currentText()));
-    return {std::min(wanted, maximumWidth()), usual.height()};
+    const int usual = usualNameLength * fontMetrics().horizontalAdvance(u'X');
+    const QSize wanted = sizeFor(std::max(usual, fontMetrics().horizontalAdvance(currentText())));
+    return {std::min(wanted.width(), maximumWidth()), wanted.height()};
 }
 
 QSize CKbdSpecSelector::minimumSizeHint() const
 {
-    return {leastWidth(), ControlCombo::sizeHint().height()};
+    return {leastWidth(), sizeFor(0).height()};
 }
 
 void CKbdSpecSelector::showPopup()

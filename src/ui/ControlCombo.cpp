@@ -11,7 +11,7 @@ namespace {
 
 constexpr QSize flagSize{24, 18}; // device independent pixels
 constexpr int iconGap = 4; // likewise, between the icon and the text
-constexpr int textMargin = 1; // likewise, that styles leave on both sides of the text
+constexpr int textMargin = 1; // likewise, that styles leave on all sides of the text
 constexpr int greatestWidth = 60; // characters of average width
 constexpr int smallestWidth = 14; // likewise
 constexpr int screenShare = 6; // a combo takes at most one part in six of the screen's width
@@ -22,9 +22,11 @@ ControlCombo::ControlCombo(QWidget* parent)
     : QComboBox(parent)
 {
     setFocusPolicy(Qt::NoFocus);
-    setIconSize(flagSize);
-    setSizeAdjustPolicy(AdjustToContents);
     setMaximumWidth(greatestWidth * fontMetrics().averageCharWidth());
+    const QAbstractItemModel* list = model();
+    connect(list, &QAbstractItemModel::rowsInserted, this, &ControlCombo::updateGeometry);
+    connect(list, &QAbstractItemModel::rowsRemoved, this, &ControlCombo::updateGeometry);
+    connect(list, &QAbstractItemModel::dataChanged, this, &ControlCombo::updateGeometry);
 }
 
 int ControlCombo::leastWidth() const
@@ -32,24 +34,22 @@ int ControlCombo::leastWidth() const
     return smallestWidth * fontMetrics().averageCharWidth() + flagSize.width();
 }
 
-int ControlCombo::widthOf(const QString& text) const
+QSize ControlCombo::sizeFor(int textWidth) const
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    const int icon = iconSize().width() + iconGap;
-    const QSize content(
-        fontMetrics().horizontalAdvance(text) + 2 * textMargin + icon, iconSize().height());
-    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, this).width();
+    const int width = textWidth + 2 * textMargin + flagSize.width() + iconGap;
+    const int height = std::max(fontMetrics().height(), flagSize.height()) + 2 * textMargin;
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, {width, height}, this);
 }
 
 // Qt's own hint counts the ink of a text, which may be narrower than the place that it takes.
 QSize ControlCombo::sizeHint() const
 {
-    QSize hint = QComboBox::sizeHint();
-    const int counted = sizeAdjustPolicy() == AdjustToContents ? count() : 0;
-    for (int i = 0; i < counted; ++i)
-        hint.setWidth(std::max(hint.width(), widthOf(itemText(i))));
-    return hint;
+    int widest = 0;
+    for (int i = 0; i < count(); ++i)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
+    return sizeFor(widest);
 }
 
 QSize ControlCombo::minimumSizeHint() const
@@ -57,6 +57,19 @@ QSize ControlCombo::minimumSizeHint() const
     const QSize wanted = sizeHint();
     const int share = screen()->availableSize().width() / screenShare;
     return {std::min(wanted.width(), std::max(share, leastWidth())), wanted.height()};
+}
+
+// Setting the icon size instead, or a size adjust policy, makes Qt build the list that pops up.
+void ControlCombo::initStyleOption(QStyleOptionComboBox* option) const
+{
+    QComboBox::initStyleOption(option);
+    option->iconSize = flagSize;
+}
+
+void ControlCombo::showPopup()
+{
+    setIconSize(flagSize);
+    QComboBox::showPopup();
 }
 
 void ControlCombo::paintEvent(QPaintEvent*)

@@ -11,18 +11,20 @@ class ControlCombo : public QComboBox {
 public:
     explicit ControlCombo(QWidget* parent = nullptr);
 
-    // Wide enough for the longest text of the list, and follows the list when it changes, unless
-    // the size adjust policy is another one than AdjustToContents.
+    // Wide enough for the longest text of the list, and follows the list when it changes.
     QSize sizeHint() const override;
 
     // At most a sixth of the screen's width; less when the texts are shorter.
     QSize minimumSizeHint() const override;
 
+    void showPopup() override;
+
 protected:
-    // In pixels: the control's width when it shows this text with an icon, and the width below
-    // which it is of no use.
-    int widthOf(const QString& text) const;
+    // The size of a control that has room for an icon and a text this wide, and the width below
+    // which it is of no use; in pixels.
+    QSize sizeFor(int textWidth) const;
     int leastWidth() const;
 
+    void initStyleOption(QStyleOptionComboBox* option) const override;
     void paintEvent(QPaintEvent* event) override;
 };

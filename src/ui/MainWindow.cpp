@@ -2,6 +2,7 @@
 
 #include "app/description/ComponentNames.h"
 #include "app/description/XkbTexts.h"
+#include "keys/ImageFile.h"
 #include "keys/KbdDoodad.h"
 #include "model/DrawnCaps.h"
 #include "model/KbdGeometry.h"
@@ -97,7 +98,7 @@ MainWindow::~MainWindow()
 void MainWindow::setUpWindow()
 {
     // Without that icon theme the window keeps the application's icon.
-    if (const QPixmap icon(QString::fromLatin1(windowIconFile)); !icon.isNull())
+    if (const QPixmap icon = imageFile::read(QString::fromLatin1(windowIconFile)); !icon.isNull())
         setWindowIcon(QIcon(icon));
     // The text line composes dead keys itself: an input method must not take them away.
     setAttribute(Qt::WA_InputMethodEnabled, false);

@@ -10,13 +10,14 @@ namespace {
 
 const QString longText = QStringLiteral("A text that is much too long for its place");
 constexpr QSize place(160, 30); // pixels
+constexpr QSize iconRoom(24, 18); // likewise
 
 // What a combo shows of its only text.
 template <typename Combo>
 QImage shown(const QString& text)
 {
     Combo combo;
-    combo.setIconSize({24, 18});
+    combo.setIconSize(iconRoom);
     combo.addItem(text);
     combo.setMinimumWidth(0);
     combo.resize(place);
@@ -68,7 +69,7 @@ void ControlComboTest::noTextIsCutInTheWidthThatTheComboAsksFor_data()
 void ControlComboTest::noTextIsCutInTheWidthThatTheComboAsksFor()
 {
     QFETCH(QString, text);
-    QPixmap flag(24, 18);
+    QPixmap flag(iconRoom);
     flag.fill(Qt::red);
     for (const QIcon& icon : {QIcon(), QIcon(flag)}) {
         for (qsizetype length = 1; length <= text.size(); ++length) {
@@ -76,7 +77,7 @@ void ControlComboTest::noTextIsCutInTheWidthThatTheComboAsksFor()
             combo.addItem(icon, text.left(length));
             QComboBox uncut;
             uncut.setFocusPolicy(Qt::NoFocus);
-            uncut.setIconSize(combo.iconSize());
+            uncut.setIconSize(iconRoom);
             uncut.addItem(icon, text.left(length));
             combo.resize(combo.sizeHint());
             uncut.resize(combo.size());

@@ -429,7 +429,7 @@ void KbdSpecsTest::hindiIsFoundUnderItsName()
 void KbdSpecsTest::everyIconIsAPictureOfTheSizeOfAFlag()
 {
     const QImage image(QStringLiteral(KBD_ICON_DIR "/") + row().icon);
-    QCOMPARE(image.size(), QSize(320, 240));
+    QCOMPARE(image.size(), QSize(200, 150));
     QVERIFY2(!isOfOneColour(image), qUtf8Printable(row().icon));
 }
 
@@ -440,15 +440,15 @@ void KbdSpecsTest::aFlagThatHasChangedIsTheOneInUse_data()
     QTest::addColumn<QString>("icon");
     QTest::addColumn<QPoint>("place");
     QTest::addColumn<QColor>("colour");
-    QTest::newRow("Syria's upper stripe") << "sy.png" << QPoint(160, 40) << green;
-    QTest::newRow("Syria's star in the middle") << "sy.png" << QPoint(160, 122) << red;
+    QTest::newRow("Syria's upper stripe") << "sy.png" << QPoint(100, 25) << green;
+    QTest::newRow("Syria's star in the middle") << "sy.png" << QPoint(100, 76) << red;
     QTest::newRow("Iraq without a star at the left")
-        << "iq.png" << QPoint(27, 120) << QColor(Qt::white);
+        << "iq.png" << QPoint(17, 75) << QColor(Qt::white);
     QTest::newRow("Iraq without a star in the middle")
-        << "iq.png" << QPoint(160, 120) << QColor(Qt::white);
-    QTest::newRow("Iraq's first letter") << "iq.png" << QPoint(265, 120) << green;
+        << "iq.png" << QPoint(100, 75) << QColor(Qt::white);
+    QTest::newRow("Iraq's first letter") << "iq.png" << QPoint(165, 75) << green;
     QTest::newRow("Kyrgyzstan's ray to the right")
-        << "kg.png" << QPoint(220, 120) << QColor(0xff, 0xef, 0);
+        << "kg.png" << QPoint(137, 75) << QColor(0xff, 0xef, 0);
 }
 
 void KbdSpecsTest::aFlagThatHasChangedIsTheOneInUse()

@@ -1,6 +1,7 @@
 #include "ui/specs/FileIconEngine.h"
 
-#include <QImageReader>
+#include "keys/ImageFile.h"
+
 #include <QPainter>
 
 #include <utility>
@@ -39,7 +40,7 @@ QPixmap FileIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State
     if (fitting.isEmpty())
         return {};
     if (drawn.size() != fitting) {
-        const QPixmap whole(path);
+        const QPixmap whole = imageFile::read(path);
         if (whole.isNull()) {
             imageSize = QSize(); // broken behind its head: it is not tried again
             return {};
@@ -52,7 +53,7 @@ QPixmap FileIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State
 QSize FileIconEngine::actualSize(const QSize& size, QIcon::Mode, QIcon::State)
 {
     if (!imageSize)
-        imageSize = QImageReader(path).size();
+        imageSize = imageFile::sizeOf(path);
     if (!imageSize->isValid())
         return {0, 0};
     const bool fits = imageSize->boundedTo(size) == *imageSize;
