@@ -8,6 +8,7 @@
 #include "app/description/ComponentNames.h"
 #include "app/description/ServerSettings.h"
 #include "keys/ImageFile.h"
+#include "keys/KeyCapPainter.h"
 #include "model/KbdGeometry.h"
 #include "ui/CKbdSpecSelector.h"
 #include "ui/MainWindow.h"
@@ -319,6 +320,7 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
     auto names = std::make_unique<XkbComponentNamesRec>();
     ComponentQuery query(toolkitDisplay(), settings);
     askServer();
+    KeyCapPainter::loadFonts(); // takes as long as setxkbmap, which runs meanwhile
     if (!query.answer(names.get())) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.

@@ -1,25 +1,12 @@
 #include "model/LoadedKeyboard.h"
-
-#include "keys/KeyCapPainter.h"
 #include "x11/X11.h"
 
 #include <algorithm>
-#include <future>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Waiting for the server takes a thread, because Xlib asks and reads in one call. Nothing else uses
-// Xlib meanwhile.
-XkbDescription compileWhileFontsLoad(Display* display, const XkbComponentNamesRec& names)
-{
-    std::future<XkbDescription> compiled =
-        std::async([&] { return compileKeyboard(display, names); });
-    KeyCapPainter::loadFonts();
-    return compiled.get();
-}
 
 QList<Atom> atomsOf(const XkbDescRec& xkb)
 {
@@ -103,7 +90,7 @@ std::optional<LoadedKeyboard> loadKeyboard(
     Display* display, const XkbComponentNamesRec& names, const KeyboardSettings& settings)
 {
     LoadedKeyboard keyboard;
-    keyboard.xkb = compileWhileFontsLoad(display, names);
+    keyboard.xkb = compileKeyboard(display, names);
     if (!keyboard.xkb)
         return std::nullopt;
 
