@@ -201,8 +201,10 @@ void Faults::verifyAnswers(double share)
     XUnmapWindow(connection.get(), window);
     XMapWindow(connection.get(), window);
     XSync(connection.get(), x11::xFalse);
-    if (!waitUntil([&] { return isDrawn(share); }) || !program->isRunning())
+    if (!waitUntil([&] { return isDrawn(share) || !program->isRunning(); }))
         broken(QStringLiteral("does not draw any more"));
+    if (!program->isRunning())
+        broken(QStringLiteral("has ended: ") + QString::fromUtf8(program->errors()));
     if (!waitUntil([this] { return pressedKeys(server->display()).isEmpty(); }))
         broken(QStringLiteral("a key is down"));
     verifyNoFailure();
@@ -490,6 +492,9 @@ void Faults::showGeometry(qsizetype index, const HostileXkbData& data)
     current = QStringLiteral("geometry: ") + QLatin1StringView(hostileGeometries().at(index).word);
     const QString name = HostileXkbData::name(index);
     setKeyboard(server->display(), {"-geometry", name});
+    // A click may choose what the list offers: not the geometry before, which may be a refused one.
+    const QString table = QDir(data.path()).filePath(QLatin1StringView(tableFile));
+    QFile::remove(table);
     for (const char* mode : {"--tofocus", "--standalone"}) {
         useProgram(KBD_PROGRAM);
         program->setWorkingDirectory(data.path());
@@ -497,8 +502,7 @@ void Faults::showGeometry(qsizetype index, const HostileXkbData& data)
             {QLatin1StringView(mode), "-model", name, "-layout", "us"}, wholeWindow);
     }
     useProgram(KBD_CHOOSING_PROGRAM);
-    if (!write(QDir(data.path()).filePath(QLatin1StringView(tableFile)),
-            "Hostile\tnone.png\t" + name.toLatin1() + "\tus\n")
+    if (!write(table, "Hostile\tnone.png\t" + name.toLatin1() + "\tus\n")
         || !choose(0, data.path()))
         broken(QStringLiteral("no entry in the list"));
 }
