@@ -106,8 +106,11 @@ public:
     // What becomes of groups that the key does not have, beside their number.
     void setGroupRule(KeyCode code, unsigned char bits) { symbols.at(code).group_info |= bits; }
 
-    QStringList layouts{"us"};
-    ShiftMask_t lockModifiers = 0;
+    // One for each group; "us" unless told.
+    void setLayouts(const QStringList& groups) { layouts = groups; }
+
+    // None unless told.
+    void setLockModifiers(ShiftMask_t modifiers) { lockModifiers = modifiers; }
 
     // What keys of this keymap are made with; they must not outlive it.
     KeyContext context() { return {&noDisplay, &description, &labels, layouts, {}, lockModifiers}; }
@@ -137,6 +140,8 @@ private:
     static constexpr std::size_t keyCodes = 256;
     inline static const KbdLabelTable labels;
 
+    QStringList layouts{"us"};
+    ShiftMask_t lockModifiers = 0;
     std::deque<std::vector<XkbKTMapEntryRec>> typeEntries;
     std::vector<XkbKeyTypeRec> types;
     std::vector<KeySym> keysyms;

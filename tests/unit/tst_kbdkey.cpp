@@ -820,7 +820,7 @@ void KbdKeyTest::aSymbolThatIsNoDeadKeyHasNoGround()
 void KbdKeyTest::theActiveSymbolFollowsModifiersAndGroup()
 {
     const int two = keymap->twoLevels();
-    keymap->layouts = QStringList{"us", "gr"};
+    keymap->setLayouts({"us", "gr"});
     keymap->addKey("AC01", keyA, {{two, {XK_a, XK_A}}, {two, {XK_Greek_alpha, XK_Greek_ALPHA}}});
     const auto item = key("AC01");
     QCOMPARE(labelsOf(*item), QStringList{"a"});
@@ -889,7 +889,7 @@ void KbdKeyTest::aDoubleClickIsASecondPress()
 
 void KbdKeyTest::aLockKeyReportsPressAndRelease()
 {
-    keymap->lockModifiers = both(lock, mod1);
+    keymap->setLockModifiers(both(lock, mod1));
     keymap->addKey("CAPS", capsLock, {{keymap->oneLevel(), {XK_Caps_Lock}}});
     keymap->setAction(capsLock, XkbSA_LockMods, lock);
     const auto item = key("CAPS");
@@ -951,7 +951,7 @@ void KbdKeyTest::aTwinIsToggledAsWell()
 
 void KbdKeyTest::aLockKeyHasNoUseForItsTwin()
 {
-    keymap->lockModifiers = shift;
+    keymap->setLockModifiers(shift);
     const auto item = modifierKey(leftShift, XK_Shift_L, shift);
     item->setTwinKeycode(rightShift);
     KeyLog log(*item);

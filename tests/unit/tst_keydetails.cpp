@@ -58,7 +58,7 @@ void KeyDetailsTest::init()
 
 QString KeyDetailsTest::detailsOf(const char* name, const QStringList& layouts)
 {
-    keymap->layouts = layouts;
+    keymap->setLayouts(layouts);
     return KeyDetails::of(keymap->key(name));
 }
 

@@ -159,7 +159,7 @@ void KeySymbolsTest::aLevelBeyondTheKeysOwnHasNoSymbol()
 void KeySymbolsTest::slotsAreCountedThroughTheGroups()
 {
     const int two = keymap->twoLevels();
-    keymap->layouts = QStringList{"us", "gr"};
+    keymap->setLayouts({"us", "gr"});
     keymap->addKey("AC01", keyA, {{two, {XK_a, XK_A}}, {keymap->oneLevel(), {XK_Greek_alpha}}});
     KeySymbols symbols = keymap->key("AC01");
     QCOMPARE(symbols.activeSlot(shift), 1);
@@ -216,7 +216,7 @@ void KeySymbolsTest::capsLockChangesTheCaseOfLetters()
 void KeySymbolsTest::theSelectedGroupIsShown()
 {
     const int two = keymap->twoLevels();
-    keymap->layouts = QStringList{"us", "gr"};
+    keymap->setLayouts({"us", "gr"});
     keymap->addKey("AC01", keyA, {{two, {XK_a, XK_A}}, {two, {XK_Greek_alpha, XK_Greek_ALPHA}}});
     KeySymbols symbols = keymap->key("AC01");
     QCOMPARE(symbols.keysymWith(noModifiers), KeySym(XK_a));
@@ -230,7 +230,7 @@ void KeySymbolsTest::theSelectedGroupIsShown()
 void KeySymbolsTest::aKeyWithFewerGroupsKeepsTheGroupShown()
 {
     const int one = keymap->oneLevel();
-    keymap->layouts = QStringList{"us", "gr", "ru"};
+    keymap->setLayouts({"us", "gr", "ru"});
     keymap->addKey("AC01", keyA, {{one, {XK_a}}, {one, {XK_Greek_alpha}}});
     KeySymbols symbols = keymap->key("AC01");
     symbols.setSelectedGroup(1);
@@ -240,7 +240,7 @@ void KeySymbolsTest::aKeyWithFewerGroupsKeepsTheGroupShown()
 
 void KeySymbolsTest::theSelectedGroupChoosesTheLanguage()
 {
-    keymap->layouts = QStringList{"us", "de"};
+    keymap->setLayouts({"us", "de"});
     KeySymbols symbols = keymap->keyOf(keymap->oneLevel(), {XK_Home});
     QCOMPARE(symbols.labelWith(noModifiers), QString("Home"));
     symbols.setSelectedGroup(1);
@@ -251,7 +251,7 @@ void KeySymbolsTest::theSelectedGroupChoosesTheLanguage()
 
 void KeySymbolsTest::strokesAreReportedInTheLanguageOfTheLastLayout()
 {
-    keymap->layouts = QStringList{"us", "de"};
+    keymap->setLayouts({"us", "de"});
     const KeySymbols symbols = keymap->keyOf(keymap->oneLevel(), {XK_Home});
     QCOMPARE(symbols.symbolLabel(0), QString("Pos 1"));
 }
@@ -267,7 +267,7 @@ void KeySymbolsTest::aSymbolHasItsNameInX11()
 void KeySymbolsTest::aLayoutWhoseGroupTheKeyLacksHasTheSymbolsThatTakeItsPlace()
 {
     const int one = keymap->oneLevel();
-    keymap->layouts = QStringList{"us", "us", "fr"};
+    keymap->setLayouts({"us", "us", "fr"});
     keymap->addKey("RTRN", keyA, {{one, {XK_a}}, {one, {XK_Return}}});
     keymap->setGroupRule(keyA, clampGroups);
     const QList<LayoutSymbol> symbols = keymap->key("RTRN").layoutSymbols();
@@ -361,7 +361,7 @@ void KeySymbolsTest::aLockKeyHasALockModifier()
 {
     QFETCH(int, action);
     QFETCH(ShiftMask_t, mask);
-    keymap->lockModifiers = both(lock, mod1);
+    keymap->setLockModifiers(both(lock, mod1));
     keymap->setAction(capsLock, static_cast<unsigned char>(action), mask);
     QTEST(keymap->keyOf(keymap->oneLevel(), {XK_Caps_Lock}, capsLock).hasLockModifier(),
         "hasLockModifier");
