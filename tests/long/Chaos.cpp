@@ -111,8 +111,9 @@ void Chaos::killOne()
 {
     ProgramRun victim(QStringLiteral(KBD_PROGRAM), name);
     victim.start({QString::fromLatin1(option)});
-    const auto shown = grabWindow(display, victim.waitForWindow(display));
-    if (!shown)
+    const Window window = victim.waitForWindow(display);
+    std::optional<WindowImage> shown;
+    if (!waitUntil([&] { return (shown = grabWindow(display, window)).has_value(); }))
         return run.broken(QStringLiteral("the program that is to be killed has no window"));
     const QSize size = shown->image.size();
     hands.moveTo(shown->topLeft + QPoint(below(size.width()), below(size.height() * 2 / 3)));
