@@ -211,21 +211,35 @@ QList<int> litKeysOf(const KbdGeometry& picture)
     return lit;
 }
 
-// Those of Num Lock, Caps Lock and Scroll Lock, in this order.
-QList<bool> lampsOf(const KbdGeometry& picture)
+QList<const KbdDoodad*> lampsOf(const KbdGeometry& picture)
 {
-    QList<bool> lamps;
+    QList<const KbdDoodad*> lamps;
     for (const KbdDoodad* doodad : picture.doodadItems()) {
         if (doodad->isIndicator())
-            lamps << doodad->isActive();
+            lamps << doodad;
     }
     return lamps;
 }
 
-const QList<bool> noLamp{false, false, false};
-const QList<bool> numLamp{true, false, false};
-const QList<bool> capsLamp{false, true, false};
-const QList<bool> scrollLamp{false, false, true};
+// In the order of the lamps in the geometry.
+const QStringList lampNames{"Num Lock", "Caps Lock", "Scroll Lock"};
+
+QStringList litLampsOf(const KbdGeometry& picture)
+{
+    const QList<const KbdDoodad*> lamps = lampsOf(picture);
+    QStringList lit;
+    for (qsizetype i = 0; i < lamps.size(); ++i) {
+        if (lamps.at(i)->isActive())
+            lit << lampNames.value(i, QStringLiteral("a lamp without a name here"));
+    }
+    return lit;
+}
+
+const QStringList noLamp;
+const QStringList numLamp{"Num Lock"};
+const QStringList capsLamp{"Caps Lock"};
+const QStringList numAndCapsLamps{"Num Lock", "Caps Lock"};
+const QStringList scrollLamp{"Scroll Lock"};
 
 QPoint placeOf(const KbdGeometry& picture, KeyCode keycode)
 {
@@ -296,6 +310,9 @@ private slots:
     void locksAreFollowedWhileTheFocusIsElsewhere();
     void aPhysicalLockIsFollowedWhileTheFocusIsElsewhere_data();
     void aPhysicalLockIsFollowedWhileTheFocusIsElsewhere();
+    void twoLocksShowEachItsOwnLamp_data();
+    void twoLocksShowEachItsOwnLamp();
+    void clickedLocksShowEachItsOwnLamp();
     void whatIsFollowedIsNotWrittenBack();
     void aPhysicalLockIsLeftToTheServer();
     void aPhysicalLockEndsAsTheServerHasIt();
@@ -479,12 +496,12 @@ void KeyboardTest::aPhysicalCapsLockIsShown()
     startApplication({});
     focusTheWindow();
     other->tap(capsLock);
-    QTRY_COMPARE(lampsOf(picture()), capsLamp);
+    QTRY_COMPARE(litLampsOf(picture()), capsLamp);
     QTRY_COMPARE(litKeysOf(picture()), QList<int>());
     QCOMPARE(picture().modifiers(), lock);
     QCOMPARE(other->state().locked_mods, lock);
     other->tap(capsLock);
-    QTRY_COMPARE(lampsOf(picture()), noLamp);
+    QTRY_COMPARE(litLampsOf(picture()), noLamp);
     QTRY_COMPARE(litKeysOf(picture()), QList<int>());
     QCOMPARE(picture().modifiers(), noModifiers);
     QCOMPARE(other->state().locked_mods, noModifiers);
@@ -574,27 +591,27 @@ void KeyboardTest::everyEventIsPassedOn()
 void KeyboardTest::locksAreFollowedWhileTheFocusIsElsewhere_data()
 {
     QTest::addColumn<ShiftMask_t>("mask");
-    QTest::addColumn<QList<bool>>("lamps");
+    QTest::addColumn<QStringList>("lamps");
     QTest::newRow("Caps Lock") << lock << capsLamp;
     QTest::newRow("Num Lock") << num << numLamp;
-    QTest::newRow("both") << both(lock, num) << QList<bool>{true, true, false};
+    QTest::newRow("both") << both(lock, num) << numAndCapsLamps;
 }
 
 void KeyboardTest::locksAreFollowedWhileTheFocusIsElsewhere()
 {
     QFETCH(ShiftMask_t, mask);
-    QFETCH(QList<bool>, lamps);
+    QFETCH(QStringList, lamps);
     startApplication({"--tofocus"});
     other->takeFocus();
     QVERIFY(!QApplication::focusWidget());
-    QCOMPARE(lampsOf(picture()), noLamp);
+    QCOMPARE(litLampsOf(picture()), noLamp);
 
     other->lockModifiers(mask, mask);
-    QTRY_COMPARE(lampsOf(picture()), lamps);
+    QTRY_COMPARE(litLampsOf(picture()), lamps);
     QCOMPARE(picture().modifiers(), mask);
     QCOMPARE(other->state().locked_mods, mask);
     other->lockModifiers(mask, 0);
-    QTRY_COMPARE(lampsOf(picture()), noLamp);
+    QTRY_COMPARE(litLampsOf(picture()), noLamp);
     QCOMPARE(picture().modifiers(), noModifiers);
     QCOMPARE(other->state().locked_mods, noModifiers);
 }
@@ -603,7 +620,7 @@ void KeyboardTest::aPhysicalLockIsFollowedWhileTheFocusIsElsewhere_data()
 {
     QTest::addColumn<int>("keycode");
     QTest::addColumn<ShiftMask_t>("mask");
-    QTest::addColumn<QList<bool>>("lamps");
+    QTest::addColumn<QStringList>("lamps");
     QTest::newRow("Caps Lock") << int(capsLock) << lock << capsLamp;
     QTest::newRow("Num Lock") << int(numLock) << num << numLamp;
 }
@@ -612,16 +629,56 @@ void KeyboardTest::aPhysicalLockIsFollowedWhileTheFocusIsElsewhere()
 {
     QFETCH(int, keycode);
     QFETCH(ShiftMask_t, mask);
-    QFETCH(QList<bool>, lamps);
+    QFETCH(QStringList, lamps);
     startApplication({"--tofocus"});
     other->takeFocus();
     for (int round = 0; round < 2; ++round) {
         other->tap(static_cast<KeyCode>(keycode));
-        QTRY_COMPARE(lampsOf(picture()), lamps);
+        QTRY_COMPARE(litLampsOf(picture()), lamps);
         QTRY_COMPARE(other->state().locked_mods, mask);
         other->tap(static_cast<KeyCode>(keycode));
-        QTRY_COMPARE(lampsOf(picture()), noLamp);
+        QTRY_COMPARE(litLampsOf(picture()), noLamp);
         QTRY_COMPARE(other->state().locked_mods, noModifiers);
+    }
+}
+
+void KeyboardTest::twoLocksShowEachItsOwnLamp_data()
+{
+    QTest::addColumn<bool>("hasFocus");
+    QTest::newRow("typed into the program") << true;
+    QTest::newRow("typed elsewhere") << false;
+}
+
+void KeyboardTest::twoLocksShowEachItsOwnLamp()
+{
+    QFETCH(bool, hasFocus);
+    startApplication(hasFocus ? QByteArrayList() : QByteArrayList{"--tofocus"});
+    if (hasFocus)
+        focusTheWindow();
+    else
+        other->takeFocus();
+    const std::pair<KeyCode, QStringList> strokes[] = {{capsLock, capsLamp},
+        {numLock, numAndCapsLamps}, {capsLock, numLamp}, {capsLock, numAndCapsLamps},
+        {numLock, capsLamp}, {capsLock, noLamp}};
+    for (const auto& [key, lamps] : strokes) {
+        other->tap(key);
+        QTRY_COMPARE(litLampsOf(picture()), lamps);
+        QTRY_COMPARE(litKeysOf(picture()), QList<int>());
+        QTRY_COMPARE(picture().modifiers(), other->state().locked_mods);
+    }
+}
+
+void KeyboardTest::clickedLocksShowEachItsOwnLamp()
+{
+    startApplication({"--tofocus"});
+    const std::pair<KeyCode, QStringList> clicks[] = {
+        {numLock, numLamp}, {capsLock, numAndCapsLamps}, {numLock, capsLamp}, {capsLock, noLamp}};
+    for (const auto& [key, lamps] : clicks) {
+        press(picture(), key);
+        release(picture(), key);
+        QCOMPARE(litLampsOf(picture()), lamps);
+        QTRY_COMPARE(other->state().locked_mods, picture().modifiers());
+        QTRY_COMPARE(litLampsOf(picture()), lamps);
     }
 }
 
@@ -643,10 +700,10 @@ void KeyboardTest::aPhysicalLockIsLeftToTheServer()
     other->watchLocks();
     sendKeyEvent(*view, x11::keyPress, capsLock);
     QCOMPARE(view->modifiers(), lock);
-    QCOMPARE(lampsOf(*view), capsLamp);
+    QCOMPARE(litLampsOf(*view), capsLamp);
     sendKeyEvent(*view, x11::keyRelease, capsLock);
     QCOMPARE(view->modifiers(), lock);
-    QCOMPARE(lampsOf(*view), capsLamp);
+    QCOMPARE(litLampsOf(*view), capsLamp);
     QCOMPARE(other->lockChanges(), 0);
 }
 
@@ -670,21 +727,21 @@ void KeyboardTest::aClickedLockIsLockedInTheServerUntilTheNextClick()
     startApplication({"--tofocus"});
     press(picture(), capsLock);
     QTRY_COMPARE(other->state().locked_mods, lock);
-    QCOMPARE(lampsOf(picture()), capsLamp);
+    QCOMPARE(litLampsOf(picture()), capsLamp);
     QCOMPARE(keyWithCode(picture(), keyA)->activeLabel(), QString("A"));
     release(picture(), capsLock);
     waitForReportedState();
     QCOMPARE(other->state().locked_mods, both(lock, num));
-    QVERIFY(lampsOf(picture()).at(1));
+    QVERIFY(litLampsOf(picture()).contains("Caps Lock"));
 
     press(picture(), capsLock);
     QTRY_COMPARE(other->state().locked_mods, num);
-    QVERIFY(!lampsOf(picture()).at(1));
+    QVERIFY(!litLampsOf(picture()).contains("Caps Lock"));
     QCOMPARE(keyWithCode(picture(), keyA)->activeLabel(), QString("a"));
     release(picture(), capsLock);
     waitForReportedState();
     QCOMPARE(other->state().locked_mods, noModifiers);
-    QCOMPARE(lampsOf(picture()), noLamp);
+    QCOMPARE(litLampsOf(picture()), noLamp);
     QCOMPARE(picture().modifiers(), noModifiers);
 }
 
@@ -694,7 +751,7 @@ void KeyboardTest::theLocksOfTheStartAreShownAndLeftInTheServer()
     startOnlyToolkit();
     const auto view = newPicture();
     QCOMPARE(view->modifiers(), both(lock, num));
-    QCOMPARE(lampsOf(*view), QList<bool>({true, true, false}));
+    QCOMPARE(litLampsOf(*view), numAndCapsLamps);
     QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("A"));
     press(*view, leftShift);
     release(*view, leftShift);
@@ -705,11 +762,11 @@ void KeyboardTest::theLampOfALockThatAClickDropsGoesOut()
 {
     other->lockModifiers(all, num);
     startApplication({"--tofocus"});
-    QCOMPARE(lampsOf(picture()), numLamp);
+    QCOMPARE(litLampsOf(picture()), numLamp);
     press(picture(), capsLock);
     release(picture(), capsLock);
     QTRY_COMPARE(other->state().locked_mods, lock);
-    QTRY_COMPARE(lampsOf(picture()), capsLamp);
+    QTRY_COMPARE(litLampsOf(picture()), capsLamp);
     QCOMPARE(picture().modifiers(), lock);
 }
 
@@ -721,7 +778,7 @@ void KeyboardTest::aLockOfTheStartIsClickedOff()
     press(*view, capsLock);
     QTRY_COMPARE(other->state().locked_mods, noModifiers);
     QCOMPARE(view->modifiers(), noModifiers);
-    QCOMPARE(lampsOf(*view), noLamp);
+    QCOMPARE(litLampsOf(*view), noLamp);
     release(*view, capsLock);
     QCOMPARE(view->modifiers(), noModifiers);
 }
@@ -731,10 +788,10 @@ void KeyboardTest::scrollLockIsFollowedWhereTheKeymapHasIt()
     startOnlyToolkit();
     const auto view = newPicture(ourGeometry, scrollLockSymbols);
     other->lockModifiers(scroll, scroll);
-    QTRY_COMPARE(lampsOf(followed(*view)), scrollLamp);
+    QTRY_COMPARE(litLampsOf(followed(*view)), scrollLamp);
     QCOMPARE(view->modifiers(), scroll);
     other->lockModifiers(scroll, 0);
-    QTRY_COMPARE(lampsOf(followed(*view)), noLamp);
+    QTRY_COMPARE(litLampsOf(followed(*view)), noLamp);
     QCOMPARE(view->modifiers(), noModifiers);
 }
 
@@ -742,7 +799,7 @@ void KeyboardTest::aGeometryWithoutLampsFollowsTheLocks()
 {
     startOnlyToolkit();
     const auto view = newPicture(lamplessGeometry);
-    QCOMPARE(lampsOf(*view), QList<bool>());
+    QVERIFY(lampsOf(*view).isEmpty());
     other->lockModifiers(lock, lock);
     QTRY_COMPARE(followed(*view).modifiers(), lock);
     QCOMPARE(keyWithCode(*view, keyA)->activeLabel(), QString("A"));
