@@ -113,28 +113,52 @@ constexpr NationalRow nationalRows[] = {
 
 };
 
-constexpr bool glyphRowsAscend()
+// Wrong rows do not compile. The compiler prints the keysym of the row, but in decimal: where "the
+// comparison reduces to '(65307 == 0)'" it is 0xff1b, XK_Escape.
+constexpr quint32 firstMisplacedGlyph()
 {
     for (std::size_t i = 1; i < std::size(glyphRows); ++i) {
         if (glyphRows[i - 1].keysym >= glyphRows[i].keysym)
-            return false;
+            return glyphRows[i].keysym;
     }
-    return true;
+    return 0;
 }
-static_assert(glyphRowsAscend(), "a keysym has two rows, or a row stands in the wrong place");
+static_assert(
+    firstMisplacedGlyph() == 0, "a keysym has two rows, or a row stands in the wrong place");
 
-constexpr bool nationalRowsDiffer()
+constexpr quint32 firstGlyphWithText()
+{
+    for (const TextRow& row : textRows) {
+        if (std::ranges::binary_search(glyphRows, row.keysym, {}, &GlyphRow::keysym))
+            return row.keysym;
+    }
+    return 0;
+}
+static_assert(firstGlyphWithText() == 0, "a keysym has a row for a character and one for a text");
+
+constexpr quint32 firstNationalDuplicate()
 {
     for (const NationalRow* row = std::begin(nationalRows); row != std::end(nationalRows); ++row) {
         const auto isSame = [row](const NationalRow& other) {
             return other.keysym == row->keysym && other.language == row->language;
         };
         if (std::any_of(row + 1, std::end(nationalRows), isSame))
+            return row->keysym;
+    }
+    return 0;
+}
+static_assert(firstNationalDuplicate() == 0, "a keysym has two rows in one language");
+
+constexpr bool layoutsDiffer()
+{
+    for (const LanguageRow* row = std::begin(languageRows); row != std::end(languageRows); ++row) {
+        const auto isSame = [row](const LanguageRow& other) { return other.layout == row->layout; };
+        if (std::any_of(row + 1, std::end(languageRows), isSame))
             return false;
     }
     return true;
 }
-static_assert(nationalRowsDiffer(), "a keysym has two rows in one language");
+static_assert(layoutsDiffer(), "a layout has two rows in languages.inc");
 
 // label() joins the languages of layout and variant: two must not pass for a third.
 static_assert(
