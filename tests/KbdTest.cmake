@@ -29,12 +29,12 @@ set(KBD_TEST_ENVIRONMENT
   LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0
   UBSAN_OPTIONS=print_stacktrace=1)
 
-# kbd_test(NAME LIBRARIES… [PATHS…] [DEFINITIONS…] [ENVIRONMENT…])
+# kbd_test(NAME LIBRARIES… [PATHS…] [DEFINITIONS…])
 #
 # A QtTest program NAME from NAME.cpp. Unless PATHS names an object library of paths, nothing is
 # installed for it.
 function(kbd_test name)
-  cmake_parse_arguments(TEST "" "PATHS" "LIBRARIES;DEFINITIONS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(TEST "" "PATHS" "LIBRARIES;DEFINITIONS" ${ARGN})
   if(NOT TEST_PATHS)
     set(TEST_PATHS kbd_paths_nowhere)
   endif()
@@ -46,5 +46,5 @@ function(kbd_test name)
   kbd_use_test_headers(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
-    TIMEOUT 300 ENVIRONMENT "${KBD_TEST_ENVIRONMENT};${TEST_ENVIRONMENT}")
+    TIMEOUT 300 ENVIRONMENT "${KBD_TEST_ENVIRONMENT}")
 endfunction()
