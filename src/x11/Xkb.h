@@ -3,10 +3,17 @@
 // XKB by way of XCB: requests whose answers are taken later, and the events as they come. One of
 // its records has a member by the name of a keyword of C++.
 
-// NOLINTNEXTLINE(clang-diagnostic-keyword-macro,readability-identifier-naming)
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wkeyword-macro"
+#endif
+// NOLINTNEXTLINE(readability-identifier-naming)
 #define explicit explicitComponents
 #include <xcb/xkb.h>
 #undef explicit
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
 
 #include <cstdint>
 
