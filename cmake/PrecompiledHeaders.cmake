@@ -42,9 +42,6 @@ endfunction()
 function(kbd_use_test_headers target)
   kbd_test_options(${target})
   target_precompile_headers(${target} REUSE_FROM kbd_test_main)
-  # It is empty, because tests include their moc files themselves.
-  set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/mocs_compilation.cpp
-    PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 endfunction()
 
 # Tests run once or twice after they have been compiled: optimising them costs more than it gains.

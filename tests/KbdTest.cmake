@@ -43,6 +43,11 @@ function(kbd_test name)
   target_link_libraries(${name} PRIVATE
     ${TEST_LIBRARIES} ${TEST_PATHS} Qt6::Test Qt6::Widgets)
   target_compile_definitions(${name} PRIVATE ${TEST_DEFINITIONS})
+  # moc by itself: AUTOMOC takes as long for each test as compiling a small one.
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+  qt_generate_moc(${name}.cpp ${CMAKE_CURRENT_BINARY_DIR}/moc/${name}.moc TARGET ${name})
+  target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/moc/${name}.moc)
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/moc)
   kbd_use_test_headers(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
