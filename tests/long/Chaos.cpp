@@ -111,10 +111,9 @@ void Chaos::killOne()
 {
     ProgramRun victim(QStringLiteral(KBD_PROGRAM), name);
     victim.start({QString::fromLatin1(option)});
-    const Window window = victim.waitForWindow(display);
-    std::optional<WindowImage> shown;
-    if (!waitUntil([&] { return (shown = grabWindow(display, window)).has_value(); }))
-        return run.broken(QStringLiteral("the program that is to be killed has no window"));
+    const auto shown = pictureOf(victim);
+    if (!shown)
+        return;
     const QSize size = shown->image.size();
     hands.moveTo(shown->topLeft + QPoint(below(size.width()), below(size.height() * 2 / 3)));
     hands.button(1, true);
@@ -125,6 +124,20 @@ void Chaos::killOne()
     victim.kill();
     hands.button(1, false);
     XSync(display, x11::xFalse);
+}
+
+// Of a window that a manager is about to frame there may be none for a moment.
+std::optional<WindowImage> Chaos::pictureOf(ProgramRun& victim)
+{
+    const Window window = victim.waitForWindow(display);
+    std::optional<WindowImage> shown;
+    const auto hasPicture = [&] { return (shown = grabWindow(display, window)).has_value(); };
+    if (window == x11::none || !waitUntil(hasPicture)) {
+        const char* const state = victim.isRunning() ? "runs" : "has ended";
+        run.broken(QStringLiteral("the program that is to be killed %1 without a window: %2")
+                .arg(QLatin1StringView(state), QString::fromLocal8Bit(victim.errors())));
+    }
+    return shown;
 }
 
 void Chaos::end()

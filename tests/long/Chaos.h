@@ -1,5 +1,6 @@
 #pragma once
 
+#include "harness/ProgramWindows.h"
 #include "harness/XTools.h"
 #include "tests/long/Hands.h"
 #include "tests/long/ProgramHere.h"
@@ -9,10 +10,12 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <random>
 
 class KeyTargetProcess;
 class LongRun;
+class ProgramRun;
 
 // What a user and other tools do to the program, by chance, and a look now and then at whether all
 // is as it should be: see PictureTruth.h.
@@ -46,6 +49,7 @@ private:
     bool start();
     void goOn();
     void killOne();
+    std::optional<WindowImage> pictureOf(ProgramRun& victim);
     void end();
     void act();
     void settle();

@@ -7,7 +7,7 @@
 #include "ui/MainWindow.h"
 #include "x11/X11.h"
 
-#include <QTest>
+#include <QWindow>
 
 ProgramHere::ProgramHere(Display* testDisplay)
     : display(testDisplay)
@@ -24,7 +24,8 @@ bool ProgramHere::start(
     if (!prepare(keyboard, before))
         return false;
     application = std::make_unique<KbdApp>(2, argumentVector.data());
-    return QTest::qWaitForWindowExposed(&window());
+    const QWindow* const shown = window().windowHandle();
+    return waitUntil([=] { return shown->isExposed(); });
 }
 
 // The application would end this process if another one typed for others.
