@@ -365,8 +365,8 @@ void KbdApp::selectKeyboardEvents()
     installFilters();
 }
 
-// The filter that is installed last sees an event first. The gate is the only one that keeps events
-// from Qt.
+// The filter that is installed last sees an event first. Of these three only the gate keeps events
+// from Qt; the picture's PointerPresses, installed later, keeps those of single devices.
 void KbdApp::installFilters()
 {
     Display* display = toolkitDisplay();

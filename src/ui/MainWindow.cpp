@@ -62,7 +62,7 @@ MainWindow::MainWindow( // NOLINT(readability-function-size): the signature is g
     build({model, layout, variant, options}, names, wantXTest);
 }
 
-// The connections of this class are made by text: that is given.
+// The given connections of this class are made by text: that is given too.
 void MainWindow::build(
     const KeyboardSettings& settings, XkbComponentNamesRec* names, bool wantXTest)
 {

@@ -1,8 +1,9 @@
 #pragma once
 
-// The one door to Xlib, XKB, XTest and the X input extension. No other room includes <X11/…>
-// itself: Xlib's macros carry names that Qt and moc use as identifiers, so they end here, and the
-// few constants that the program needs come back with a type, in Types.h.
+// The header of the door: through it the other rooms reach Xlib, XKB, XTest and the X input
+// extension, and none of them includes <X11/…> itself. Xlib's macros carry names that Qt and moc
+// use as identifiers, so they end here, and the few constants that the program needs come back with
+// a type, in Types.h.
 
 #include "x11/Types.h"
 
