@@ -367,6 +367,8 @@ void KbdApp::selectKeyboardEvents()
 
 // The filter that is installed last sees an event first. Of these three only the gate keeps events
 // from Qt; the picture's PointerPresses, installed later, keeps those of single devices.
+// To be called before the window is made: the picture's FollowedKeyboard has to see a change of
+// state before the bridge reports it, because the picture then asks it for the state.
 void KbdApp::installFilters()
 {
     Display* display = toolkitDisplay();
@@ -376,7 +378,8 @@ void KbdApp::installFilters()
     eventBridge = std::make_unique<XcbEventBridge>(display, [this](XEvent* event) {
         const bool isKey = event->type == x11::keyPress || event->type == x11::keyRelease;
         const bool isReported = isKey && physicalKeys && physicalKeys->isReporting();
-        return !isReported && x11EventFilter(event);
+        if (!isReported)
+            x11EventFilter(event);
     });
     installNativeEventFilter(eventBridge.get());
     if (!toFocus)

@@ -187,7 +187,8 @@ void KbdGeometry::showEvent(QShowEvent* event)
 }
 
 // Another program may take the window off the screen without Qt hiding it. The window gets every
-// release of a button, also one that Qt has no widget for.
+// release of a button, also one that Qt has no widget for. One over the picture comes once more
+// through viewportEvent; KeyPresses has forgotten the button by then and ignores it.
 bool KbdGeometry::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* handle = qobject_cast<QWindow*>(watched);

@@ -19,7 +19,8 @@ struct KeyboardState {
 // The state of the server's core keyboard: asked for once, without waiting, and followed from then
 // on through XKB's state notifications, all of which Qt selects on this connection. What this
 // program does to the keyboard counts at once, and notifications that were on their way by then do
-// not undo it.
+// not undo it. Who is told of a notification by another event filter finds its state here if that
+// filter was installed before this object was made: Qt asks the latest filter first.
 class FollowedKeyboard : public QAbstractNativeEventFilter {
 public:
     // The server must have XKB, and the application exist. Notifications are followed from now on.

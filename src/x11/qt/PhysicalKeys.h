@@ -41,6 +41,8 @@ private:
     Display* display;
     Receiver receiver;
     int opcode = 0; // the input extension's; 0 where there is none
+    // A second one beside the picture's, which does not hear what that one does to the keyboard. It
+    // only fills the state of the events, which chooses no more than the label that is reported.
     FollowedKeyboard keyboard;
     std::optional<XTestDevices> xTestDevices; // only with the input extension
 };

@@ -47,6 +47,15 @@ XEvent focusEvent(Display* display, const xcb_focus_in_event_t& source)
     return event;
 }
 
+XkbEvent extensionEvent(Display* display, const xcb_generic_event_t& source)
+{
+    XkbEvent event{};
+    event.type = source.response_type;
+    event.any.display = display;
+    event.any.xkb_type = source.pad0;
+    return event;
+}
+
 } // namespace
 
 XcbEventBridge::XcbEventBridge(Display* xDisplay, Receiver eventReceiver)
@@ -61,18 +70,13 @@ bool XcbEventBridge::nativeEventFilter(const QByteArray&, void* message, qintptr
     const int type = generic->response_type & ~sentBySendEvent;
     if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
         XEvent event = keyEvent(display, *static_cast<xcb_key_press_event_t*>(message), type);
-        return receiver(&event);
-    }
-    if (type == XCB_FOCUS_IN) {
+        receiver(&event);
+    } else if (type == XCB_FOCUS_IN) {
         XEvent event = focusEvent(display, *static_cast<xcb_focus_in_event_t*>(message));
-        return receiver(&event);
+        receiver(&event);
+    } else if (type >= firstExtensionEvent && generic->response_type == type) {
+        XkbEvent event = extensionEvent(display, *generic);
+        receiver(&event.core);
     }
-    if (type < firstExtensionEvent || generic->response_type != type)
-        return false;
-
-    XkbEvent event{};
-    event.type = type;
-    event.any.display = display;
-    event.any.xkb_type = generic->pad0;
-    return receiver(&event.core);
+    return false;
 }

@@ -12,15 +12,15 @@
 // are left out.
 class XcbEventBridge : public QAbstractNativeEventFilter {
 public:
-    // Gets each event and says whether it ends here: true keeps it from Qt. The record,
-    // and any pointer to a part of it, is valid during the call only.
-    using Receiver = std::function<bool(XEvent*)>;
+    // Gets each event; Qt gets it after that. The record, and any pointer to a part of it, is valid
+    // during the call only.
+    using Receiver = std::function<void(XEvent*)>;
 
     // The display, which the records name, is borrowed from Qt and outlives this object.
     // Nothing comes until the bridge is installed as the application's native event filter.
     XcbEventBridge(Display* xDisplay, Receiver eventReceiver);
 
-    // Other events are left to Qt.
+    // Keeps no event from Qt.
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
