@@ -16,7 +16,8 @@ namespace {
 
 constexpr QSize screenSize(1280, 800);
 
-// Here the smallest key is larger than the letters of the text line, which change with it.
+// So wide that the smallest key is larger than a letter of the text line, which changes with it:
+// the one is not mistaken for the other.
 constexpr QSize screenForManyKeys(1920, 1200);
 
 constexpr QLatin1StringView tableName("kbdSpecs.tab");

@@ -15,7 +15,7 @@ constexpr QLatin1StringView keycodesFile("keycodes/evdev");
 constexpr QLatin1StringView geometryFile("geometry/pc-arvane");
 constexpr char keycodesHead[] = "xkb_keycodes \"evdev\" {\n";
 
-// With those that the keymap has already. The protocol counts them in one byte, and the keymap
+// The 255 that the protocol's byte counts, less those that the keymap has already: the keymap
 // compiler does not look whether they fit.
 constexpr int aliasCount = 175;
 

@@ -7,7 +7,7 @@
 //
 // A keymap has at most 255 key codes and 255 aliases of their names, and of keys with one name a
 // picture shows the last. So 175 keys have symbols: those of Shift, and of the letters over and
-// over. The others have no key code and are blank. They lie among each other.
+// over. The others have no key code and are blank. Both kinds are mixed in every row.
 class ManyKeys {
 public:
     // Throws std::runtime_error when the data cannot be copied.

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-// What was measured in each run.
+// What was measured, one value for each run.
 using Samples = std::vector<double>;
 
 // Of several things, taken in turns: ours first, then what it is compared with.

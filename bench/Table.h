@@ -10,8 +10,8 @@ public:
     // The headings of the columns after the first.
     Table(const QByteArray& title, const QByteArrayList& headings);
 
-    // Name, the median of each, the ratios of ours to the others, and what the first ratio, or the
-    // figure itself, should be.
+    // The columns: the name, the median of each program, the ratios of ours to the others, and what
+    // the first ratio, or our figure itself, should be.
     void addComparison(const QByteArray& name, const Series& figures, const QByteArray& unit,
         const QByteArray& aim = {});
 

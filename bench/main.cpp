@@ -85,7 +85,7 @@ void compareStart(Desktop& desktop, const Bench& bench, Competitors& programs, T
     table.addComparison("  memory (PSS)", start.memory, "MB", "<= 1.15");
 }
 
-// In the mode with a text line of its own, where it has the focus.
+// Measured with --standalone, where the program's own text line has the focus.
 Table compareTryOut(Desktop& desktop, const Bench& bench)
 {
     say("start, stand-alone");
@@ -100,7 +100,7 @@ Table compareTryOut(Desktop& desktop, const Bench& bench)
     return table;
 }
 
-// At the end of a line. Without an aim where the floor does not do the like.
+// What goes over the line to a remote display. No aims: the floor does hardly anything comparable.
 Table compareFar(Desktop& desktop, const Bench& bench)
 {
     say("what is sent to a server that is far away");

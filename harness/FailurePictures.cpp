@@ -85,7 +85,7 @@ ssize_t FailurePictures::print(void* self, const char* text, size_t size)
     const auto* pictures = static_cast<FailurePictures*>(self);
     const size_t written = std::fwrite(text, 1, size, pictures->output);
     if (hasFailure(std::string_view(text, size))) {
-        // What goes wrong on the way is not to come back here.
+        // Messages from taking the picture must not come back here.
         stdout = pictures->previous;
         pictures->leavePicture();
         stdout = pictures->watched;

@@ -56,7 +56,7 @@ void printKey(const char* word, XKeyEvent& key)
         escaped(text.data(), length).c_str());
 }
 
-// True once there is nothing more to come from the one who started the target.
+// Whether the one who started the target has closed its standard input.
 bool inputHasEnded()
 {
     std::array<char, 64> ignored{};
@@ -95,7 +95,7 @@ void KeyTarget::createWindow(const char* geometry)
     XMapWindow(display, window);
 }
 
-// The place counts as the user's, so that managers keep it.
+// USPosition says that the user has chosen the place: managers keep it then.
 void KeyTarget::setHints(int x, int y, unsigned int width, unsigned int height)
 {
     XSizeHints size{};

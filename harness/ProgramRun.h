@@ -5,8 +5,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-// Runs the program that is under test, with nothing of the user's own settings. What is still
-// running goes when this object does.
+// Runs the program that is under test, with nothing of the user's own settings. The destructor
+// kills it if it still runs.
 class ProgramRun {
 public:
     // `program` is its file; it is to run on `display`.

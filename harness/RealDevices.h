@@ -61,9 +61,8 @@ public:
     void touch(int finger, const QPointF& point);
     void slide(int finger, const QPointF& point);
 
-    // A finger that is down, and all that are.
-    void lift(int finger);
-    void liftAll();
+    void lift(int finger); // one that is down
+    void liftAll(); // every finger that is down
 
 private:
     void send(int finger, int type, const QPointF& point);

@@ -2,8 +2,7 @@
 
 #include <QByteArrayList>
 
-// What the environment holds of the user who runs the tests or the bench, and what is to reach no
-// program on a private server.
+// What programs on a private server must not inherit from the user who runs the tests or the bench.
 
 // Names of variables that the programs are started without: the user's session, display and
 // language, and settings that change how Qt looks.

@@ -11,7 +11,8 @@ struct ViewersSocket {
 };
 
 // An X server whose screen is looked at over the network (Xvnc). It takes viewers at a socket that
-// only this user can reach. (The socket's directory is a base: it is there before the server is.)
+// only this user can reach. (The socket's directory is a base class, so that it is made before the
+// server.)
 class VncServer : private ViewersSocket, public PrivateServer {
 public:
     VncServer();

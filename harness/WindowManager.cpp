@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int startLimitMs = 15000;
-// How long a change may go unseen that the root window does not announce.
+// How often to look for changes that bring no event of the root window.
 constexpr int lookAgainMs = 50;
 // A server takes no longer for an answer, however busy the machine.
 constexpr int answerLimitMs = 1000;
@@ -136,7 +136,8 @@ WindowManager::WindowManager(const QByteArray& name, const QByteArray& display)
 void WindowManager::suspend() const
 {
     kill(-manager->processId(), SIGSTOP);
-    // What it has asked before may not have been read when the first answer comes.
+    // Two answers: the server may give the first before it has read a grab that the manager asked
+    // for.
     while (!serverAnswers() || !serverAnswers()) {
         resume();
         XSync(connection.get(), x11::xTrue);

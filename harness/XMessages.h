@@ -11,7 +11,7 @@ public:
 
     explicit XMessages(Sender sendingSide);
 
-    // What has come, in pieces of any size.
+    // Appends what has come, in pieces of any size.
     void add(const QByteArray& bytes);
 
     // Takes out the first complete message; empty while there is none. The first of all sets the
@@ -26,7 +26,7 @@ private:
     QByteArray waiting;
 };
 
-// What has passed since the connections were made, without their setups.
+// Messages and bytes counted since the connections were made, without their setups.
 struct XTraffic {
     int requests = 0;
     qint64 requestBytes = 0;

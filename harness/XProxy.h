@@ -13,7 +13,7 @@
 
 struct pollfd;
 
-// What becomes of that which passes a proxy.
+// How a proxy changes what passes it.
 struct XProxyManners {
     // Everything is held back for this long, in each direction.
     DelayLine::Clock::duration delay{};

@@ -14,7 +14,7 @@
 
 namespace {
 
-// Of this thread and all that it starts. They are waited for instead.
+// Blocks them in this thread and in all that it starts; sigwait takes them.
 sigset_t blockEndingSignals()
 {
     sigset_t ending;

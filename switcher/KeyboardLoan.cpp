@@ -87,7 +87,7 @@ void KeyboardLoan::putBackLeft(const std::vector<unsigned int>& devices)
     record.remove();
 }
 
-// The record comes first: from the moment on that the loan is there, a kill may come.
+// The record is written first: this process may be killed right after the load.
 void KeyboardLoan::replace(ReplacedKeyboard&& keyboard)
 {
     keyboard.expect(expectedNames());

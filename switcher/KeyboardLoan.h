@@ -54,6 +54,6 @@ private:
     bool on = false;
     // Whether the core keyboard was loaded anew since this was last cleared.
     bool wasLoaded = false;
-    // Nothing while nothing of ours is loaded.
+    // Empty while no loan is on.
     std::optional<ReplacedKeyboard> replaced;
 };

@@ -12,9 +12,9 @@ struct LockState {
 
     static LockState of(Display* display);
 
-    // The locks for this state's keyboard when it is put back: as they were here, but Caps Lock and
-    // Num Lock as the user has them `now`, on the other keyboard. Its other locks are not carried
-    // over: the keyboard that comes back may have no key that unlocks them.
+    // The locks to restore with this state's keyboard: the saved ones, except Caps Lock and Num
+    // Lock, which stay as the user has them `now`, on the other keyboard. Its other locks are not
+    // carried over: the keyboard that comes back may have no key that unlocks them.
     LockState carriedOn(const LockState& now) const;
 
     void apply(Display* display) const;

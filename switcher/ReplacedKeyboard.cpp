@@ -114,9 +114,9 @@ void ReplacedKeyboard::learn(Display* display)
     loanKeys = KeySymRows::of(display, core);
 }
 
-// The core keyboard comes first, as it hands what it gets to the others: then those that have no
-// loan get once more what they had. The repeats come last, as the keyboard that was used last hands
-// what it gets to the core keyboard.
+// The core keyboard first: the server copies its keymap to all attached keyboards, so those without
+// the loan get theirs back after it. The repeats last: the server copies those of the keyboard that
+// was used last to the core keyboard.
 void ReplacedKeyboard::putBack(Display* display, const std::vector<unsigned int>& present) const
 {
     const LockState carriedOn = locks.carriedOn(LockState::of(display));

@@ -18,8 +18,8 @@ public:
     static ReplacedKeyboard takeFrom(ByteReader& bytes);
     void put(ByteWriter& bytes) const;
 
-    // Tells by what a keyboard is known that has the loan: the names that are expected, before it
-    // is loaded, and what the core keyboard has, once it is.
+    // By what a device is recognised that has the loan: expect() before it is loaded, by component
+    // names alone; learn() after that, by the names and keysyms that the core keyboard has then.
     void expect(const ComponentAtoms& names) { loan = names; }
     void learn(Display* display);
 

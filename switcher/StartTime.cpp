@@ -13,8 +13,8 @@
 
 namespace {
 
-// Where the system's count of processes has started anew, neighbours are this far apart at least.
-// That is half of the smallest count that is in use.
+// Process ids start over after the largest one. A difference larger than this, half of the smallest
+// range in use, means that they have.
 constexpr pid_t farApart = 16384;
 
 constexpr int ticksField = 20; // of those after the name, as proc(5) counts them

@@ -8,8 +8,8 @@
 #include "switcher/Turn.h"
 #include "x11/Connection.h"
 
-// Has the parent's keyboard in the X server while the parent's window has the focus, or, when it is
-// static, while the parent lives; at all other times the server has the keyboard of everyone.
+// Keeps the parent's keyboard loaded in the X server while the parent's window has the focus, or,
+// when it is static, while the parent lives; at all other times the server has the user's own.
 //
 // Two turns keep switchers apart. A newer one for the same window ends the older. Among all of a
 // display only one has its keyboard loaded: the latest that wants to, while the others wait until

@@ -104,7 +104,7 @@ int Turn::remainingMs() const
 
 void Turn::take()
 {
-    // So that of two who ask at once, the second sees the first.
+    // Without a grab two switchers could both see no owner.
     const ServerGrab grab(display);
     const Window owner = watchedOwner();
     if (belongsToNewer(owner)) {

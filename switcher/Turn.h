@@ -14,8 +14,8 @@ class Turn {
 public:
     Turn(Display* xDisplay, const std::string& name);
 
-    // One that is not for the latest who asks, but for the program that was started last: the
-    // processor may have made it the first to ask. `start` is this program's.
+    // A turn for the program that was started last, even if it asks first: the processor may run it
+    // before the others. `start` is this program's.
     Turn(Display* xDisplay, const std::string& name, const StartTime& start);
 
     // Lets go at once.

@@ -329,7 +329,7 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
     return names.release();
 }
 
-// Far from the server this takes no time while setxkbmap asks it as often.
+// These questions run while setxkbmap asks the server its own, so they add no waiting time.
 void KbdApp::askServer()
 {
     Display* display = toolkitDisplay();
@@ -428,9 +428,9 @@ void KbdApp::connectMainWindow()
     connect(new SignalWatch(this), &SignalWatch::askedToEnd, this, &QCoreApplication::quit);
 }
 
-// Their releases may come to nobody: the server keeps them back while a mouse key is down (XKB's
-// control MouseKeys), and another program that grabs the keyboard gets them. Raw events, which the
-// mode beside other programs takes, always come.
+// Some releases of lit keys never reach this program: the server holds them back while a mouse key
+// is down (XKB's control MouseKeys), and a program that grabs the keyboard gets them instead. Raw
+// events, which the mode beside other programs takes, always come.
 void KbdApp::lookAfterLitKeys()
 {
     if (!mainWindow->releaseKeysThatAreUp())

@@ -16,7 +16,7 @@ constexpr std::array<int, 3> endingSignals{SIGTERM, SIGINT, SIGHUP};
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): handlers carry no data
 std::array<int, 2> wakeUpPipe{-1, -1};
 
-// As nohup has it: the program is to go on then.
+// nohup has SIGHUP ignored: a signal that is ignored at the start stays so.
 bool isIgnored(int number)
 {
     struct sigaction current{};

@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     try {
         new KbdApp(argc, argv); // lives until the process ends
     } catch (KbdApp::ExceptionType exception) {
-        // Of a server without the keyboard extension Qt says the same in its own words.
+        // Without the keyboard extension Qt has warned of the same: its messages are dropped.
         if (exception != KbdApp::XkbInitError)
             releaseHeldMessages();
         if (KbdApp::report(exception))

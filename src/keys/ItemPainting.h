@@ -3,9 +3,9 @@
 #include <QPainter>
 #include <QPixmap>
 
-// While an item paints: the keyboard looks the same in every language, so the painter writes from
-// left to right even where the desktop is read from right to left (brackets would turn round). At
-// the end the painter is as it was before.
+// For one paint(): has the painter write from left to right, and restores it at the end. The
+// keyboard looks the same in every language, also where the desktop is read from right to left
+// (brackets would turn round).
 class ItemPainting {
 public:
     // The painter is borrowed and outlives this object.

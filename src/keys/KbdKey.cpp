@@ -113,7 +113,7 @@ void KbdKey::mousePressEvent(QGraphicsSceneMouseEvent* event)
     pressByUser();
 }
 
-// A key leaves for the server before its new look is worked out: somebody waits for it.
+// The key is sent before its new look is worked out: the user waits for the letter.
 void KbdKey::pressByUser()
 {
     if (!keySymbols.hasGroups())

@@ -56,8 +56,9 @@ public:
     void setMultipleCharacters(bool multiple);
     void setSelectedGroup(KeyGroup_t selected);
 
-    // The cap's pictures, which this key no longer has then; and those of a key that was there
-    // before, which are of use as far as this one has its shape, its place and its face.
+    // takeDrawnCap moves the pictures of the cap out. reuse takes those of the former picture's
+    // key, if that has the same shape; of these, only those with the same transform and face are
+    // used.
     DrawnCap takeDrawnCap();
     void reuse(DrawnCap cap);
 

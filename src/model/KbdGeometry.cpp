@@ -86,7 +86,7 @@ void switchIndicator(const KeyboardItems& items, const ModifierState& state, Shi
     }
 }
 
-// A button that such a key pressed would press at the pointer, which is on the key.
+// Under mouse keys such a key would press a button at the pointer, which is over the picture.
 bool worksPointer(const KbdKey* key, const CoreKeyboard& server)
 {
     return key && key->symbols().hasPointerAction() && server.hasMouseKeysOn();
@@ -120,7 +120,7 @@ KbdGeometry::KbdGeometry(const KeyboardSettings& settings, const XkbComponentNam
 }
 
 // The sender goes before the items: no key may stay pressed in the server whose release can no
-// longer come. Nobody sees the items go, so nothing is made ready to be painted where they were.
+// longer come. No repaint is scheduled while the items are deleted.
 KbdGeometry::~KbdGeometry()
 {
     setViewportUpdateMode(NoViewportUpdate);
@@ -208,7 +208,7 @@ void KbdGeometry::hideEvent(QHideEvent* event)
 
 void KbdGeometry::releaseClickedKeys()
 {
-    // The sender first: it waits until the server has taken note.
+    // The sender first: it waits (XSync) until the server has released the keys.
     sender->releaseAll();
     keyPresses->releaseAll();
 }
@@ -278,8 +278,8 @@ void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
         key->keyPressEventIn(static_cast<ShiftMask_t>(event->state));
 }
 
-// A key that the user holds as well is up in the server after our release, and the user's own
-// release brings no event any more.
+// If the user also holds the physical key, our release through XTest lifts it in the server. The
+// user's own release then brings no event, so the echo of ours counts as that release.
 void KbdGeometry::x11KeyReleaseEventIn(XKeyEvent* event)
 {
     const bool isEcho = sender->takeEcho(*event);

@@ -9,7 +9,7 @@ class KbdKey;
 // outlines of all that lies there, the keyboard's ground included, while a click waits.
 class KeyFinder {
 public:
-    // The keys are borrowed; they stay where they are, and stay as they lie above each other.
+    // The keys are borrowed; their positions and stacking order must not change.
     explicit KeyFinder(const QList<KbdKey*>& keys);
 
     // The key in front of those whose shape() reaches into the area, which is in units of the

@@ -44,8 +44,8 @@ void KeyPresses::mouseReleased(const QMouseEvent& event)
     }
 }
 
-// No event of the server comes with these, but two keys of the same time pass for one that repeats
-// itself.
+// There is no event with a time here. Two clicks with equal times would look like auto-repeat, so
+// the time counts on.
 void KeyPresses::click(KbdKey* key)
 {
     ++time;

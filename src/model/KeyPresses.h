@@ -32,7 +32,8 @@ public:
     // Presses and releases a key as a click does.
     void click(KbdKey* key);
 
-    // No key stays down: the picture goes out of sight, or its keys go.
+    // Releases every key that is held. To be called when the picture goes out of sight, and when
+    // the program ends.
     void releaseAll();
 
     // In milliseconds: the server's time of the last press or release, counted on by one for each
@@ -52,6 +53,6 @@ private:
     KeyFinder finder;
     PointerPresses presses;
     std::map<PressId, KbdKey*> held;
-    Qt::MouseButtons qtButtons; // down by Qt's account, and not straight from the device
+    Qt::MouseButtons qtButtons; // that are down and whose press came from Qt, not from the device
     Time time = 0;
 };

@@ -7,7 +7,8 @@ class QComboBox;
 class QLabel;
 
 // A caption and a combo box in a row. A control that derives from this passes the combo box's
-// signals on as its own: this class has no meta-object, so that theirs have nothing more in them.
+// signals on as its own: this class has no meta-object, so that the derived classes' meta-objects
+// contain only the given members.
 class CaptionedCombo : public QBoxLayout {
 public:
     ~CaptionedCombo() override;

@@ -260,7 +260,8 @@ QIcon SpecListModel::iconAt(int index) const
     return *icon;
 }
 
-// A record that has been handed out counts: who got it may have added a keyboard.
+// A record that has been handed out may have been changed since, so it is compared instead of the
+// table's line.
 bool SpecListModel::describes(int index, const Utf8Settings& keyboard) const
 {
     const qsizetype row = rowAt(index);

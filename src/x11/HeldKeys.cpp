@@ -36,7 +36,7 @@ std::vector<Atom> rootProperties(Display* display)
     return atoms ? std::vector<Atom>(atoms.get(), atoms.get() + count) : std::vector<Atom>();
 }
 
-// Those that tell of keys.
+// The names of the properties with held keys.
 std::vector<Atom> heldKeysProperties(Display* display)
 {
     const std::vector<Atom> atoms = rootProperties(display);

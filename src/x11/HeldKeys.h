@@ -23,13 +23,13 @@ public:
     // The display is borrowed and outlives this object.
     explicit HeldKeys(Display* xDisplay);
 
-    // Tells of no key any more.
+    // Deletes the property.
     ~HeldKeys();
     HeldKeys(const HeldKeys&) = delete;
     HeldKeys& operator=(const HeldKeys&) = delete;
 
-    // In place of those told before. To be called before they are pressed, and after they are
-    // released. The first call waits for the atom that the constructor has asked for.
+    // Publishes this list in place of the last. To be called before keys are pressed, and after
+    // they are released. The first call waits for the atom that the constructor has asked for.
     void tell(const std::vector<KeyCode>& keycodes);
 
 private:
@@ -38,7 +38,7 @@ private:
     Window owner = none;
 };
 
-// Releases the keys that a process of this machine has told of and that is known to have gone. No
+// Releases the keys that a process of this machine has published; it must be known to have gone. No
 // other key is touched.
 void releaseKeysOf(Display* display, pid_t process);
 

@@ -25,9 +25,11 @@ struct XkbExtension {
 // none, or one of another version than Xlib's.
 std::optional<XkbExtension> queryXkb(Display* display);
 
-// Whether the server has the extension XTest, and whether it is the X server of a Wayland session
-// that says so (Xwayland, by its extension XWAYLAND). Only the first call for a display waits.
+// Whether the server has the extension XTest. Only the first call for a display waits.
 bool hasXTest(Display* display);
+
+// Whether it is the X server of a Wayland session (Xwayland) and says so by its extension XWAYLAND.
+// Only the first call for a display waits.
 bool hasXwayland(Display* display);
 
 // Asks for the input extension and does not wait: the first who needs it finds the answer there.

@@ -1,5 +1,4 @@
-// The names of a geometry's colours: each of the table's colours is there, with or without a
-// colour.
+// The names of a geometry's colours: every index of the table has an entry, whatever its name is.
 
 #include "keys/GeometryColours.h"
 #include "x11/X11.h"

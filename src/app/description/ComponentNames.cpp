@@ -117,14 +117,14 @@ QStringList setxkbmapArguments(Display* display, const KeyboardSettings& setting
     return arguments;
 }
 
-// From its making on, what a user sees of a program that waits.
+// While it lives the user sees a busy pointer, and from its making on a line on standard error.
 class BusySign {
 public:
     BusySign()
     {
         std::fputs("Waiting for setxkbmap to name the components of the keyboard\n", stderr);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        // No event is handled while this program waits, so nothing else sends the pointer.
+        // No event loop runs while the program waits, so nothing else would send the new pointer.
         if (Display* display = toolkitDisplay())
             XFlush(display);
     }

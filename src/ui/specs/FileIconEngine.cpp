@@ -42,7 +42,7 @@ QPixmap FileIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State
     if (drawn.size() != fitting) {
         const QPixmap whole = imageFile::read(path);
         if (whole.isNull()) {
-            imageSize = QSize(); // broken behind its head: it is not tried again
+            imageSize = QSize(); // its header was readable, the rest is broken: do not try again
             return {};
         }
         drawn = whole.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -68,7 +68,8 @@ bool FollowedKeyboard::nativeEventFilter(const QByteArray&, void* message, qintp
     return false;
 }
 
-// request: the last of ours that the server had seen by then.
+// request: the sequence number of our last request that the server had processed when it sent this
+// state.
 void FollowedKeyboard::follow(const KeyboardState& told, std::uint32_t request)
 {
     const unsigned char heldBefore = current.heldModifiers;

@@ -39,8 +39,8 @@ public:
     void lockGroup(unsigned char group);
 
     // Between these two this program itself holds modifier keys down through XTest: they do not
-    // count as held, whatever the notifications say. The second is to be called once the releases
-    // have been asked for.
+    // count as held, whatever the notifications say. The second is to be called after the requests
+    // for the releases.
     void beginOwnModifiers();
     void endOwnModifiers();
 
@@ -49,7 +49,7 @@ public:
 private:
     // A change that this program has asked for. A notification from before it is corrected.
     struct Change {
-        std::uint32_t request;
+        std::uint32_t request; // its sequence number
         unsigned char affected;
         unsigned char value;
     };
@@ -64,5 +64,5 @@ private:
     std::optional<Change> modifierChange;
     std::optional<Change> groupChange;
     bool holdsOwnModifiers = false;
-    std::optional<std::uint32_t> lastOwnRelease; // its request
+    std::optional<std::uint32_t> lastOwnRelease; // the request's sequence number
 };

@@ -10,7 +10,8 @@
 
 namespace {
 
-// Those that go to other programs are never taken out; far fewer are on their way at a time.
+// Echoes that another program gets are never taken off the list, so it is cut at this length. Far
+// fewer are on their way at a time.
 constexpr std::size_t mostEchoes = 100;
 
 } // namespace
@@ -78,7 +79,8 @@ void KeySender::fakeModifier(KeyCode keycode, int type, unsigned long delay)
         echoes.pop_front();
 }
 
-// Another key of the user's follows a later request: the sender never asks for a modifier key last.
+// A key of the user's has a later number: after the last modifier key another request always goes
+// out, for the clicked key or for the list of held keys.
 bool KeySender::takeEcho(const XKeyEvent& event)
 {
     const Echo echo{

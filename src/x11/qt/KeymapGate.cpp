@@ -74,7 +74,8 @@ bool KeymapGate::nativeEventFilter(const QByteArray&, void* message, qintptr*)
         return false;
     if (event.response_type & sentBySendEvent)
         return isAsking && !comesBack();
-    // Qt may have read the keymap before this change, and we after it.
+    // Qt may have read the keymap before this change, and our first questions came after it: they
+    // would hide it.
     if (!isFirstKnown && x11::isBefore(event.full_sequence, questions.back()))
         return false;
     hold(message);
@@ -106,7 +107,7 @@ void KeymapGate::hold(const void* message)
         askAndSendBack();
 }
 
-// True if Qt is to have the announcement. The answers have come before it.
+// The answers have come before the announcement.
 bool KeymapGate::comesBack()
 {
     isAsking = false;

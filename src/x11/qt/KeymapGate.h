@@ -36,7 +36,7 @@ private:
 
     bool isKeymapEvent(const void* message) const;
     void hold(const void* message);
-    bool comesBack();
+    bool comesBack(); // true: the announcement that has come back goes on to Qt
     Questions ask() const;
     QByteArray answers(const Questions& asked) const;
     void askAndSendBack();
@@ -50,6 +50,6 @@ private:
     bool isFirstKnown = false; // false: `questions` are those of the beginning
     bool isAsking = false;
     bool hasMore = false; // another announcement has come since the questions
-    bool isOwed = false; // Qt has still to hear of a change
+    bool isOwed = false; // a change was kept back, and Qt has still to hear of it
     QByteArray keymap; // that Qt has
 };

@@ -28,8 +28,8 @@ public:
     PhysicalKeys(Display* xDisplay, Receiver keyReceiver);
 
     // Whether the receiver hears of every physical key: not while a window of this program has the
-    // focus, and gets ordinary key events. Those come without it as well, where the server's focus
-    // follows the pointer, and are not to be told a second time.
+    // focus, and gets ordinary key events. Where the server's focus follows the pointer, ordinary
+    // key events come meanwhile too: do not report such a key twice.
     bool isReporting() const;
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;

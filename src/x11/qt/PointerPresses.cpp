@@ -23,7 +23,7 @@ namespace {
 // Enough for minutes in which a window manager does not answer.
 constexpr qsizetype mostReported = 2000;
 
-// A touch that has not brought the focus by then does not bring it.
+// Touches that wait longer than this for the focus are dropped.
 constexpr int focusPatienceMs = 5000;
 
 constexpr std::uint32_t firstWheelButton = 4;
@@ -60,7 +60,7 @@ bool isForWindowManager(const xcb_input_button_press_event_t& event)
     return event.event_type == XCB_INPUT_BUTTON_PRESS && (event.mods.base & ~harmless);
 }
 
-// As Qt names it; it makes a press of the left button of a touch.
+// As Qt names it; Qt turns a touch into a press of the left button.
 Qt::MouseButton qtButton(const PressId& id)
 {
     constexpr std::uint32_t firstExtraButton = 8; // XInput2: back, forward and those beyond
@@ -142,10 +142,10 @@ PointerPresses::PointerPresses(QWidget* pressedWidget, Receiver* pressReceiver)
         qApp, &QGuiApplication::focusWindowChanged, &focusObserver, [this] { reportWaiting(); });
 }
 
-// Qt 6 selects all of this for all devices already: it needs it while it moves a window, and
-// otherwise leaves alone what is not the master's. Adds what may be missing, for the server keeps
-// one selection of both; touches only where Qt asks for them, which it does where the server has
-// them.
+// Qt 6 selects all of this for all devices already, because it needs it while it moves a window; at
+// other times it ignores the events of slave devices. Adds what may be missing: the server keeps
+// one selection for Qt and for this. Touches only where Qt asks for them, which it does where the
+// server has them.
 void PointerPresses::watch()
 {
     const WId window = widget->effectiveWinId();
@@ -197,7 +197,7 @@ void PointerPresses::followFocus(const xcb_focus_in_event_t& event)
     reportWaiting();
 }
 
-// Presses come in their order.
+// Delivers at once only if the window has the focus and no earlier press waits.
 void PointerPresses::reportPress(const Report& press)
 {
     if (waiting.isEmpty() && hasFocus())
@@ -310,7 +310,7 @@ bool PointerPresses::isOurs(const DeviceEvent& event) const
                             : native->childAt(position) == widget;
 }
 
-// A window that never takes the focus needs none.
+// A window that refuses the focus never gets it, and counts as one that has it.
 bool PointerPresses::hasFocus() const
 {
     const QWidget* window = widget->window();
