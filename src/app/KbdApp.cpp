@@ -319,18 +319,18 @@ XkbComponentNamesRec* KbdApp::getComponentNames()
 {
     auto names = std::make_unique<XkbComponentNamesRec>();
     ComponentQuery query(toolkitDisplay(), settings);
-    askServer();
+    prepareWhileSetxkbmapRuns();
     KeyCapPainter::loadFonts(); // takes as long as setxkbmap, which runs meanwhile
     if (!query.answer(names.get())) {
         freeComponentNames(names.get());
         // Without the extension setxkbmap cannot have succeeded.
-        throw hasKeyboardExtension() ? RulesError : XkbInitError;
+        throw openKeyboardExtension() ? RulesError : XkbInitError;
     }
     return names.release();
 }
 
 // These questions run while setxkbmap asks the server its own, so they add no waiting time.
-void KbdApp::askServer()
+void KbdApp::prepareWhileSetxkbmapRuns()
 {
     Display* display = toolkitDisplay();
     x11::askForXInput(display);
@@ -342,8 +342,8 @@ void KbdApp::askServer()
     isWayland = isWaylandsServer();
 }
 
-// Also sets xkbEventBase.
-bool KbdApp::hasKeyboardExtension()
+// Sets xkbEventBase. False where the server has no such extension.
+bool KbdApp::openKeyboardExtension()
 {
     const auto xkb = x11::queryXkb(toolkitDisplay());
     if (xkb)
@@ -356,7 +356,7 @@ bool KbdApp::hasKeyboardExtension()
 void KbdApp::selectKeyboardEvents()
 {
     Display* display = toolkitDisplay();
-    if (!hasKeyboardExtension())
+    if (!openKeyboardExtension())
         throw XkbInitError;
     XkbSelectEvents(display, x11::coreKeyboard, XkbMapNotifyMask, XkbMapNotifyMask);
     if (toFocus)

@@ -82,8 +82,8 @@ private:
     void normaliseModel();
     static void usage(const char* program, int code);
     XkbComponentNamesRec* getComponentNames();
-    void askServer();
-    bool hasKeyboardExtension();
+    void prepareWhileSetxkbmapRuns();
+    bool openKeyboardExtension();
     void selectKeyboardEvents();
     void installFilters();
     void createMainWindow();

@@ -35,7 +35,7 @@ public:
     bool isPhysicallyDown() const { return keyState.pressed; }
 
     // Whether a modifier of the key's own is held or locked.
-    bool isModifierOn() const { return keySymbols.hasModifierOf(keyState.currentModifiers); }
+    bool isModifierOn() const { return keySymbols.hasAnyModifierIn(keyState.currentModifiers); }
 
     // What a press and a release by the user do, be it with a mouse button, a finger or a click of
     // another kind. The cap looks pressed in between. The caller releases every key that it

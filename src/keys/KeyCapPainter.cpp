@@ -148,14 +148,14 @@ void KeyCapPainter::drawCap(CapLook look)
     const auto [body, top] = capColours(look);
     painter->setPen(Qt::black);
     painter->setBrush(keyColour(body, scheme));
-    drawFace(shape.outline, {0, 0, std::trunc(shape.width), std::trunc(shape.height)});
+    drawSurface(shape.outline, {0, 0, std::trunc(shape.width), std::trunc(shape.height)});
     painter->setBrush(keyColour(top, scheme));
-    drawFace(shape.topOutline,
+    drawSurface(shape.topOutline,
         {std::trunc(d), std::trunc(d / 2), std::trunc(shape.width - 2 * d),
             std::trunc(shape.height - 2 * d)});
 }
 
-void KeyCapPainter::drawFace(const QPolygon& polygon, const QRectF& rectangle)
+void KeyCapPainter::drawSurface(const QPolygon& polygon, const QRectF& rectangle)
 {
     if (polygon.isEmpty())
         painter->drawRoundedRect(rectangle, shape.cornerRadius, shape.cornerRadius);

@@ -76,7 +76,7 @@ private:
     // and "None" are the labels of keysyms that stand for nothing: these texts are left out.
     void drawLabel(const CapLabel& label);
     void drawDeadGround(const QRectF& cell);
-    void drawFace(const QPolygon& polygon, const QRectF& rectangle);
+    void drawSurface(const QPolygon& polygon, const QRectF& rectangle);
     Fitted fit(const QString& text, double size, const QRectF& room);
     std::optional<QRectF> signOfOtherFont(const QString& text, const QSizeF& line) const;
     QRectF placeOf(const QString& text, const QRectF& room, double factor) const;

@@ -76,7 +76,7 @@ QRectF KeyLabels::area() const
 
 KeyColour KeyLabels::colour(int slot) const
 {
-    if (symbols.hasModifierOf(state.currentModifiers))
+    if (symbols.hasAnyModifierIn(state.currentModifiers))
         return KeyColour::TextModifierOn;
     return symbols.isDeadKey(slot) ? KeyColour::TextDead : KeyColour::TextNormal;
 }

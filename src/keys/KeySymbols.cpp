@@ -117,7 +117,7 @@ void KeySymbols::makeSlots()
 QList<int> KeySymbols::slotsOf(int layout) const
 {
     QList<int> slotNumbers;
-    const std::optional<int> wrappedGroup = wrapped(layout);
+    const std::optional<int> wrappedGroup = effectiveGroupFor(layout);
     if (!wrappedGroup)
         return slotNumbers;
     const int levels = std::min(keyTypes.at(*wrappedGroup)->num_levels, levelsPerGroup);
@@ -188,7 +188,7 @@ void KeySymbols::setSelectedGroup(KeyGroup_t selected)
         group = selected;
 }
 
-std::optional<int> KeySymbols::wrapped(int wanted) const
+std::optional<int> KeySymbols::effectiveGroupFor(int wanted) const
 {
     if (keycode == 0)
         return std::nullopt;
@@ -197,20 +197,20 @@ std::optional<int> KeySymbols::wrapped(int wanted) const
 
 int KeySymbols::activeLevel(ShiftMask_t modifiers) const
 {
-    const std::optional<int> shown = wrapped(group);
+    const std::optional<int> shown = effectiveGroupFor(group);
     return shown ? ::activeLevel(*keyTypes.at(*shown), modifiers) : 0;
 }
 
 // A level can lie beyond the key's own: both come from the server.
 int KeySymbols::slotOf(int level) const
 {
-    const std::optional<int> shown = wrapped(group);
+    const std::optional<int> shown = effectiveGroupFor(group);
     return shown && level < levelsPerGroup ? levelsPerGroup * *shown + level : -1;
 }
 
 CapLevels KeySymbols::capLevels() const
 {
-    const std::optional<int> shown = wrapped(group);
+    const std::optional<int> shown = effectiveGroupFor(group);
     return shown ? ::capLevels(*keyTypes.at(*shown), level3Mask) : CapLevels();
 }
 

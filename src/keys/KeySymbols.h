@@ -63,11 +63,11 @@ public:
     ShiftMask_t keyModifiers() const { return modifierMask; }
     bool isModifier() const { return modifierType != 0; }
 
-    // Whether the key sets or locks the modifier of Caps Lock, Num Lock or Scroll Lock.
+    // Whether this is a lock key.
     bool hasLockModifier() const { return modifierMask & context.lockModifiers; }
 
     // Whether one, or every one, of the modifiers that the key sets or locks is among these.
-    bool hasModifierOf(ShiftMask_t modifiers) const { return modifiers & modifierMask; }
+    bool hasAnyModifierIn(ShiftMask_t modifiers) const { return modifiers & modifierMask; }
     bool hasAllModifiersIn(ShiftMask_t modifiers) const;
 
     // Whether the key moves the pointer, or presses a button, instead of typing while XKB's control
@@ -110,7 +110,7 @@ private:
     void makeSlots();
     void readSymbol(int layout, int slot);
 
-    std::optional<int> wrapped(int wanted) const;
+    std::optional<int> effectiveGroupFor(int wanted) const;
     QList<int> slotsOf(int layout) const;
     QString levelName(int slot) const;
     QString labelIn(int layout, KeySym symbol) const;

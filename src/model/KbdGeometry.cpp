@@ -77,7 +77,7 @@ void lightIndicators(const KeyboardItems& items, const ModifierState& state)
     }
 }
 
-// One lamp only, also where the mask belongs to more than one lock.
+// One indicator only, also where the mask belongs to more than one lock.
 void switchIndicator(const KeyboardItems& items, const ModifierState& state, ShiftMask_t mask)
 {
     for (const Lock lock : state.locksWith(mask)) {
@@ -130,11 +130,11 @@ void KbdGeometry::load(
     const KeyboardSettings& settings, const XkbComponentNamesRec& names, bool wantXTest)
 {
     Display* display = toolkitDisplay();
-    server = std::make_unique<const CoreKeyboard>(display);
-    if (!server->hasXkb())
+    coreKeyboard = std::make_unique<const CoreKeyboard>(display);
+    if (!coreKeyboard->hasXkb())
         throw NoXkb;
     serverState = std::make_unique<FollowedKeyboard>();
-    useXTest = wantXTest && server->hasXTest();
+    useXTest = wantXTest && coreKeyboard->hasXTest();
     std::optional<LoadedKeyboard> loaded = loadKeyboard(display, names, settings);
     if (!loaded)
         throw NoDescription;
@@ -145,7 +145,7 @@ void KbdGeometry::load(
     modifierState.startWith(state.lockedModifiers);
     groupAtLoad = state.lockedGroup;
     keyboardItems =
-        std::make_unique<KeyboardItems>(*keyboard, modifierState.lockMask(), keyboardScene);
+        std::make_unique<KeyboardItems>(*keyboard, modifierState.lockModifiers(), keyboardScene);
     keyboardItems->addCaptions(settings);
     sender = std::make_unique<KeySender>(display, serverState.get());
 }
@@ -273,7 +273,7 @@ void KbdGeometry::x11KeyPressEventIn(XKeyEvent* event)
     if (sender->takeEcho(*event))
         return;
     // A lock is not written back to the server: that would undo what the user has done there since.
-    const QScopedValueRollback reporting(takesServersLock, true);
+    const QScopedValueRollback reporting(isReportingPhysicalPress, true);
     if (KbdKey* key = keyboardItems->keyOf(static_cast<KeyCode>(event->keycode)))
         key->keyPressEventIn(static_cast<ShiftMask_t>(event->state));
 }
@@ -302,7 +302,7 @@ bool KbdGeometry::releaseKeysThatAreUp()
     lit.removeIf([](const KbdKey* key) { return !key->isPhysicallyDown(); });
     if (lit.isEmpty())
         return false;
-    const std::bitset<256> down = server->keysDown();
+    const std::bitset<256> down = coreKeyboard->keysDown();
     const auto isUp = [&](const KbdKey* key) { return !down.test(key->x11Keycode()); };
     for (KbdKey* key : std::as_const(lit)) {
         if (isUp(key))
@@ -329,8 +329,8 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
     showModifiers();
     if (type != XkbSA_LockMods)
         return;
-    if (!takesServersLock)
-        serverState->lockModifiers(modifierState.lockMask(), modifierState.lockedModifiers());
+    if (!isReportingPhysicalPress)
+        serverState->setLocks(modifierState.lockModifiers(), modifierState.lockedModifiers());
     switchIndicator(*keyboardItems, modifierState, mask);
 }
 
@@ -345,7 +345,7 @@ void KbdGeometry::x11LockStateChangedIn()
     const KeyboardState state = serverState->state();
     if (!modifierState.followLocks(state.lockedModifiers).isEmpty())
         showModifiers();
-    // All of them: a click switches one lamp, and may have changed more locks than its own.
+    // All of them: a click switches one indicator, and may have changed more locks than its own.
     lightIndicators(*keyboardItems, modifierState);
 
     if (state.lockedGroup == group() || !serverHasThisManyGroups())
@@ -381,7 +381,7 @@ KeyGroup_t KbdGeometry::firstGroup() const
 // If not, the server has another keyboard than the one shown, whose groups are others.
 bool KbdGeometry::serverHasThisManyGroups() const
 {
-    return server->groupCount() == keyboard->groupCount;
+    return coreKeyboard->groupCount() == keyboard->groupCount;
 }
 
 void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
@@ -390,11 +390,11 @@ void KbdGeometry::synthesizeKeyPress(KeyCode x11Keycode)
         return sender->sendEvent(
             x11::keyPress, {x11Keycode, modifierState.eventState(), keyPresses->lastTime()});
     const QList<KeyCode> modifierKeys =
-        modifierState.keysToPress(serverState->state().heldModifiers);
-    if (!worksPointer(keyboardItems->keyOf(x11Keycode), *server))
+        modifierState.keysToPress(serverState->state().downModifiers);
+    if (!worksPointer(keyboardItems->keyOf(x11Keycode), *coreKeyboard))
         return sender->pressThroughXTest(x11Keycode, modifierKeys);
     // Released before mouse keys are on again: a key that repeats would work the pointer, too.
-    server->withoutMouseKeys([&] { sender->typeThroughXTest(x11Keycode, modifierKeys); });
+    coreKeyboard->withoutMouseKeys([&] { sender->typeThroughXTest(x11Keycode, modifierKeys); });
 }
 
 void KbdGeometry::synthesizeKeyRelease(KeyCode x11Keycode)

@@ -109,7 +109,7 @@ public slots:
 
     // Works the modifiers out anew from the keys pressed on the picture and shows them on every
     // key. Where the key's type is XkbSA_LockMods, it also locks them in the server, unless a
-    // physical key is being reported, and switches the lamp of the mask.
+    // physical key is being reported, and switches the indicator of the mask.
     void adjustModifierState(KeyType_t type, ShiftMask_t mask);
 
     // A modifier key went down or up, physically or by a click. Of one with the modifier of Caps,
@@ -134,7 +134,7 @@ private:
     void showGroup(KeyGroup_t group);
     bool serverHasThisManyGroups() const;
 
-    std::unique_ptr<const CoreKeyboard> server;
+    std::unique_ptr<const CoreKeyboard> coreKeyboard;
     std::unique_ptr<FollowedKeyboard> serverState;
     std::unique_ptr<const LoadedKeyboard> keyboard;
     QGraphicsScene* keyboardScene; // a child of this view; outlives the items
@@ -144,6 +144,6 @@ private:
     ModifierState modifierState;
     KeyGroup_t groupAtLoad = 0; // locked in the server
     bool useXTest = false;
-    bool takesServersLock = false; // a physical key is going down, whose lock the server has set
+    bool isReportingPhysicalPress = false; // the server has the key's lock already
     GroupObserver groupObserver;
 };

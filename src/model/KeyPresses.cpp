@@ -25,7 +25,7 @@ KeyPresses::KeyPresses(QGraphicsView* picture, const QList<KbdKey*>& keys)
 
 void KeyPresses::mousePressed(const QMouseEvent& event)
 {
-    if (presses.takeReported(event))
+    if (presses.takeAlreadyDelivered(event))
         return;
     qtButtons |= event.button();
     pressed({idOf(event), event.position().toPoint(), static_cast<Time>(event.timestamp())});

@@ -49,7 +49,7 @@ bool isNamed(const QString& name, const char* indicator)
 } // namespace
 
 KeyboardItems::KeyboardItems(
-    const LoadedKeyboard& loadedKeyboard, ShiftMask_t lockMask, QGraphicsScene* scene)
+    const LoadedKeyboard& loadedKeyboard, ShiftMask_t lockModifiers, QGraphicsScene* scene)
     : keyboard(loadedKeyboard)
     , keyboardScene(scene)
     , labelTable(std::make_unique<KbdLabelTable>())
@@ -60,7 +60,7 @@ KeyboardItems::KeyboardItems(
     KeyPlacements placements = placeKeys(geometry);
     readKeyAliases();
     addDoodads(placements.bounds);
-    addKeys(placements.keys, lockMask);
+    addKeys(placements.keys, lockModifiers);
     pairModifierKeys();
     if (placements.bounds.isEmpty())
         placements.bounds.widen(0, 0, geometry.width_mm, geometry.height_mm);
@@ -129,7 +129,7 @@ void KeyboardItems::addDoodad(const XkbDoodadRec& record)
     findPurpose(doodad, keyboard.display->atomName(record.any.name));
 }
 
-// The doodad's name says whether it is the flag or the lamp of a lock.
+// The doodad's name says whether it is the flag or the indicator of a lock.
 void KeyboardItems::findPurpose(KbdDoodad* doodad, const QString& name)
 {
     if (name.startsWith("X-Flag"_L1, Qt::CaseInsensitive))
@@ -142,10 +142,11 @@ void KeyboardItems::findPurpose(KbdDoodad* doodad, const QString& name)
         scrollLockIndicator = doodad;
 }
 
-void KeyboardItems::addKeys(const QMap<QByteArray, KeyPlacement>& placements, ShiftMask_t lockMask)
+void KeyboardItems::addKeys(
+    const QMap<QByteArray, KeyPlacement>& placements, ShiftMask_t lockModifiers)
 {
     const KeyContext context{keyboard.display.get(), keyboard.xkb.get(), labelTable.get(),
-        keyboard.labelNames.layouts, keyboard.labelNames.variants, lockMask};
+        keyboard.labelNames.layouts, keyboard.labelNames.variants, lockModifiers};
     for (auto place = placements.cbegin(); place != placements.cend(); ++place)
         addKey(context, place.key(), place.value());
 }

@@ -33,10 +33,10 @@ class KeyboardItems {
 
 public:
     // The keyboard and the scene are borrowed and outlive the items; the scene's parent, the view,
-    // becomes the QObject parent of the keys and doodads. lockMask: the modifiers whose keys lock.
+    // becomes the QObject parent of the keys and doodads. lockModifiers: those of the lock keys.
     // The scene gets the size of the picture, in tenths of a millimetre.
     KeyboardItems(
-        const LoadedKeyboard& loadedKeyboard, ShiftMask_t lockMask, QGraphicsScene* scene);
+        const LoadedKeyboard& loadedKeyboard, ShiftMask_t lockModifiers, QGraphicsScene* scene);
 
     // Adds the captions below the keyboard. To be called once.
     void addCaptions(const KeyboardSettings& settings);
@@ -61,7 +61,7 @@ private:
     void addDoodads(PictureBounds& bounds);
     void addDoodad(const XkbDoodadRec& record);
     void findPurpose(KbdDoodad* doodad, const QString& name);
-    void addKeys(const QMap<QByteArray, KeyPlacement>& placements, ShiftMask_t lockMask);
+    void addKeys(const QMap<QByteArray, KeyPlacement>& placements, ShiftMask_t lockModifiers);
     void addKey(const KeyContext& context, const QByteArray& name, const KeyPlacement& place);
     void pairModifierKeys();
     void addBackground(const PictureBounds& bounds);

@@ -30,7 +30,7 @@ ModifierState::ModifierState(QMap<QString, ShiftMask_t> masksByName)
     : modifierMasks(std::move(masksByName))
 {
     for (const Lock lock : allLocks)
-        lockModifiers |= maskOf(lock);
+        lockModifierMask |= maskOf(lock);
     for (auto name = modifierMasks.keyBegin(); name != modifierMasks.keyEnd(); ++name)
         modifierKeycodes.insert(*name, 0);
 }
@@ -45,12 +45,12 @@ void ModifierState::addKey(const ModifierKey& key)
 
 void ModifierState::startWith(ShiftMask_t lockedInServer)
 {
-    modifierState = lockedInServer & lockModifiers;
+    modifierState = lockedInServer & lockModifierMask;
 }
 
 void ModifierState::press(KeyCode keycode, ShiftMask_t mask)
 {
-    const bool isLockedAlready = (mask & lockModifiers) && (mask & modifierState);
+    const bool isLockedAlready = (mask & lockModifierMask) && (mask & modifierState);
     if (isLockedAlready)
         pressedModifiers.remove(keycode);
     else
@@ -60,7 +60,7 @@ void ModifierState::press(KeyCode keycode, ShiftMask_t mask)
 
 bool ModifierState::release(KeyCode keycode, ShiftMask_t mask)
 {
-    if (mask & lockModifiers)
+    if (mask & lockModifierMask)
         return false;
     pressedModifiers.remove(keycode);
     recompute();
@@ -111,9 +111,9 @@ QList<Lock> ModifierState::locksWith(ShiftMask_t mask) const
     return locks;
 }
 
-QList<KeyCode> ModifierState::keysToPress(ShiftMask_t heldInServer) const
+QList<KeyCode> ModifierState::keysToPress(ShiftMask_t downInServer) const
 {
-    const ShiftMask_t wanted = heldModifiers() & ~heldInServer;
+    const ShiftMask_t wanted = heldModifiers() & ~downInServer;
     if (wanted == 0)
         return {};
     ShiftMask_t missing = wanted;

@@ -11,7 +11,7 @@
 
 #include <array>
 
-// The locks that a picture may have lamps for, in the order in which they are looked at.
+// The locks that a picture may have indicators for, in the order in which they are looked at.
 enum class Lock { Caps, Num, Scroll };
 inline constexpr std::array allLocks{Lock::Caps, Lock::Num, Lock::Scroll};
 
@@ -42,11 +42,11 @@ public:
 
     // What is held or locked, and the two apart.
     ShiftMask_t modifiers() const { return modifierState; }
-    ShiftMask_t heldModifiers() const { return modifierState & ~lockModifiers; }
-    ShiftMask_t lockedModifiers() const { return modifierState & lockModifiers; }
+    ShiftMask_t heldModifiers() const { return modifierState & ~lockModifierMask; }
+    ShiftMask_t lockedModifiers() const { return modifierState & lockModifierMask; }
 
-    // The modifiers of the three locks, on or off: those that may be changed in the server.
-    ShiftMask_t lockMask() const { return lockModifiers; }
+    // The modifiers of the lock keys, on or off: those that may be changed in the server.
+    ShiftMask_t lockModifiers() const { return lockModifierMask; }
 
     // A modifier key of the picture went down or up. A lock changes with every press, and its
     // release does nothing: release returns false then.
@@ -62,14 +62,14 @@ public:
 
     bool isOn(Lock lock) const { return modifierState & maskOf(lock); }
 
-    // The locks that have one of these modifiers, in the order of allLocks. Of a picture's lamps
-    // only that of the first of these locks is switched.
+    // The locks that have one of these modifiers, in the order of allLocks. Of a picture's
+    // indicators only that of the first of these locks is switched.
     QList<Lock> locksWith(ShiftMask_t mask) const;
 
-    // The keys to press around a clicked key, so that it is typed under the held modifiers. What
-    // the user holds on the real keyboard (heldInServer) is left out: it acts already, and the
-    // release of a second press would end it. Locks are left out too: the server has them.
-    QList<KeyCode> keysToPress(ShiftMask_t heldInServer) const;
+    // The keys to press around a clicked key, so that it is typed under the held modifiers. Those
+    // of keys that are down in the server (downInServer) are left out: they act already, and the
+    // release of a second press would end them. Locks are left out too: the server has them.
+    QList<KeyCode> keysToPress(ShiftMask_t downInServer) const;
 
     KeyGroup_t group() const { return groupNum; }
     void setGroup(KeyGroup_t group) { groupNum = group; }
@@ -84,7 +84,7 @@ private:
     QList<KeyCode> unnamedKeysHolding(ShiftMask_t modifiers) const;
 
     ShiftMask_t modifierState = 0;
-    ShiftMask_t lockModifiers = 0;
+    ShiftMask_t lockModifierMask = 0;
     QMap<QString, ShiftMask_t> modifierMasks; // real modifiers by modifier name
     QMap<QString, KeyCode> modifierKeycodes; // by modifier name; 0 where the picture has no key
     QSet<KeyCode> holdingKeys; // those that set their modifiers while they are down

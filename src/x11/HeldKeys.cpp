@@ -66,12 +66,12 @@ HeldKeys::~HeldKeys()
 {
     if (owner == none)
         return;
-    tell({});
+    publish({});
     XDestroyWindow(display, owner);
     XFlush(display);
 }
 
-void HeldKeys::tell(const std::vector<KeyCode>& keycodes)
+void HeldKeys::publish(const std::vector<KeyCode>& keycodes)
 {
     const Window root = XRootWindow(display, 0);
     if (owner == none) {

@@ -30,7 +30,7 @@ public:
 
     // Publishes this list in place of the last. To be called before keys are pressed, and after
     // they are released. The first call waits for the atom that the constructor has asked for.
-    void tell(const std::vector<KeyCode>& keycodes);
+    void publish(const std::vector<KeyCode>& keycodes);
 
 private:
     Display* display;

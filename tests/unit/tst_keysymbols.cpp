@@ -371,8 +371,8 @@ void KeySymbolsTest::aModifierIsOnInPartOrAsAWhole()
 {
     keymap->setAction(keyA, XkbSA_SetMods, both(shift, mod1));
     const KeySymbols symbols = keymap->keyOf(keymap->oneLevel(), {XK_Shift_L});
-    QVERIFY(!symbols.hasModifierOf(lock));
-    QVERIFY(symbols.hasModifierOf(both(lock, mod1)));
+    QVERIFY(!symbols.hasAnyModifierIn(lock));
+    QVERIFY(symbols.hasAnyModifierIn(both(lock, mod1)));
     QVERIFY(!symbols.hasAllModifiersIn(both(lock, mod1)));
     QVERIFY(symbols.hasAllModifiersIn(static_cast<ShiftMask_t>(shift | mod1 | lock)));
 }

@@ -38,7 +38,7 @@ constexpr std::array<ComponentSection, 6> sections{{
     {&XkbComponentNamesRec::geometry, "xkb_geometry", true},
 }};
 
-// Geometries that the platform draws itself, with lamps, captions and a flag holder.
+// Geometries that the platform draws itself, with indicators, captions and a flag holder.
 struct GeometryReplacement {
     const char* printed;
     const char* used;

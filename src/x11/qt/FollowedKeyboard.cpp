@@ -72,7 +72,7 @@ bool FollowedKeyboard::nativeEventFilter(const QByteArray&, void* message, qintp
 // state.
 void FollowedKeyboard::follow(const KeyboardState& told, std::uint32_t request)
 {
-    const unsigned char heldBefore = current.heldModifiers;
+    const unsigned char downBefore = current.downModifiers;
     current = told;
     const auto correct = [&](std::optional<Change>& change, unsigned char& value) {
         if (change && x11::isBefore(request, change->request))
@@ -84,12 +84,12 @@ void FollowedKeyboard::follow(const KeyboardState& told, std::uint32_t request)
     correct(groupChange, current.lockedGroup);
 
     if (holdsOwnModifiers || (lastOwnRelease && x11::isBefore(request, *lastOwnRelease)))
-        current.heldModifiers = heldBefore;
+        current.downModifiers = downBefore;
     else
         lastOwnRelease.reset();
 }
 
-void FollowedKeyboard::lockModifiers(unsigned char affected, unsigned char locked)
+void FollowedKeyboard::setLocks(unsigned char affected, unsigned char locked)
 {
     takeAnswer();
     const auto cookie = xcb_xkb_latch_lock_state(

@@ -9,7 +9,7 @@ struct xcb_connection_t;
 
 // The state of a keyboard. The masks are core modifier masks, the groups count from 0 to 3.
 struct KeyboardState {
-    unsigned char heldModifiers = 0; // by keys that are down
+    unsigned char downModifiers = 0; // by keys that are down
     unsigned char lockedModifiers = 0;
     unsigned char lockedGroup = 0;
     unsigned char modifiers = 0; // held, latched or locked
@@ -35,7 +35,7 @@ public:
     // Of the affected modifiers locks those that are in locked, and unlocks the others. The server
     // refuses a mask in locked that is not affected. What is set has left for the server when the
     // call returns, as with lockGroup.
-    void lockModifiers(unsigned char affected, unsigned char locked);
+    void setLocks(unsigned char affected, unsigned char locked);
     void lockGroup(unsigned char group);
 
     // Between these two this program itself holds modifier keys down through XTest: they do not

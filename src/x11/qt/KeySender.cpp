@@ -20,7 +20,7 @@ KeySender::KeySender(Display* xDisplay, FollowedKeyboard* serversKeyboard)
     : display(xDisplay)
     , keyboard(serversKeyboard)
     , rootWindow(DefaultRootWindow(xDisplay))
-    , toldKeys(xDisplay)
+    , publishedKeys(xDisplay)
 {
 }
 
@@ -34,7 +34,7 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     if (held.contains(keycode))
         return;
     held.insert(keycode, modifierKeys);
-    tellHeldKeys();
+    publishHeldKeys();
     if (!modifierKeys.isEmpty())
         keyboard->beginOwnModifiers();
     unsigned long delay = 0; // milliseconds after the key before it
@@ -44,18 +44,13 @@ void KeySender::pressThroughXTest(KeyCode keycode, const QList<KeyCode>& modifie
     XFlush(display);
 }
 
-void KeySender::releaseThroughXTest(KeyCode keycode)
-{
-    letGo(keycode);
-}
-
 void KeySender::typeThroughXTest(KeyCode keycode, const QList<KeyCode>& modifierKeys)
 {
     pressThroughXTest(keycode, modifierKeys);
     releaseThroughXTest(keycode);
 }
 
-void KeySender::letGo(KeyCode keycode)
+void KeySender::releaseThroughXTest(KeyCode keycode)
 {
     if (!held.contains(keycode))
         return;
@@ -66,7 +61,7 @@ void KeySender::letGo(KeyCode keycode)
         fakeModifier(modifier, x11::keyRelease, delay++);
     if (!modifierKeys.isEmpty() && !holdsModifierKeys())
         keyboard->endOwnModifiers();
-    tellHeldKeys();
+    publishHeldKeys();
     XFlush(display);
 }
 
@@ -98,14 +93,14 @@ bool KeySender::holdsModifierKeys() const
         [](const QList<KeyCode>& modifierKeys) { return !modifierKeys.isEmpty(); });
 }
 
-void KeySender::tellHeldKeys()
+void KeySender::publishHeldKeys()
 {
     std::vector<KeyCode> keycodes;
     for (auto each = held.cbegin(); each != held.cend(); ++each) {
         keycodes.push_back(each.key());
         keycodes.insert(keycodes.end(), each.value().cbegin(), each.value().cend());
     }
-    toldKeys.tell(keycodes);
+    publishedKeys.publish(keycodes);
 }
 
 void KeySender::releaseAll()
@@ -114,7 +109,7 @@ void KeySender::releaseAll()
         return;
     const QList<KeyCode> keycodes = held.keys();
     for (const KeyCode keycode : keycodes)
-        letGo(keycode);
+        releaseThroughXTest(keycode);
     XSync(display, x11::xFalse);
 }
 

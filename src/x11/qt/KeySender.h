@@ -70,16 +70,15 @@ private:
         friend bool operator==(const Echo&, const Echo&) = default;
     };
 
-    void letGo(KeyCode keycode);
     void fakeModifier(KeyCode keycode, int type, unsigned long delay);
     Window focusWindow() const;
-    void tellHeldKeys();
+    void publishHeldKeys();
     bool holdsModifierKeys() const;
 
     Display* display;
     FollowedKeyboard* keyboard;
     Window rootWindow; // of the default screen; gets the key events while no window has the focus
-    x11::HeldKeys toldKeys;
+    x11::HeldKeys publishedKeys;
     QHash<KeyCode, QList<KeyCode>> held; // by the key clicked, the modifier keys pressed with it
     std::deque<Echo> echoes; // that may still come, in the order of their requests
 };

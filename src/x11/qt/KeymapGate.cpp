@@ -78,7 +78,7 @@ bool KeymapGate::nativeEventFilter(const QByteArray&, void* message, qintptr*)
     // would hide it.
     if (!isFirstKnown && x11::isBefore(event.full_sequence, questions.back()))
         return false;
-    hold(message);
+    keepBack(message);
     return true;
 }
 
@@ -95,9 +95,9 @@ bool KeymapGate::isKeymapEvent(const void* message) const
         && (keyboard.changed & XCB_XKB_NKN_DETAIL_KEYCODES);
 }
 
-void KeymapGate::hold(const void* message)
+void KeymapGate::keepBack(const void* message)
 {
-    std::memcpy(heldBack.data(), message, heldBack.size());
+    std::memcpy(keptBack.data(), message, keptBack.size());
     if (!isFirstKnown)
         keymap = answers(questions);
     isFirstKnown = true;
@@ -122,7 +122,7 @@ bool KeymapGate::comesBack()
 void KeymapGate::askAndSendBack()
 {
     questions = ask();
-    xcb_send_event(connection, 0, window, XCB_EVENT_MASK_NO_EVENT, heldBack.data());
+    xcb_send_event(connection, 0, window, XCB_EVENT_MASK_NO_EVENT, keptBack.data());
     xcb_flush(connection);
     isAsking = true;
 }

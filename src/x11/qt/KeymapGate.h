@@ -35,7 +35,7 @@ private:
     using Questions = std::array<unsigned int, 4>;
 
     bool isKeymapEvent(const void* message) const;
-    void hold(const void* message);
+    void keepBack(const void* message);
     bool comesBack(); // true: the announcement that has come back goes on to Qt
     Questions ask() const;
     QByteArray answers(const Questions& asked) const;
@@ -45,7 +45,7 @@ private:
     Predicate isBusy;
     int xkbEvent = -1;
     std::uint32_t window = 0; // never shown: the address of what is sent back
-    std::array<char, 32> heldBack{}; // the last announcement
+    std::array<char, 32> keptBack{}; // the last announcement
     Questions questions{};
     bool isFirstKnown = false; // false: `questions` are those of the beginning
     bool isAsking = false;

@@ -21,7 +21,7 @@
 namespace {
 
 // Enough for minutes in which a window manager does not answer.
-constexpr qsizetype mostReported = 2000;
+constexpr qsizetype mostAwaited = 2000;
 
 // Touches that wait longer than this for the focus are dropped.
 constexpr int focusPatienceMs = 5000;
@@ -139,7 +139,7 @@ PointerPresses::PointerPresses(QWidget* pressedWidget, Receiver* pressReceiver)
     opcode = extension->major_opcode;
     qApp->installNativeEventFilter(this);
     QObject::connect(
-        qApp, &QGuiApplication::focusWindowChanged, &focusObserver, [this] { reportWaiting(); });
+        qApp, &QGuiApplication::focusWindowChanged, &focusObserver, [this] { deliverWaiting(); });
 }
 
 // Qt 6 selects all of this for all devices already, because it needs it while it moves a window; at
@@ -155,22 +155,23 @@ void PointerPresses::watch()
     Selected selected = selectedAt(static_cast<xcb_window_t>(window));
     std::uint32_t& mask = selected.forAllDevices.front();
     const std::uint32_t wanted = buttonEvents | (selected.forAnyDevice & touchEvents);
-    isForQtToo = (mask & ~wanted) != 0;
+    isForQtToo = (mask & ~wanted) != 0; // bits beyond ours can only be Qt's
     if ((mask & wanted) == wanted)
         return;
     mask |= wanted;
     select(static_cast<xcb_window_t>(window), selected.forAllDevices);
 }
 
-bool PointerPresses::takeReported(const QMouseEvent& event)
+bool PointerPresses::takeAlreadyDelivered(const QMouseEvent& event)
 {
-    const auto same = std::find_if(reported.cbegin(), reported.cend(), [&](const QtPress& press) {
-        return press.time == event.timestamp() && press.button == event.button();
-    });
-    if (same == reported.cend())
+    const auto same =
+        std::find_if(awaitedFromQt.cbegin(), awaitedFromQt.cend(), [&](const QtPress& press) {
+            return press.time == event.timestamp() && press.button == event.button();
+        });
+    if (same == awaitedFromQt.cend())
         return false;
     // Qt reports presses in their order: those before this one are lost to it.
-    reported.erase(reported.cbegin(), same + 1);
+    awaitedFromQt.erase(awaitedFromQt.cbegin(), same + 1);
     return true;
 }
 
@@ -194,11 +195,11 @@ void PointerPresses::followFocus(const xcb_focus_in_event_t& event)
     const bool isGrab = event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
     if (!isGrab && event.detail < XCB_NOTIFY_DETAIL_POINTER && event.event == watchedWindow)
         focusIsElsewhere = event.response_type == XCB_FOCUS_OUT;
-    reportWaiting();
+    deliverWaiting();
 }
 
 // Delivers at once only if the window has the focus and no earlier press waits.
-void PointerPresses::reportPress(const Report& press)
+void PointerPresses::deliverPress(const Delivery& press)
 {
     if (waiting.isEmpty() && hasFocus())
         return press.send();
@@ -219,24 +220,24 @@ void PointerPresses::askForFocus(Time time) const
 }
 
 // A move or a release waits behind its press, if that waits.
-void PointerPresses::report(const Report& later)
+void PointerPresses::deliverBehindPress(const Delivery& later)
 {
-    const bool waits = std::any_of(
-        waiting.cbegin(), waiting.cend(), [&](const Report& each) { return each.id == later.id; });
+    const bool waits = std::any_of(waiting.cbegin(), waiting.cend(),
+        [&](const Delivery& each) { return each.id == later.id; });
     if (waits)
         waiting.append(later);
     else
         later.send();
 }
 
-void PointerPresses::reportWaiting()
+void PointerPresses::deliverWaiting()
 {
     if (waiting.isEmpty() || !hasFocus())
         return;
-    const QList<Report> reports = std::exchange(waiting, {});
+    const QList<Delivery> deliveries = std::exchange(waiting, {});
     if (sinceLastWaiting.hasExpired(focusPatienceMs))
         return;
-    for (const Report& each : reports)
+    for (const Delivery& each : deliveries)
         each.send();
 }
 
@@ -249,7 +250,8 @@ bool PointerPresses::handle(int type, const DeviceEvent& event)
         return false;
     // Qt drops all but the last of a row of updates of one touch, whichever device they name.
     if (type == XCB_INPUT_TOUCH_UPDATE && down.contains(id))
-        report({id, event.time, [this, press = pressAt(event, id)] { receiver->moved(press); }});
+        deliverBehindPress(
+            {id, event.time, [this, press = pressAt(event, id)] { receiver->moved(press); }});
     if (event.deviceid != event.sourceid)
         return false;
     if ((type == XCB_INPUT_BUTTON_PRESS && isClick(event))
@@ -266,16 +268,17 @@ void PointerPresses::handlePress(const DeviceEvent& event, const PressId& id)
         return;
     handleRelease(id, event.time);
     down.insert(id);
-    reported.append({event.time, qtButton(id)});
-    if (reported.size() > mostReported)
-        reported.removeFirst();
-    reportPress({id, event.time, [this, press = pressAt(event, id)] { receiver->pressed(press); }});
+    awaitedFromQt.append({event.time, qtButton(id)});
+    if (awaitedFromQt.size() > mostAwaited)
+        awaitedFromQt.removeFirst();
+    deliverPress(
+        {id, event.time, [this, press = pressAt(event, id)] { receiver->pressed(press); }});
 }
 
 void PointerPresses::handleRelease(const PressId& id, Time time)
 {
     if (down.erase(id) > 0)
-        report({id, time, [this, id, time] { receiver->released(id, time); }});
+        deliverBehindPress({id, time, [this, id, time] { receiver->released(id, time); }});
 }
 
 void PointerPresses::handleHierarchy(const xcb_input_hierarchy_event_t& event)

@@ -37,7 +37,7 @@ struct PointerPress {
     Time time = 0; // of the server, in milliseconds
 };
 
-// Reports presses of mouse buttons and fingers on a widget. It hears of them from each device,
+// Delivers presses of mouse buttons and fingers on a widget. It hears of them from each device,
 // through the X input extension.
 //
 // Qt's own mouse events come from the master pointer, which all devices together move. A window
@@ -45,11 +45,11 @@ struct PointerPress {
 // the clicks made meanwhile. Of several fingers the master follows only the first. A grab of the
 // master does not stop the events of the single devices.
 //
-// These presses are not reported here but left to Qt's mouse events: presses beside the widget;
+// These presses are not delivered but left to Qt's mouse events: presses beside the widget;
 // all while a popup or a dialog of this program is open; those of the mouse in a window that takes
 // the focus and does not have it yet; and those of the mouse while a modifier other than Shift and
 // Lock is held, because window managers move windows so. Touches on a window that takes the focus
-// are reported once the first of them has brought it. Without the input extension Qt has all
+// are delivered once the first of them has brought it. Without the input extension Qt has all
 // presses.
 class PointerPresses : public QAbstractNativeEventFilter {
 public:
@@ -61,7 +61,7 @@ public:
         // removed, at the latest. It also comes before a second press of the same id.
         virtual void pressed(const PointerPress& press) = 0;
 
-        // A finger that is down has moved; mouse moves are not reported.
+        // A finger that is down has moved; mouse moves are not delivered.
         virtual void moved(const PointerPress& press) = 0;
 
         // time is the server's, in milliseconds.
@@ -74,9 +74,9 @@ public:
     // To be called whenever the widget is shown: its X window may be another one by then.
     void watch();
 
-    // Whether the receiver has had this press already. Takes it, and those before it, off the list
-    // of presses that Qt has still to report: ask once for each of Qt's.
-    bool takeReported(const QMouseEvent& event);
+    // Whether this press was delivered to the receiver already. Takes it, and those before it, off
+    // the list of presses that Qt has still to report: ask once for each of Qt's.
+    bool takeAlreadyDelivered(const QMouseEvent& event);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
@@ -89,17 +89,17 @@ private:
     };
 
     // What the receiver gets of a touch once the window has the focus.
-    struct Report {
+    struct Delivery {
         PressId id;
         Time time;
         std::function<void()> send;
     };
 
     void followFocus(const xcb_focus_in_event_t& event);
-    void reportPress(const Report& press);
+    void deliverPress(const Delivery& press);
     void askForFocus(Time time) const;
-    void report(const Report& later);
-    void reportWaiting();
+    void deliverBehindPress(const Delivery& later);
+    void deliverWaiting();
     bool handle(int type, const DeviceEvent& event);
     void handlePress(const DeviceEvent& event, const PressId& id);
     void handleRelease(const PressId& id, Time time);
@@ -118,10 +118,10 @@ private:
     bool focusIsElsewhere = false; // Qt itself waits 0.4 s for the focus to come back
     WId watchedWindow = 0;
     bool isForQtToo = false; // Qt has asked for the events of the single devices there too
-    std::set<PressId> down; // reported or waiting to be, and not yet released
-    QList<Report> waiting; // for the focus
+    std::set<PressId> down; // delivered or waiting to be, and not yet released
+    QList<Delivery> waiting; // for the focus
     QElapsedTimer sinceLastWaiting;
     QObject focusObserver; // ends what is connected to this object
-    QList<QtPress> reported; // presses that Qt has still to report, in the order of time
+    QList<QtPress> awaitedFromQt; // those that it has still to report, in the order of time
     QHash<int, bool> directTouch; // by device: is it a touch screen? Those asked about so far
 };
