@@ -1,6 +1,7 @@
 #include "x11/DeviceKeysyms.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 
 #include <X11/Xlib-xcb.h>
 #include <xcb/xcb.h>
@@ -15,9 +16,7 @@ using CoreReply = Reply<xcb_get_keyboard_mapping_reply_t>;
 
 bool hasDevices(xcb_connection_t* connection)
 {
-    const xcb_query_extension_reply_t* extension =
-        xcb_get_extension_data(connection, &xcb_input_id);
-    return extension && extension->present;
+    return findExtension(connection, xcb_input_id).has_value();
 }
 
 void readFromDevice(xcb_connection_t* connection, unsigned int device, int keys, KeysymTable& table)

@@ -1,6 +1,7 @@
 #include "x11/KeyboardDevices.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 #include "x11/XkbDescription.h"
 
 #include <xcb/xinput.h>
@@ -18,9 +19,7 @@ using DeviceReply = x11::Reply<xcb_input_xi_query_device_reply_t>;
 
 DeviceReply queryDevices(xcb_connection_t* connection)
 {
-    const xcb_query_extension_reply_t* extension =
-        xcb_get_extension_data(connection, &xcb_input_id);
-    if (!extension || !extension->present)
+    if (!x11::findExtension(connection, xcb_input_id))
         return nullptr;
     // The server answers as it did in the version that the client names.
     xcb_discard_reply(connection, xcb_input_xi_query_version(connection, 2, 2).sequence);

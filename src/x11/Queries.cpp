@@ -1,6 +1,7 @@
 #include "x11/Queries.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 
 #include <xcb/xcbext.h>
 #include <xcb/xinput.h>
@@ -11,12 +12,9 @@ namespace x11 {
 
 namespace {
 
-// XCB keeps the answer for each connection, found by the address of the name.
 bool hasExtension(Display* display, xcb_extension_t& name)
 {
-    const xcb_query_extension_reply_t* reply =
-        xcb_get_extension_data(XGetXCBConnection(display), &name);
-    return reply && reply->present;
+    return findExtension(XGetXCBConnection(display), name).has_value();
 }
 
 std::string takeName(char* name)

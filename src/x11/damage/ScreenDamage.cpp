@@ -1,6 +1,7 @@
 #include "x11/damage/ScreenDamage.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 
 #include <algorithm>
 #include <cstring>
@@ -15,7 +16,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::uint32_t colourBits = 0xffffff;
-constexpr int sentBySendEvent = 0x80; // in the response type of an event
 
 xcb_get_image_cookie_t askFor(
     xcb_connection_t* server, xcb_window_t root, const ScreenDamage::Area& area)
@@ -51,10 +51,10 @@ ScreenDamage::ScreenDamage(const std::string& display)
 {
     if (xcb_connection_has_error(connection.get()))
         throw std::runtime_error("no connection to display " + display);
-    const auto* extension = xcb_get_extension_data(connection.get(), &xcb_damage_id);
-    if (!extension || !extension->present)
+    const std::optional<ExtensionCodes> damage = findExtension(connection.get(), xcb_damage_id);
+    if (!damage)
         throw std::runtime_error("the display has no DAMAGE extension");
-    damageEvent = extension->first_event + XCB_DAMAGE_NOTIFY;
+    damageEvent = damage->firstEvent + XCB_DAMAGE_NOTIFY;
     watchRoot();
 }
 

@@ -1,6 +1,7 @@
 #include "x11/qt/FollowedKeyboard.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 #include "x11/Xkb.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -20,10 +21,10 @@ constexpr unsigned char everyGroup = 0xff;
 FollowedKeyboard::FollowedKeyboard()
     : connection(toolkitConnection())
 {
-    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_xkb_id);
-    if (!extension || !extension->present)
+    const auto xkb = x11::findExtension(connection, xcb_xkb_id);
+    if (!xkb)
         return;
-    xkbEvent = extension->first_event;
+    xkbEvent = xkb->firstEvent;
     question = xcb_xkb_get_state(connection, XCB_XKB_ID_USE_CORE_KBD).sequence;
     QCoreApplication::instance()->installNativeEventFilter(this);
 }

@@ -1,6 +1,7 @@
 #include "x11/qt/KeymapGate.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 #include "x11/Xkb.h"
 #include "x11/qt/ToolkitDisplay.h"
 
@@ -13,8 +14,6 @@
 #include <utility>
 
 namespace {
-
-constexpr int sentBySendEvent = 0x80; // in the response type of an event
 
 constexpr uint16_t allMapParts = 0xff;
 constexpr uint8_t allGroups = 0xf;
@@ -45,10 +44,10 @@ KeymapGate::KeymapGate(Predicate holdsKeys)
     : connection(toolkitConnection())
     , isBusy(std::move(holdsKeys))
 {
-    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_xkb_id);
-    if (!extension || !extension->present)
+    const auto xkb = x11::findExtension(connection, xcb_xkb_id);
+    if (!xkb)
         return;
-    xkbEvent = extension->first_event;
+    xkbEvent = xkb->firstEvent;
     window = newWindow(connection);
     questions = ask();
     QCoreApplication::instance()->installNativeEventFilter(this);
@@ -72,7 +71,7 @@ bool KeymapGate::nativeEventFilter(const QByteArray&, void* message, qintptr*)
         askAndSendBack();
     if (!isKeymapEvent(message))
         return false;
-    if (event.response_type & sentBySendEvent)
+    if (event.response_type & x11::sentBySendEvent)
         return isAsking && !comesBack();
     // Qt may have read the keymap before this change, and our first questions came after it: they
     // would hide it.
@@ -86,7 +85,7 @@ bool KeymapGate::nativeEventFilter(const QByteArray&, void* message, qintptr*)
 bool KeymapGate::isKeymapEvent(const void* message) const
 {
     const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-    if ((event.response_type & ~sentBySendEvent) != xkbEvent)
+    if ((event.response_type & ~x11::sentBySendEvent) != xkbEvent)
         return false;
     if (event.pad0 == XCB_XKB_MAP_NOTIFY)
         return true;

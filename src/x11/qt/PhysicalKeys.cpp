@@ -1,6 +1,7 @@
 #include "x11/qt/PhysicalKeys.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
@@ -26,11 +27,10 @@ PhysicalKeys::PhysicalKeys(Display* xDisplay, Receiver keyReceiver)
     , receiver(std::move(keyReceiver))
 {
     xcb_connection_t* connection = toolkitConnection();
-    const xcb_query_extension_reply_t* extension =
-        xcb_get_extension_data(connection, &xcb_input_id);
-    if (!extension || !extension->present)
+    const auto input = x11::findExtension(connection, xcb_input_id);
+    if (!input)
         return;
-    opcode = extension->major_opcode;
+    opcode = input->opcode;
     const RawKeySelection selection;
     xcb_input_xi_select_events(
         connection, static_cast<xcb_window_t>(DefaultRootWindow(display)), 1, &selection.head);

@@ -2,6 +2,7 @@
 
 #include "x11/Queries.h"
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 #include "x11/qt/ToolkitDisplay.h"
 
 #include <QApplication>
@@ -131,12 +132,10 @@ PointerPresses::PointerPresses(QWidget* pressedWidget, Receiver* pressReceiver)
     : widget(pressedWidget)
     , receiver(pressReceiver)
 {
-    xcb_connection_t* connection = toolkitConnection();
-    const xcb_query_extension_reply_t* extension =
-        connection ? xcb_get_extension_data(connection, &xcb_input_id) : nullptr;
-    if (!extension || !extension->present)
+    const auto input = x11::findExtension(toolkitConnection(), xcb_input_id);
+    if (!input)
         return;
-    opcode = extension->major_opcode;
+    opcode = input->opcode;
     qApp->installNativeEventFilter(this);
     QObject::connect(
         qApp, &QGuiApplication::focusWindowChanged, &focusObserver, [this] { deliverWaiting(); });

@@ -1,6 +1,7 @@
 #include "x11/qt/XcbEventBridge.h"
 
 #include "x11/X11.h"
+#include "x11/Xcb.h"
 
 #include <QByteArray>
 
@@ -8,7 +9,6 @@
 
 namespace {
 
-constexpr int sentBySendEvent = 0x80; // in the response type of an event
 constexpr int firstExtensionEvent = 64; // X protocol, "Event encoding"
 
 XEvent keyEvent(Display* display, const xcb_key_press_event_t& source, int type)
@@ -17,7 +17,7 @@ XEvent keyEvent(Display* display, const xcb_key_press_event_t& source, int type)
     XKeyEvent& key = event.xkey;
     key.type = type;
     key.serial = reinterpret_cast<const xcb_generic_event_t&>(source).full_sequence;
-    key.send_event = (source.response_type & sentBySendEvent) != 0;
+    key.send_event = (source.response_type & x11::sentBySendEvent) != 0;
     key.display = display;
     key.window = source.event;
     key.root = source.root;
@@ -39,7 +39,7 @@ XEvent focusEvent(Display* display, const xcb_focus_in_event_t& source)
     XFocusChangeEvent& focus = event.xfocus;
     focus.type = x11::focusIn;
     focus.serial = source.sequence;
-    focus.send_event = (source.response_type & sentBySendEvent) != 0;
+    focus.send_event = (source.response_type & x11::sentBySendEvent) != 0;
     focus.display = display;
     focus.window = source.event;
     focus.mode = source.mode;
@@ -67,7 +67,7 @@ XcbEventBridge::XcbEventBridge(Display* xDisplay, Receiver eventReceiver)
 bool XcbEventBridge::nativeEventFilter(const QByteArray&, void* message, qintptr*)
 {
     const auto* generic = static_cast<const xcb_generic_event_t*>(message);
-    const int type = generic->response_type & ~sentBySendEvent;
+    const int type = generic->response_type & ~x11::sentBySendEvent;
     if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
         XEvent event = keyEvent(display, *static_cast<xcb_key_press_event_t*>(message), type);
         receiver(&event);
