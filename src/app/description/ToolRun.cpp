@@ -22,38 +22,37 @@ ToolRun::ToolRun(const QString& program, const QStringList& arguments)
 
 ToolRun::~ToolRun()
 {
-    endNow();
+    endNow(tool);
 }
 
 std::optional<QByteArray> ToolRun::output(int timeout, const std::function<void()>& whenSlow)
 {
     const int patience = std::min(timeout, slowness);
-    bool ended = hasEnded(patience);
+    bool ended = hasEnded(tool, patience);
     if (!ended && timeout > patience && tool.state() != QProcess::NotRunning) {
         whenSlow();
-        ended = hasEnded(timeout - patience);
+        ended = hasEnded(tool, timeout - patience);
     }
-    endNow();
+    endNow(tool);
     if (!ended || tool.bytesAvailable() > outputLimit)
         return std::nullopt;
     return tool.readAllStandardOutput();
 }
 
-// QProcess::waitForFinished returns false for a process that has ended already.
-bool ToolRun::hasEnded(int timeout)
+void endNow(QProcess& process)
 {
-    if (tool.error() == QProcess::FailedToStart)
-        return false;
-    return tool.state() == QProcess::NotRunning || tool.waitForFinished(timeout);
+    if (process.state() == QProcess::NotRunning)
+        return;
+    process.kill();
+    process.waitForFinished();
 }
 
-// QProcess warns when it is destroyed while its process runs.
-void ToolRun::endNow()
+// QProcess::waitForFinished returns false for a process that has ended already.
+bool hasEnded(QProcess& process, int timeout)
 {
-    if (tool.state() == QProcess::NotRunning)
-        return;
-    tool.kill();
-    tool.waitForFinished();
+    if (process.error() == QProcess::FailedToStart)
+        return false;
+    return process.state() == QProcess::NotRunning || process.waitForFinished(timeout);
 }
 
 void appendOption(QStringList& arguments, const char* option, const QString& value)

@@ -26,11 +26,15 @@ public:
     std::optional<QByteArray> output(int timeout, const std::function<void()>& whenSlow);
 
 private:
-    void endNow();
-    bool hasEnded(int timeout);
-
     QProcess tool;
 };
+
+// Kills the process if it still runs, as it has to be before a QProcess is destroyed.
+void endNow(QProcess& process);
+
+// Waits until the process has ended, for timeout milliseconds at most. False if it runs on then, or
+// could not be started.
+bool hasEnded(QProcess& process, int timeout);
 
 // Adds the option (with its dashes) and its value to a tool's arguments, unless the value is empty.
 void appendOption(QStringList& arguments, const char* option, const QString& value);

@@ -1,5 +1,7 @@
 #include "ui/specs/PackageTest.h"
 
+#include "app/description/ToolRun.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 
@@ -9,23 +11,6 @@ namespace {
 
 constexpr int statusTimeout = 1000; // milliseconds for dpkg
 constexpr int searchTimeout = 100; // milliseconds that grep may take longer
-
-// QProcess warns when it is destroyed while its process runs.
-void endNow(QProcess& process)
-{
-    if (process.state() == QProcess::NotRunning)
-        return;
-    process.kill();
-    process.waitForFinished();
-}
-
-// QProcess::waitForFinished returns false for a process that has ended already.
-bool hasEnded(QProcess& process, int timeout)
-{
-    if (process.error() == QProcess::FailedToStart)
-        return false;
-    return process.state() == QProcess::NotRunning || process.waitForFinished(timeout);
-}
 
 void describeStatusRun(QProcess& dpkg, const QString& package)
 {
