@@ -78,8 +78,8 @@ kbdSpec_t specOf(const SpecRow& row, const QString& text)
     return {row.name, text, row.icon, {row.model}, {row.layout}, {row.variant}};
 }
 
-// Whether one of the entry's keyboards is this one, whatever its options.
-bool describesKeyboard(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
+// Whether this is one of the entry's keyboards, whatever its options.
+bool hasKeyboard(const kbdSpec_t& spec, const KeyboardSettings& keyboard)
 {
     for (qsizetype i = 0; i < spec.models.size(); ++i)
         if (spec.models.at(i) == keyboard.model && spec.layouts.at(i) == keyboard.layout
@@ -266,7 +266,7 @@ bool SpecListModel::describes(int index, const Utf8Settings& keyboard) const
 {
     const qsizetype row = rowAt(index);
     if (const auto spec = specs.find(row); spec != specs.end())
-        return describesKeyboard(*spec->second, keyboard.settings);
+        return hasKeyboard(*spec->second, keyboard.settings);
     const SpecFields fields = rows.fieldsAt(row);
     return fields.layout == keyboard.layout && fields.variant == keyboard.variant
         && fields.model == keyboard.model;

@@ -64,7 +64,7 @@ QByteArrayView lineAt(const QByteArray& text, qsizetype start)
     return QByteArrayView(text).sliced(start, (end < 0 ? text.size() : end) - start);
 }
 
-bool describesKeyboard(QByteArrayView line)
+bool isKeyboardLine(QByteArrayView line)
 {
     if (line.isEmpty() || line.front() == '#')
         return false;
@@ -83,7 +83,7 @@ SpecRows::SpecRows(QByteArray tableText)
     for (qsizetype start = 0; start < text.size();) {
         const QByteArrayView whole = lineAt(text, start);
         const qsizetype space = spaceBefore(whole);
-        if (describesKeyboard(whole.sliced(space)))
+        if (isKeyboardLine(whole.sliced(space)))
             starts.append(start + space);
         start += whole.size() + 1;
     }
