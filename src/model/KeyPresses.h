@@ -17,7 +17,7 @@ class KeyPresses final : private PointerPresses::Receiver {
 public:
     // The view shows the keys; both are borrowed and outlive this object.
     KeyPresses(QGraphicsView* picture, const QList<KbdKey*>& keys);
-    virtual ~KeyPresses() = default;
+    ~KeyPresses() override = default;
     Q_DISABLE_COPY_MOVE(KeyPresses)
 
     // To be called whenever the view is shown.
