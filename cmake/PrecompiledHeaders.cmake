@@ -8,6 +8,12 @@ set(KBD_WIDELY_INCLUDED
   <QApplication> <QComboBox> <QGraphicsItem> <QGraphicsScene> <QGraphicsView> <QPainter>
   <QProcess> <QRegularExpression> ${PROJECT_SOURCE_DIR}/src/x11/X11.h)
 
+# kbd_precompile_x11(TARGET) — the room that needs no Qt. The switcher uses its header, too.
+function(kbd_precompile_x11 target)
+  target_precompile_headers(${target} PRIVATE
+    <algorithm> <array> <memory> <optional> <string> <vector> ${PROJECT_SOURCE_DIR}/src/x11/X11.h)
+endfunction()
+
 # kbd_precompile_rooms(FIRST ROOM…) — the shipped targets that use Qt.
 function(kbd_precompile_rooms first)
   target_precompile_headers(${first} PRIVATE ${KBD_WIDELY_INCLUDED})

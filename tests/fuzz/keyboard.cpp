@@ -19,6 +19,8 @@
 #include <cstdint>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int mostOfAKind = 8; // shapes, keys of a row, doodads …
@@ -199,7 +201,7 @@ void show(XkbDescription keymap, Chance& chance)
     spoil(*keymap, chance);
     keymap->geom = geometry.record();
     LoadedKeyboard keyboard{std::make_unique<XDisplayClass>(nullptr), std::move(keymap), {}, {}, 4,
-        {{"de", "us", QString::fromUtf8(chance.text()), ""}, {"", ""}}, {}};
+        {{u"de"_s, u"us"_s, QString::fromUtf8(chance.text()), u""_s}, {u""_s, u""_s}}, {}};
     if (isComplete(*keyboard.xkb)) {
         QObject owner;
         QGraphicsScene scene(&owner);
