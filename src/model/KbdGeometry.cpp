@@ -145,7 +145,7 @@ void KbdGeometry::load(
     modifierState.startWith(state.lockedModifiers);
     groupAtLoad = state.lockedGroup;
     keyboardItems =
-        std::make_unique<KeyboardItems>(*keyboard, modifierState.lockModifiers(), keyboardScene);
+        std::make_unique<KeyboardItems>(*keyboard, modifierState.lockModifierMask(), keyboardScene);
     keyboardItems->addCaptions(settings);
     sender = std::make_unique<KeySender>(display, serverState.get());
 }
@@ -330,7 +330,7 @@ void KbdGeometry::adjustModifierState(KeyType_t type, ShiftMask_t mask)
     if (type != XkbSA_LockMods)
         return;
     if (!isReportingPhysicalPress)
-        serverState->setLocks(modifierState.lockModifiers(), modifierState.lockedModifiers());
+        serverState->setLocks(modifierState.lockModifierMask(), modifierState.lockedModifiers());
     switchIndicator(*keyboardItems, modifierState, mask);
 }
 

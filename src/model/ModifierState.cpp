@@ -30,7 +30,7 @@ ModifierState::ModifierState(QMap<QString, ShiftMask_t> masksByName)
     : modifierMasks(std::move(masksByName))
 {
     for (const Lock lock : allLocks)
-        lockModifierMask |= maskOf(lock);
+        lockModifiers |= maskOf(lock);
     for (auto name = modifierMasks.keyBegin(); name != modifierMasks.keyEnd(); ++name)
         modifierKeycodes.insert(*name, 0);
 }
@@ -45,12 +45,12 @@ void ModifierState::addKey(const ModifierKey& key)
 
 void ModifierState::startWith(ShiftMask_t lockedInServer)
 {
-    modifierState = lockedInServer & lockModifierMask;
+    modifierState = lockedInServer & lockModifiers;
 }
 
 void ModifierState::press(KeyCode keycode, ShiftMask_t mask)
 {
-    const bool isLockedAlready = (mask & lockModifierMask) && (mask & modifierState);
+    const bool isLockedAlready = (mask & lockModifiers) && (mask & modifierState);
     if (isLockedAlready)
         pressedModifiers.remove(keycode);
     else
@@ -60,7 +60,7 @@ void ModifierState::press(KeyCode keycode, ShiftMask_t mask)
 
 bool ModifierState::release(KeyCode keycode, ShiftMask_t mask)
 {
-    if (mask & lockModifierMask)
+    if (mask & lockModifiers)
         return false;
     pressedModifiers.remove(keycode);
     recompute();

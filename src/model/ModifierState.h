@@ -42,11 +42,11 @@ public:
 
     // What is held or locked, and the two apart.
     ShiftMask_t modifiers() const { return modifierState; }
-    ShiftMask_t heldModifiers() const { return modifierState & ~lockModifierMask; }
-    ShiftMask_t lockedModifiers() const { return modifierState & lockModifierMask; }
+    ShiftMask_t heldModifiers() const { return modifierState & ~lockModifiers; }
+    ShiftMask_t lockedModifiers() const { return modifierState & lockModifiers; }
 
     // The modifiers of the lock keys, on or off: those that may be changed in the server.
-    ShiftMask_t lockModifiers() const { return lockModifierMask; }
+    ShiftMask_t lockModifierMask() const { return lockModifiers; }
 
     // A modifier key of the picture went down or up. A lock changes with every press, and its
     // release does nothing: release returns false then.
@@ -84,7 +84,7 @@ private:
     QList<KeyCode> unnamedKeysHolding(ShiftMask_t modifiers) const;
 
     ShiftMask_t modifierState = 0;
-    ShiftMask_t lockModifierMask = 0;
+    ShiftMask_t lockModifiers = 0;
     QMap<QString, ShiftMask_t> modifierMasks; // real modifiers by modifier name
     QMap<QString, KeyCode> modifierKeycodes; // by modifier name; 0 where the picture has no key
     QSet<KeyCode> holdingKeys; // those that set their modifiers while they are down
