@@ -2,8 +2,8 @@
 # what it uses: CMAKE_DISABLE_PRECOMPILE_HEADERS=ON must compile.
 #
 # Targets that share a precompiled header are compiled with the same options. So there is one for
-# what is shipped, one for the harness, and one with QTest in it for those that test: every source
-# compiles QTest's inline functions again, used or not, and a small one takes less than they do.
+# the X room and the switcher, one for the rooms with Qt, one for the harness, and one with QTest in
+# it for those that test: gcc compiles QTest's inline functions again for every source, used or not.
 set(KBD_WIDELY_INCLUDED
   <QApplication> <QComboBox> <QGraphicsItem> <QGraphicsScene> <QGraphicsView> <QPainter>
   <QProcess> <QRegularExpression> ${PROJECT_SOURCE_DIR}/src/x11/X11.h)
