@@ -5,9 +5,22 @@
 #include "harness/WaitUntil.h"
 #include "harness/XTools.h"
 #include "ui/MainWindow.h"
+#include "x11/Property.h"
 #include "x11/X11.h"
 
 #include <QWindow>
+
+namespace {
+
+// Whether the window manager, if there is one, has noticed that every window has gone. The server
+// gives the next program the same window identifiers again, and what a late manager still does to
+// the old window would happen to the new one: mapped and reparented in between, that is lost to it.
+bool managesNothing(Display* display)
+{
+    return x11::property(display, XDefaultRootWindow(display), "_NET_CLIENT_LIST").numbers.empty();
+}
+
+} // namespace
 
 ProgramHere::ProgramHere(Display* testDisplay)
     : display(testDisplay)
@@ -34,7 +47,9 @@ bool ProgramHere::prepare(const QStringList& keyboard, const std::function<void(
     int count = 1;
     const QCoreApplication forTheTools(count, argumentVector.data());
     const Atom guard = XInternAtom(display, "orvix-kbd-display-tofocus", x11::xFalse);
-    const auto isOnly = [&] { return XGetSelectionOwner(display, guard) == x11::none; };
+    const auto isOnly = [&] {
+        return XGetSelectionOwner(display, guard) == x11::none && managesNothing(display);
+    };
     if (!waitUntil(isOnly) || !setKeyboard(XDisplayString(display), keyboard))
         return false;
     if (before)

@@ -22,8 +22,9 @@ public:
     Q_DISABLE_COPY(ProgramHere)
 
     // Loads a keyboard into the server, by setxkbmap's arguments, does what is to be done before,
-    // and starts. False when the keyboard is refused, another program types for others already, or
-    // the window does not appear.
+    // and starts. Waits until the windows of programs before it have gone. False when the keyboard
+    // is refused, another program types for others already or shows a managed window, or the window
+    // does not appear.
     bool start(const QByteArray& option, const QStringList& keyboard,
         const std::function<void()>& before = {});
     void end();
