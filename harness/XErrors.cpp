@@ -35,6 +35,21 @@ int keepError(Display* display, XErrorEvent* error)
     return 0;
 }
 
+QtMessageHandler& usualMessageHandler()
+{
+    static QtMessageHandler handler = nullptr;
+    return handler;
+}
+
+// Errors on Qt's own connection reach no handler of Xlib's: Qt warns of them.
+void keepWarning(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (text.contains(QLatin1StringView("XCB error")))
+        keptErrors().append(text);
+    else
+        usualMessageHandler()(type, context, text);
+}
+
 } // namespace
 
 void failOnXErrors()
@@ -44,13 +59,17 @@ void failOnXErrors()
 
 ExpectedXErrors::ExpectedXErrors()
     : previous(XSetErrorHandler(keepError))
+    , previousOfQt(qInstallMessageHandler(keepWarning))
 {
+    if (previousOfQt != keepWarning)
+        usualMessageHandler() = previousOfQt;
     keptErrors().clear();
 }
 
 ExpectedXErrors::~ExpectedXErrors()
 {
     XSetErrorHandler(previous);
+    qInstallMessageHandler(previousOfQt);
 }
 
 QStringList ExpectedXErrors::seen()

@@ -8,8 +8,9 @@
 // application object was made: Qt installs a handler that swallows all errors.
 void failOnXErrors();
 
-// While it lives, X errors are kept here instead of failing the test or ending the program. For
-// tests that provoke one; do not nest.
+// While it lives, X errors are kept here instead of failing the test, ending the program or being
+// warned of, whether Xlib or Qt's own connection gets them. For tests that provoke one. One
+// within another forgets what the outer one has kept.
 class ExpectedXErrors {
 public:
     ExpectedXErrors();
@@ -22,4 +23,5 @@ public:
 
 private:
     XErrorHandler previous;
+    QtMessageHandler previousOfQt;
 };

@@ -389,6 +389,7 @@ void Chaos::haveStateReported()
 {
     XkbLockModifiers(display, x11::coreKeyboard, noLock, noLock);
     XkbLockModifiers(display, x11::coreKeyboard, noLock, 0);
+    mayDropLocks = false;
 }
 
 void Chaos::look()

@@ -19,6 +19,7 @@ public:
 
     quint32 seed() const { return chosenSeed; }
     bool hasTimeLimit() const { return milliseconds > 0; }
+    qint64 seconds() const { return milliseconds / 1000; } // of the time limit
 
     // False once the time is over.
     bool goesOn() const;

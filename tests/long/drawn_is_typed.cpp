@@ -26,6 +26,7 @@
 namespace {
 
 constexpr unsigned int leftButton = 1;
+constexpr qsizetype leastOffered = 60; // keyboards
 constexpr QPoint awayFromAll(2, 2); // a pointer that rests on a key brings up its tool tip
 
 // The modifier keys that are clicked on in turn, by the name or the keysym that they have. All sets
@@ -263,6 +264,8 @@ int main(int argc, char** argv)
             trial.compare(keyboards.at(i));
     }
     judge.report();
+    if (keyboards.size() < leastOffered || trial.clicks() == 0)
+        run.broken(QStringLiteral("too few keyboards are offered, or none was tried"));
     return run.finish(QStringList{QStringLiteral("%1 keyboards offered").arg(keyboards.size()),
                           QStringLiteral("%1 tried").arg(trial.keyboards()),
                           QStringLiteral("%1 clicks").arg(trial.clicks())}

@@ -85,6 +85,7 @@ public:
 
 private:
     std::unique_ptr<KbdGeometry> load(const KeyboardSettings& keyboard);
+    static std::unique_ptr<KbdGeometry> draw(const KeyboardSettings& keyboard);
     void compareGroup(KbdGeometry& picture, int group);
     void compareKey(const CapJudge::Place& place, const QString& drawn);
     quint32 shownKeysym(const KbdKey& key, int group, ShiftMask_t modifiers) const;
@@ -94,26 +95,38 @@ private:
     CapJudge judge;
     std::unique_ptr<ServerKeymap> keymap;
     int drawnKeyboards = 0;
-    int refused = 0;
+    QStringList refused;
     qint64 keys = 0;
     qint64 caps = 0;
 };
 
-// What the server refuses, the program has to refuse as well.
+// What the server refuses, the program has to refuse as well, and nothing else.
 std::unique_ptr<KbdGeometry> Comparison::load(const KeyboardSettings& keyboard)
 {
     const bool isLoaded = setKeyboard(qgetenv("DISPLAY"), setxkbmapArguments(keyboard));
+    std::unique_ptr<KbdGeometry> picture = draw(keyboard);
+    if (!isLoaded)
+        refused << textOf(keyboard);
+    if (isLoaded == (picture != nullptr))
+        return picture;
+    run.broken(textOf(keyboard)
+        + (isLoaded ? QStringLiteral(": refused, but the server has loaded it")
+                    : QStringLiteral(": drawn, but the server has refused it")));
+    return nullptr;
+}
+
+// Null when the program refuses it.
+std::unique_ptr<KbdGeometry> Comparison::draw(const KeyboardSettings& keyboard)
+{
     XkbComponentNamesRec names{};
     const ComponentNamesGuard guard(&names);
-    const bool hasNames = queryComponentNames(&names, toolkitDisplay(), keyboard);
+    if (!queryComponentNames(&names, toolkitDisplay(), keyboard))
+        return nullptr;
     try {
-        if (hasNames && isLoaded)
-            return std::make_unique<KbdGeometry>(keyboard, names, false, nullptr);
+        return std::make_unique<KbdGeometry>(keyboard, names, false, nullptr);
     } catch (KbdGeometry::ExceptionType) {
-        run.broken(textOf(keyboard) + QStringLiteral(": refused, but the server has loaded it"));
+        return nullptr;
     }
-    ++refused;
-    return nullptr;
 }
 
 void Comparison::compare(const KeyboardSettings& keyboard)
@@ -126,6 +139,8 @@ void Comparison::compare(const KeyboardSettings& keyboard)
     if (!keymap->isValid())
         return run.broken(textOf(keyboard) + QStringLiteral(": xkbcommon cannot read the keymap"));
     judge.setKeyboard(keyboard, keymap.get());
+    if (picture->groupNames().size() != keymap->groupCount())
+        run.broken(textOf(keyboard) + QStringLiteral(": not every group is offered"));
     ++drawnKeyboards;
     keys += picture->keyItems().size();
     for (int group = 0; group < keymap->groupCount(); ++group)
@@ -189,8 +204,12 @@ QList<quint32> Comparison::cornerKeysyms(const KbdKey& key, int group) const
 QStringList Comparison::finish()
 {
     judge.report();
+    if (drawnKeyboards == 0)
+        run.broken(QStringLiteral("no keyboard was drawn"));
+    const QString names =
+        refused.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(refused.join(u' '));
     return QStringList{QStringLiteral("%1 keyboards").arg(drawnKeyboards),
-               QStringLiteral("%1 refused by the server").arg(refused),
+               QStringLiteral("%1 refused by the server").arg(refused.size()) + names,
                QStringLiteral("%1 keys").arg(keys), QStringLiteral("%1 caps compared").arg(caps)}
     + judge.counts();
 }
@@ -207,6 +226,8 @@ int main(int argc, char** argv)
     const ExpectedXErrors errors;
 
     const XkbRules rules = XkbRules::read(QStringLiteral(KBD_RULES_DIR));
+    if (rules.layouts.isEmpty() || rules.models.isEmpty() || rules.options.isEmpty())
+        run.broken(QStringLiteral("no lists of layouts, models and options"));
     const QList<KeyboardSettings> keyboards = allKeyboards(rules, run);
     Comparison comparison(run);
     for (qsizetype i = 0; i < keyboards.size() && run.goesOn(); ++i) {
