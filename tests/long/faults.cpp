@@ -23,6 +23,7 @@
 
 #include <array>
 #include <csignal>
+#include <functional>
 #include <memory>
 #include <random>
 #include <sys/socket.h>
@@ -30,6 +31,8 @@
 namespace {
 
 constexpr int stopMs = 2000;
+constexpr int longestStartMs = 150; // until the window is there, about
+constexpr int startStepMs = 30;
 constexpr int keyboardEveryMs = 50;
 constexpr int newKeyboards = 40;
 constexpr int strokes = 40;
@@ -112,6 +115,7 @@ public:
     void suffer(const char* word, Fault fault);
     void serverIsStopped();
     void serverIsKilled();
+    void serverIsKilledDuringTheStart();
     void keyboardsComeFast();
     void targetsGoBetweenPressAndRelease();
     void thereAreNoFonts();
@@ -121,6 +125,7 @@ public:
     void xTestIsAbsent();
     void xkbIsAbsent();
     void clientIsUntrusted();
+    void clientIsTrusted();
     void tableIsHostile();
     void geometriesAreHostile();
 
@@ -128,11 +133,14 @@ public:
 
 private:
     void useProgram(const char* file);
+    void useCookie(const char* kind, const std::function<void()>& action);
     void useBadTool(const ToolRow& row, const QTemporaryDir& directory);
     void showGeometry(qsizetype index, const HostileXkbData& data);
     bool choose(int entry, const QString& directory);
     void verifyShownOrRefused(const QStringList& arguments, double share = pictureShare);
     bool start(const QStringList& arguments = {"--tofocus"});
+    void pressSomewhere();
+    void releaseButton();
     void strikeKeys();
     bool isDrawn(double share) const;
     void verifyAnswers(double share = pictureShare);
@@ -231,15 +239,18 @@ void Faults::verifyEnds(bool mayBeZero)
     verifyNoFailure();
 }
 
+// With a key down; the button goes up when the server goes on.
 void Faults::serverIsStopped()
 {
     if (!start())
         return;
+    pressSomewhere();
     const pid_t process = serverOf(connection.get());
     kill(process, SIGSTOP);
     if (program->waitForEnd(stopMs))
         broken(QStringLiteral("ends while the server is stopped"));
     kill(process, SIGCONT);
+    releaseButton();
     verifyAnswers();
 }
 
@@ -267,6 +278,22 @@ void Faults::keyboardsComeFast()
     verifyAnswers();
 }
 
+void Faults::serverIsKilledDuringTheStart()
+{
+    for (int delay = 0; delay <= longestStartMs; delay += startStepMs) {
+        connection.reset();
+        server = std::make_unique<PrivateServer>();
+        connection = openDisplay(server->display());
+        useProgram(KBD_PROGRAM);
+        program->start({"--tofocus"});
+        program->waitForEnd(delay);
+        const pid_t process = serverOf(connection.get());
+        connection.reset(); // the end of the server would end this process too
+        kill(process, SIGKILL);
+        verifyEnds(false);
+    }
+}
+
 // In the upper two thirds, which are the picture.
 QPoint Faults::somewhereIn(Window where, double widthShare)
 {
@@ -279,6 +306,20 @@ QPoint Faults::somewhereIn(Window where, double widthShare)
     return {area.x + below(width), area.y + below(area.height * 2 / 3)};
 }
 
+void Faults::pressSomewhere()
+{
+    const QPoint place = somewhereIn(window);
+    XTestFakeMotionEvent(connection.get(), -1, place.x(), place.y(), CurrentTime);
+    XTestFakeButtonEvent(connection.get(), 1, x11::xTrue, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
+}
+
+void Faults::releaseButton()
+{
+    XTestFakeButtonEvent(connection.get(), 1, x11::xFalse, CurrentTime);
+    XSync(connection.get(), x11::xFalse);
+}
+
 void Faults::targetsGoBetweenPressAndRelease()
 {
     if (!start())
@@ -287,15 +328,11 @@ void Faults::targetsGoBetweenPressAndRelease()
         auto target = std::make_unique<KeyTargetProcess>(server->display(), QRect(0, 0, 100, 60));
         if (!target->waitForReady())
             return broken(QStringLiteral("a target does not start"));
-        const QPoint place = somewhereIn(window);
-        XTestFakeMotionEvent(connection.get(), -1, place.x(), place.y(), CurrentTime);
-        XTestFakeButtonEvent(connection.get(), 1, x11::xTrue, CurrentTime);
-        XSync(connection.get(), x11::xFalse);
+        pressSomewhere();
         if (i % 2 == 0) // a key goes down there, unless it is a modifier's or none
             target->waitForKeys(1, keyboardEveryMs);
         target.reset();
-        XTestFakeButtonEvent(connection.get(), 1, x11::xFalse, CurrentTime);
-        XSync(connection.get(), x11::xFalse);
+        releaseButton();
     }
     verifyAnswers();
 }
@@ -312,9 +349,14 @@ void Faults::thereAreNoFonts()
         verifyAnswers();
 }
 
-// The directories of the user are no directories, and every write fails as on a full disk.
+// The directories of the user are no directories, and what the program says goes to a full disk.
 void Faults::nothingCanBeWritten()
 {
+    const QTemporaryDir directory;
+    const QString script = directory.filePath(QStringLiteral("program"));
+    if (!write(script, "#!/bin/sh\nexec " KBD_PROGRAM " \"$@\" >/dev/full 2>&1\n"))
+        return broken(QStringLiteral("no script"));
+    useProgram(script.toLocal8Bit().constData());
     for (const char* variable :
         {"HOME", "TMPDIR", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
         program->setVariable(QLatin1StringView(variable), QStringLiteral("/dev/full"));
@@ -328,7 +370,7 @@ void Faults::useBadTool(const ToolRow& row, const QTemporaryDir& directory)
     ++suffered;
     current = QStringLiteral("setxkbmap ") + QLatin1StringView(row.word);
     if (!write(directory.filePath(QStringLiteral("setxkbmap")),
-            QByteArray("#!/bin/sh\n") + row.script + '\n'))
+            QByteArray("#!/bin/sh\n: >\"$0.ran\"\n") + row.script + '\n'))
         broken(QStringLiteral("no tool"));
     program->setVariable(
         QStringLiteral("PATH"), directory.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
@@ -361,7 +403,9 @@ void Faults::toolsLieAtAChoice()
             return broken(QStringLiteral("no tool"));
         if (!write(directory.filePath(QLatin1StringView(tableFile)), "Any\tany.png\tpc105\tfr\n"))
             broken(QStringLiteral("no table"));
-        choose(0, directory.path());
+        if (!choose(0, directory.path())
+            || !QFile::exists(directory.filePath(QStringLiteral("setxkbmap.ran"))))
+            broken(QStringLiteral("is not asked at a choice"));
     }
 }
 
@@ -390,6 +434,7 @@ void Faults::tableIsHostile()
         table += QByteArray(line) + '\n';
     table += "Long\tlong.png\tpc105\t" + QByteArray(tooLong, 'x') + '\n';
     table += "Groups\tgroups.png\tpc105\t" + QByteArray("us,").repeated(manyGroups) + "us\n";
+    const auto entries = static_cast<int>(table.count('\n'));
     const QTemporaryDir directory;
     if (!write(directory.filePath(QLatin1StringView(tableFile)), table))
         broken(QStringLiteral("no table"));
@@ -398,7 +443,7 @@ void Faults::tableIsHostile()
         ++suffered;
         useProgram(KBD_CHOOSING_PROGRAM);
     } while (choose(entry++, directory.path()) && run.goesOn());
-    if (run.goesOn() && entry <= static_cast<int>(hostileLines.size()))
+    if (run.goesOn() && entry <= entries)
         broken(QStringLiteral("only %1 entries in the list").arg(entry - 1));
 }
 
@@ -407,8 +452,7 @@ void Faults::xTestIsAbsent()
     const XProxy proxy(server->display(), hidingExtension("XTEST"));
     program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), proxy.display());
     program->setVariable(QStringLiteral("QT_XCB_NO_MITSHM"), QStringLiteral("1"));
-    if (start())
-        verifyAnswers();
+    targetsGoBetweenPressAndRelease();
     program.reset();
 }
 
@@ -421,29 +465,47 @@ void Faults::xkbIsAbsent()
     program.reset();
 }
 
-// As "ssh -X" has it: a cookie by which the server tells clients apart that it does not trust.
+// As "ssh -X" has it.
 void Faults::clientIsUntrusted()
 {
+    useCookie("untrusted", [this] {
+        for (const char* mode : {"--tofocus", "--standalone"})
+            verifyShownOrRefused({QLatin1StringView(mode)});
+    });
+}
+
+// As "ssh -Y" has it.
+void Faults::clientIsTrusted()
+{
+    useCookie("trusted", [this] { targetsGoBetweenPressAndRelease(); });
+}
+
+// Does it with a program that has a cookie of this kind, by which the server tells clients apart
+// that it does not trust.
+void Faults::useCookie(const char* kind, const std::function<void()>& action)
+{
     const QTemporaryDir directory;
-    const QString trusted = directory.filePath(QStringLiteral("trusted"));
-    const QString untrusted = directory.filePath(QStringLiteral("untrusted"));
+    const QString own = directory.filePath(QStringLiteral("own"));
+    const QString given = directory.filePath(QStringLiteral("given"));
     const auto xauth = [](const QStringList& arguments, const QByteArray& display) {
         return runTool(QStringLiteral("xauth"), arguments, display).status == 0;
     };
     const QStringList cookie{".", QString::fromLatin1(QByteArray(16, '7').toHex())};
-    bool isReady = xauth(QStringList{"-f", trusted, "add", ":0"} + cookie, {});
-    const PrivateServer guarded({"-auth", trusted});
-    const QString name = QString::fromLatin1(guarded.display());
-    isReady = isReady && xauth(QStringList{"-f", trusted, "add", name} + cookie, {});
-    qputenv("XAUTHORITY", trusted.toLocal8Bit());
-    connection = openDisplay(guarded.display());
+    bool isReady = xauth(QStringList{"-f", own, "add", ":0"} + cookie, {});
+    connection.reset();
+    server = std::make_unique<PrivateServer>(QStringList{"-auth", own});
+    const QString name = QString::fromLatin1(server->display());
+    isReady = isReady && xauth(QStringList{"-f", own, "add", name} + cookie, {});
+    qputenv("XAUTHORITY", own.toLocal8Bit());
+    connection = openDisplay(server->display());
     isReady = isReady && connection
-        && xauth({"-f", untrusted, "generate", name, ".", "untrusted"}, guarded.display());
-    if (!isReady)
-        return broken(QStringLiteral("no cookie"));
-    program = std::make_unique<ProgramRun>(QStringLiteral(KBD_PROGRAM), guarded.display());
-    program->setVariable(QStringLiteral("XAUTHORITY"), untrusted);
-    verifyShownOrRefused({"--tofocus"});
+        && xauth({"-f", given, "generate", name, ".", kind}, server->display());
+    useProgram(KBD_PROGRAM);
+    program->setVariable(QStringLiteral("XAUTHORITY"), given);
+    if (isReady)
+        action();
+    else
+        broken(QStringLiteral("no cookie"));
     program.reset();
     connection.reset();
     qunsetenv("XAUTHORITY");
@@ -512,9 +574,10 @@ struct FaultRow {
     Faults::Fault fault;
 };
 
-constexpr std::array<FaultRow, 13> rows{{
+constexpr std::array<FaultRow, 15> rows{{
     {"server stopped", &Faults::serverIsStopped},
     {"server killed", &Faults::serverIsKilled},
+    {"server killed during the start", &Faults::serverIsKilledDuringTheStart},
     {"a keyboard every 50 ms", &Faults::keyboardsComeFast},
     {"targets that go", &Faults::targetsGoBetweenPressAndRelease},
     {"no fonts", &Faults::thereAreNoFonts},
@@ -524,6 +587,7 @@ constexpr std::array<FaultRow, 13> rows{{
     {"no XTEST", &Faults::xTestIsAbsent},
     {"no XKB", &Faults::xkbIsAbsent},
     {"untrusted", &Faults::clientIsUntrusted},
+    {"trusted", &Faults::clientIsTrusted},
     {"a hostile table", &Faults::tableIsHostile},
     {"hostile geometries", &Faults::geometriesAreHostile},
 }};
