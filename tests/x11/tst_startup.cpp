@@ -22,9 +22,12 @@
 #include <QStandardPaths>
 
 #include <array>
+#include <atomic>
 #include <csignal>
+#include <cstring>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <sys/inotify.h>
 #include <unistd.h>
 
@@ -176,6 +179,21 @@ XkbComponentNamesRec recordOf(QByteArrayList& names)
     return {nullptr, text(0), text(1), text(2), text(3), text(4)};
 }
 
+// The cursor that a ChangeWindowAttributes gives a window as its pointer; nothing for other
+// requests (X protocol, encoding of the requests: the code, the length, the window, a mask of the
+// attributes, and their values).
+std::optional<quint32> pointerSetBy(const QByteArray& request)
+{
+    constexpr char changeWindowAttributes = 2;
+    constexpr qsizetype maskAt = 8;
+    std::array<quint32, 2> maskAndValue{};
+    if (request.size() < maskAt + qsizetype(sizeof maskAndValue)
+        || request.at(0) != changeWindowAttributes)
+        return std::nullopt;
+    std::memcpy(maskAndValue.data(), request.constData() + maskAt, sizeof maskAndValue);
+    return maskAndValue[0] == CWCursor ? std::optional(maskAndValue[1]) : std::nullopt;
+}
+
 // What the switcher is told in any case.
 QStringList commonArguments(const QString& window)
 {
@@ -237,6 +255,7 @@ private slots:
     void aLayoutThatCannotBeHadEndsTheProgram();
     void aLayoutThatTheServerDoesNotKnowEndsTheProgramByName();
     void theTableIsReadOnce();
+    void aLateSetxkbmapAtAChoiceIsWaitedForWithABusyPointer();
 
     void setxkbmapIsAskedForTheSettings_data();
     void setxkbmapIsAskedForTheSettings();
@@ -773,6 +792,47 @@ void StartupTest::theTableIsReadOnce()
 
     runsAndEnds(*run);
     QCOMPARE(table.count(), 1);
+}
+
+// At the choice the tool is late until the pointer over the window has changed, so that without a
+// busy pointer it would never answer.
+void StartupTest::aLateSetxkbmapAtAChoiceIsWaitedForWithABusyPointer()
+{
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), twoKeyboards));
+    const WorkingDirectory here(directory.path());
+    const FakeSetxkbmap tool("case \"$*\" in *'-layout de'*)\n: > \"$here/asked\"\n"
+                             "until [ -e \"$here/busy\" ]; do sleep 0.1; done;; esac\n"
+                             "exec \"$real\" \"$@\"\n");
+    const QString asked = tool.filePath("asked");
+    const QString busy = tool.filePath("busy");
+    quint32 usual = x11::none; // of the proxy's thread
+    std::atomic<bool> isUsualAgain = false;
+    const auto followPointer = [&](const QByteArray& request) {
+        const auto pointer = pointerSetBy(request);
+        if (pointer && !QFile::exists(asked))
+            usual = *pointer;
+        else if (pointer && *pointer != usual)
+            writeFile(busy, {});
+        else if (pointer)
+            isUsualAgain = QFile::exists(busy);
+    };
+    const XProxy proxy(display(), {{}, followPointer});
+    ProgramRun run(KBD_PROGRAM, proxy.display());
+    run.setVariable("PATH", tool.searchPath());
+    run.setVariable("QT_XCB_NO_MITSHM", "1"); // the proxy passes no shared memory on
+    run.setWorkingDirectory(directory.path());
+    run.start({"--standalone", "--tofocus", "-model", "pc105", "-layout", "us"});
+    const Window window = run.waitForWindow(connection.get());
+    QVERIFY2(window != x11::none, run.errors().constData());
+
+    QVERIFY(chooseLastLayout(run, placeOfSelector(window), [&] { return QFile::exists(busy); }));
+
+    QTRY_VERIFY(isUsualAgain);
+    QTRY_COMPARE(run.errors(), waitingLine);
+    ::kill(static_cast<pid_t>(run.processId()), SIGTERM);
+    QVERIFY(run.waitForEnd());
+    QCOMPARE(run.exitStatus(), 0);
 }
 
 void StartupTest::setxkbmapIsAskedForTheSettings_data()
