@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kilobytesInMegabyte = 1024;
 constexpr double mostOwnMemory = 20; // megabytes, over those of the start
-constexpr int choices = 60;
+constexpr int choices = 600;
 
 // What this process holds that is no file's, in megabytes (proc(5), "RssAnon").
 double ownMemory()
