@@ -149,6 +149,7 @@ struct SpecListModel::Utf8Settings {
         , model(keyboard.model.toUtf8())
         , layout(keyboard.layout.toUtf8())
         , variant(keyboard.variant.toUtf8())
+        , mark(SpecRows::markOf(model, layout))
     {
     }
 
@@ -156,6 +157,7 @@ struct SpecListModel::Utf8Settings {
     QByteArray model;
     QByteArray layout;
     QByteArray variant;
+    quint32 mark;
 };
 
 int SpecListModel::find(const KeyboardSettings& settings) const
@@ -267,6 +269,8 @@ bool SpecListModel::describes(int index, const Utf8Settings& keyboard) const
     const qsizetype row = rowAt(index);
     if (const auto spec = specs.find(row); spec != specs.end())
         return hasKeyboard(*spec->second, keyboard.settings);
+    if (rows.markAt(row) != keyboard.mark)
+        return false;
     const SpecFields fields = rows.fieldsAt(row);
     return fields.layout == keyboard.layout && fields.variant == keyboard.variant
         && fields.model == keyboard.model;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -64,15 +65,34 @@ QByteArrayView lineAt(const QByteArray& text, qsizetype start)
     return QByteArrayView(text).sliced(start, (end < 0 ? text.size() : end) - start);
 }
 
-bool isKeyboardLine(QByteArrayView line)
+// Where it is, or the end of the line.
+qsizetype tabFrom(QByteArrayView line, qsizetype start)
+{
+    const char* const from = line.data() + start;
+    const void* const tab = std::memchr(from, '\t', static_cast<std::size_t>(line.size() - start));
+    return tab ? static_cast<const char*>(tab) - line.data() : line.size();
+}
+
+// From the model on to the end of the layout, with the tab between them; nothing for a line that
+// describes no keyboard.
+std::optional<QByteArrayView> modelAndLayout(QByteArrayView line)
 {
     if (line.isEmpty() || line.front() == '#')
-        return false;
-    std::size_t fields = 1;
-    for (qsizetype tab = line.indexOf('\t'); tab >= 0 && fields < fewestFields;
-        tab = line.indexOf('\t', tab + 1))
-        ++fields;
-    return fields == fewestFields;
+        return std::nullopt;
+    std::array<qsizetype, fewestFields> starts{};
+    for (std::size_t field = 1; field < fewestFields; ++field) {
+        const qsizetype tab = tabFrom(line, starts[field - 1]);
+        if (tab == line.size())
+            return std::nullopt;
+        starts[field] = tab + 1;
+    }
+    const qsizetype model = starts[fewestFields - 2];
+    return line.sliced(model, tabFrom(line, starts.back()) - model);
+}
+
+quint32 hashOf(QByteArrayView text)
+{
+    return static_cast<quint32>(qHash(text));
 }
 
 } // namespace
@@ -83,10 +103,17 @@ SpecRows::SpecRows(QByteArray tableText)
     for (qsizetype start = 0; start < text.size();) {
         const QByteArrayView whole = lineAt(text, start);
         const qsizetype space = spaceBefore(whole);
-        if (isKeyboardLine(whole.sliced(space)))
+        if (const auto keyboard = modelAndLayout(whole.sliced(space))) {
             starts.append(start + space);
+            marks.append(hashOf(*keyboard));
+        }
         start += whole.size() + 1;
     }
+}
+
+quint32 SpecRows::markOf(QByteArrayView model, QByteArrayView layout)
+{
+    return hashOf(model.toByteArray().append('\t').append(layout));
 }
 
 SpecFields SpecRows::fieldsAt(qsizetype row) const

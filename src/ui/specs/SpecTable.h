@@ -44,9 +44,15 @@ public:
 
     QList<SpecRow> all() const;
 
+    // A number that all rows of this model and layout have, and hardly another: what is looked for
+    // in a long table is found without taking each line apart. Both are in UTF-8.
+    static quint32 markOf(QByteArrayView model, QByteArrayView layout);
+    quint32 markAt(qsizetype row) const { return marks.at(row); }
+
 private:
     QByteArray text; // in UTF-8
     QList<qsizetype> starts; // of the lines in the text
+    QList<quint32> marks; // of the same lines
 };
 
 // The file kbdSpecs.tab: UTF-8 text, one keyboard per line, its fields separated by single tabs.
