@@ -96,14 +96,21 @@ bool Chaos::start()
 {
     const bool isShown = program.start(option, {"-layout", "us"}, [this] { killOne(); });
     if (!isShown) {
-        run.broken(QStringLiteral("the program does not start"));
+        doesNotStart(QStringLiteral("the program does not start"));
         return false;
     }
     target = std::make_unique<KeyTargetProcess>(name);
     const bool isReady = target->waitForReady();
     if (!isReady)
-        run.broken(QStringLiteral("no focus for a target"));
+        doesNotStart(QStringLiteral("no focus for a target"));
     return isReady;
+}
+
+// A window manager that crashes takes windows and focus with it.
+void Chaos::doesNotStart(const QString& what)
+{
+    if (x11::hasWindowManager(display))
+        run.broken(what);
 }
 
 // With a key down, if there is one at that place.
@@ -134,7 +141,7 @@ std::optional<WindowImage> Chaos::pictureOf(ProgramRun& victim)
     const auto hasPicture = [&] { return (shown = grabWindow(display, window)).has_value(); };
     if (window == x11::none || !waitUntil(hasPicture)) {
         const char* const state = victim.isRunning() ? "runs" : "has ended";
-        run.broken(QStringLiteral("the program that is to be killed %1 without a window: %2")
+        doesNotStart(QStringLiteral("the program that is to be killed %1 without a window: %2")
                 .arg(QLatin1StringView(state), QString::fromLocal8Bit(victim.errors())));
     }
     return shown;

@@ -47,6 +47,7 @@ private:
     static const std::array<Row, 17> rows;
 
     bool start();
+    void doesNotStart(const QString& what);
     void goOn();
     void killOne();
     std::optional<WindowImage> pictureOf(ProgramRun& victim);

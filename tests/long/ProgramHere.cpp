@@ -6,6 +6,7 @@
 #include "harness/XTools.h"
 #include "ui/MainWindow.h"
 #include "x11/Property.h"
+#include "x11/Queries.h"
 #include "x11/X11.h"
 
 #include <QWindow>
@@ -15,9 +16,11 @@ namespace {
 // Whether the window manager, if there is one, has noticed that every window has gone. The server
 // gives the next program the same window identifiers again, and what a late manager still does to
 // the old window would happen to the new one: mapped and reparented in between, that is lost to it.
+// One that has crashed leaves its list behind.
 bool managesNothing(Display* display)
 {
-    return x11::property(display, XDefaultRootWindow(display), "_NET_CLIENT_LIST").numbers.empty();
+    return !x11::hasWindowManager(display)
+        || x11::property(display, XDefaultRootWindow(display), "_NET_CLIENT_LIST").numbers.empty();
 }
 
 } // namespace

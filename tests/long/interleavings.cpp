@@ -8,11 +8,14 @@
 #include "harness/WindowManager.h"
 #include "tests/long/Chaos.h"
 #include "tests/long/LongRun.h"
+#include "x11/Queries.h"
 #include "x11/X11.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <memory>
 
 namespace {
 
@@ -41,16 +44,24 @@ private:
 QStringList liveOn(Display* display, Hands& hands, const QByteArray& option, LongRun& run)
 {
     const ManagerSettings settings(run);
-    const WindowManager manager("openbox", XDisplayString(display));
+    std::unique_ptr<WindowManager> manager;
+    int managers = 0;
     Chaos chaos(display, hands, run);
-    while (run.goesOn() && chaos.actions() < actionsInEachMode)
+    while (run.goesOn() && chaos.actions() < actionsInEachMode) {
+        if (!x11::hasWindowManager(display)) { // at the beginning, or openbox has crashed
+            manager.reset();
+            manager = std::make_unique<WindowManager>("openbox", XDisplayString(display));
+            ++managers;
+        }
         chaos.live(option);
+    }
     const QString devices = hands.fingers() > 0 ? QStringLiteral("touches and real devices")
                                                 : QStringLiteral("XTest's devices");
     return {QStringLiteral("%1 actions with %2 and %3")
                 .arg(chaos.actions())
                 .arg(QString::fromLatin1(option), devices),
         QStringLiteral("%1 looks").arg(chaos.looks()),
+        QStringLiteral("%1 starts of the window manager").arg(managers),
         QStringLiteral("%1 programs killed that held a key").arg(chaos.kills())};
 }
 

@@ -801,9 +801,10 @@ void StartupTest::aLateSetxkbmapAtAChoiceIsWaitedForWithABusyPointer()
     const QTemporaryDir directory;
     QVERIFY(writeFile(directory.filePath("kbdSpecs.tab"), twoKeyboards));
     const WorkingDirectory here(directory.path());
-    const FakeSetxkbmap tool("case \"$*\" in *'-layout de'*)\n: > \"$here/asked\"\n"
-                             "until [ -e \"$here/busy\" ]; do sleep 0.1; done;; esac\n"
-                             "exec \"$real\" \"$@\"\n");
+    const FakeSetxkbmap tool(
+        "case \"$*\" in *'-layout de'*)\n: > \"$here/asked\"\n"
+        "until [ -e \"$here/busy\" ] || [ ! -e \"$here\" ]; do sleep 0.1; done;; esac\n"
+        "exec \"$real\" \"$@\"\n");
     const QString asked = tool.filePath("asked");
     const QString busy = tool.filePath("busy");
     quint32 usual = x11::none; // of the proxy's thread
