@@ -136,7 +136,7 @@ QString Clicks::fault(const Pair& pair, int count)
     TextTarget target(pair.target.kind, display, program.window().winId());
     if (!target.waitForReady())
         return QStringLiteral("the target does not get the focus");
-    const QString found = clickInto(program.picture(), target, count);
+    QString found = clickInto(program.picture(), target, count);
     manager->resume();
     isManagerLate = false;
     if (!found.isEmpty())

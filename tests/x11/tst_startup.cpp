@@ -126,36 +126,36 @@ private:
 class OpeningCounter {
 public:
     explicit OpeningCounter(const QString& path)
-        : m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
-        , m_watches(inotify_add_watch(
-                        m_descriptor, QFile::encodeName(path).constData(), IN_OPEN | IN_CLOSE)
+        : descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+        , watches(
+              inotify_add_watch(descriptor, QFile::encodeName(path).constData(), IN_OPEN | IN_CLOSE)
               >= 0)
     {
     }
-    ~OpeningCounter() { close(m_descriptor); }
+    ~OpeningCounter() { close(descriptor); }
     Q_DISABLE_COPY_MOVE(OpeningCounter)
 
-    bool isWatching() const { return m_watches; }
+    bool isWatching() const { return watches; }
 
     // The kernel reports equal events that follow each other as one: closing parts the openings.
     int count()
     {
         alignas(inotify_event) std::array<char, 4096> events{};
         ssize_t size = 0;
-        while ((size = read(m_descriptor, events.data(), events.size())) > 0) {
+        while ((size = read(descriptor, events.data(), events.size())) > 0) {
             for (ssize_t at = 0; at < size;) {
                 const auto* event = reinterpret_cast<const inotify_event*>(events.data() + at);
-                m_openings += event->mask & IN_OPEN ? 1 : 0;
+                openings += event->mask & IN_OPEN ? 1 : 0;
                 at += static_cast<ssize_t>(sizeof(inotify_event)) + event->len;
             }
         }
-        return m_openings;
+        return openings;
     }
 
 private:
-    int m_descriptor;
-    bool m_watches;
-    int m_openings = 0;
+    int descriptor;
+    bool watches;
+    int openings = 0;
 };
 
 // A table for the program's working directory. The last entry is at the bottom of the list.
